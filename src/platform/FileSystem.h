@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace norvane {
+
+/// The files that the program keeps beside its database. Paths are native.
+///
+/// A file is written whole or not at all: to a temporary file beside it, synced, then renamed.
+/// Files are made for the user alone.
+class FileSystem
+{
+public:
+    virtual ~FileSystem();
+
+    /// True for files and for folders.
+    virtual bool exists(const QString &path) const = 0;
+    /// Raises 53 when the file is not there, 75 when it cannot be read.
+    virtual QByteArray read(const QString &path) const = 0;
+    /// Raises 76, 75 or 3026 (disk full); the old file is then as it was.
+    virtual void write(const QString &path, const QByteArray &bytes) = 0;
+    /// Makes one folder; parents are not made. Raises 76 or 75.
+    virtual void makeFolder(const QString &path) = 0;
+    /// Raises 53 or 75.
+    virtual void remove(const QString &path) = 0;
+};
+
+} // namespace norvane

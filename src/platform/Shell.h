@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+
+namespace norvane {
+
+/// What the desktop does with files, folders and addresses.
+class Shell
+{
+public:
+    virtual ~Shell();
+
+    /// Result codes of open(): values above kShellLastError are success.
+    enum OpenResult {
+        kOutOfMemory = 0,
+        kFileNotFound = 2,
+        kPathNotFound = 3,
+        kAccessDenied = 5,
+        kBadExecutable = 11,
+        kSharingViolation = 26,
+        kAssociationIncomplete = 27,
+        kTimeOut = 28,
+        kTransactionFailed = 29,
+        kBusy = 30,
+        kNoAssociation = 31,
+        kLibraryNotFound = 32,
+        kShellLastError = 32,
+        kOpened = 33,
+    };
+    /// Opens a document, folder, program or address with its program; does not wait for it.
+    virtual int open(const QString &location) = 0;
+
+    /// The type of a path or address by its text alone ("Plain text document", "XYZ File", "File",
+    /// "Application"; a folder told as such by its text: "File Folder"). Touches no disk. Empty
+    /// when nothing can be told.
+    virtual QString typeName(const QString &path) const = 0;
+
+    /// The folder that the program keeps its data in; native, no separator at the end.
+    virtual QString programFolder() const = 0;
+};
+
+} // namespace norvane

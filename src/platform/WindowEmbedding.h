@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/WindowHandle.h"
+
+#include <QObject>
+#include <QRect>
+
+namespace norvane {
+
+/// Puts windows of our own into windows of other programs.
+///
+/// An embedded window follows its target, is clipped to its rectangle, is stacked and minimised
+/// with it, keeps to its workspace, and never shows in a task bar. Positions are logical pixels
+/// relative to the target's client area (windowRect() and clientRect() of WindowSystem tell both).
+/// The embedded window stays owned by its creator; its native window never changes.
+class WindowEmbedding : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+    ~WindowEmbedding() override;
+
+    /// Makes @p window a part of @p target; kNoWindow frees it again, hidden where it stands.
+    virtual void setParent(WindowHandle window, WindowHandle target) = 0;
+    /// kNoWindow when the window is not embedded.
+    virtual WindowHandle parentOf(WindowHandle window) const = 0;
+    /// Moves and sizes the window inside its target.
+    virtual void moveWindow(WindowHandle window, const QRect &rect) = 0;
+    /// Where the window is inside its target; the last rectangle given to moveWindow().
+    virtual QRect windowRect(WindowHandle window) const = 0;
+
+signals:
+    /// The target of an embedded window was destroyed. The window has been freed and hidden, and
+    /// is still there; its owner decides what becomes of it.
+    void targetDestroyed(norvane::WindowHandle window);
+};
+
+} // namespace norvane

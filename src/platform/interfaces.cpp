@@ -1,0 +1,42 @@
+// The destructors of the platform interfaces: each interface's one virtual member that is not
+// pure, so that its table of members has one home.
+
+#include "platform/Clock.h"
+#include "platform/EventLoop.h"
+#include "platform/FileSystem.h"
+#include "platform/HotKeys.h"
+#include "platform/Processes.h"
+#include "platform/Prompts.h"
+#include "platform/SettingsStore.h"
+#include "platform/Shell.h"
+#include "platform/ShellWindows.h"
+#include "platform/Sound.h"
+#include "platform/WatchTimer.h"
+#include "platform/WindowEmbedding.h"
+#include "platform/WindowSystem.h"
+#include "platform/dao.h"
+
+namespace norvane {
+
+Clock::~Clock() = default;
+EventLoop::~EventLoop() = default;
+FileSystem::~FileSystem() = default;
+HotKeys::~HotKeys() = default;
+Processes::~Processes() = default;
+Prompts::~Prompts() = default;
+SettingsStore::~SettingsStore() = default;
+Shell::~Shell() = default;
+ShellWindows::~ShellWindows() = default;
+Sound::~Sound() = default;
+WatchTimer::~WatchTimer() = default;
+WindowEmbedding::~WindowEmbedding() = default;
+WindowSystem::~WindowSystem() = default;
+
+namespace dao {
+Database::~Database() = default;
+Engine::~Engine() = default;
+Recordset::~Recordset() = default;
+Workspace::~Workspace() = default;
+} // namespace dao
+
+} // namespace norvane

@@ -1,0 +1,18 @@
+#include "shell/Twips.h"
+
+#include <gtest/gtest.h>
+
+using namespace norvane;
+
+TEST(Twips, DefaultNoteSizeInPixels)
+{
+    const Twips twips(96, 96);
+    EXPECT_EQ(twips.toPixels(QRectF(0, 0, 5100, 3800)), QRect(0, 0, 340, 253));
+}
+
+TEST(Twips, ScalesEachDirectionByItsOwnDpi)
+{
+    const Twips twips(144, 72);
+    EXPECT_EQ(twips.toPixels(QRectF(1440, 1440, 720, 720)), QRect(144, 72, 72, 36));
+    EXPECT_EQ(twips.fromPixels(QRect(144, 72, 72, 36)), QRectF(1440, 1440, 720, 720));
+}
