@@ -22,8 +22,8 @@ public:
 
     /// What is known of a window.
     enum class State {
-        Unknown, ///< a look-up for the window's present caption is under way
-        Known,   ///< text is the answer; it may be empty
+        Unknown, ///< a look-up is under way; it ends with Known, by answer or by time-out
+        Known,   ///< location is the answer for the window's present caption; it may be empty
     };
     struct Answer
     {
@@ -31,7 +31,9 @@ public:
         QString location; ///< a URL ("https://…", "file:///…") or a native folder path
     };
 
-    /// The last known location, without waiting. Starts a look-up for a window not seen before.
+    /// The location without waiting. A window not seen before, or one whose caption is another than
+    /// at its last look-up, is Unknown and its look-up starts: a new caption never comes with an
+    /// old location.
     virtual Answer location(WindowHandle window) = 0;
     /// Asks afresh and waits at most @p timeoutMs; then the last known answer.
     virtual QString freshLocation(WindowHandle window, int timeoutMs) = 0;

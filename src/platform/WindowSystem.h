@@ -46,6 +46,9 @@ public:
     virtual QString className(WindowHandle window) const = 0;
     /// The caption as it is known without asking the program: at most 254 UTF-16 units, cut at NUL.
     virtual QString caption(WindowHandle window) const = 0;
+    /// A caption without what today's programs of this desktop put behind a document's name
+    /// (" — Mozilla Firefox", " - Thunar", …). Never empty for a text that is not empty.
+    virtual QString withoutProgramSuffix(const QString &title) const = 0;
     /// The caption as the program tells it; nullopt when it did not answer within @p timeoutMs.
     virtual std::optional<QString> requestCaption(WindowHandle window, int timeoutMs) const = 0;
     /// Whether the program behind the window answers within @p timeoutMs milliseconds.
