@@ -1,0 +1,328 @@
+#include "XClient.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QThread>
+#include <cstdlib>
+#include <xcb/xcb_keysyms.h>
+#include <xcb/xtest.h>
+
+namespace norvane::test {
+
+bool waitFor(const std::function<bool()> &condition, int timeoutMs)
+{
+    const QDeadlineTimer deadline(timeoutMs);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return condition();
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+        QThread::yieldCurrentThread();
+    }
+    return true;
+}
+
+namespace {
+
+struct Free
+{
+    void operator()(void *reply) const { std::free(reply); }
+};
+template <typename Reply> using Owned = std::unique_ptr<Reply, Free>;
+
+constexpr xcb_keysym_t kShift = 0xffe1;
+
+xcb_keysym_t namedKey(const QString &name)
+{
+    static const QHash<QString, xcb_keysym_t> names{
+        {QStringLiteral("ctrl"), 0xffe3},     {QStringLiteral("alt"), 0xffe9},
+        {QStringLiteral("shift"), kShift},    {QStringLiteral("Return"), 0xff0d},
+        {QStringLiteral("Escape"), 0xff1b},   {QStringLiteral("Tab"), 0xff09},
+        {QStringLiteral("Left"), 0xff51},     {QStringLiteral("Up"), 0xff52},
+        {QStringLiteral("Right"), 0xff53},    {QStringLiteral("Down"), 0xff54},
+        {QStringLiteral("End"), 0xff57},      {QStringLiteral("Home"), 0xff50},
+        {QStringLiteral("BackSpace"), 0xff08}};
+    const auto found = names.find(name);
+    return found != names.end() ? *found : static_cast<xcb_keysym_t>(name.at(0).unicode());
+}
+
+} // namespace
+
+struct XClient::Connection
+{
+    xcb_connection_t *c = nullptr;
+    xcb_window_t root = 0;
+    QRect screen;
+    xcb_key_symbols_t *symbols = nullptr;
+
+    xcb_atom_t atom(const char *name) const
+    {
+        const QByteArray text(name);
+        const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+            c, xcb_intern_atom(c, 0, static_cast<uint16_t>(text.size()), text.constData()), nullptr));
+        return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+    }
+
+    QByteArray property(xcb_window_t window, xcb_atom_t name) const
+    {
+        const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+            c, xcb_get_property(c, 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, 1 << 16), nullptr));
+        if (!reply)
+            return {};
+        return QByteArray(static_cast<const char *>(xcb_get_property_value(reply.get())),
+                          xcb_get_property_value_length(reply.get()));
+    }
+
+    QVector<uint32_t> numbers(xcb_window_t window, const char *name) const
+    {
+        const QByteArray bytes = property(window, atom(name));
+        QVector<uint32_t> result(bytes.size() / 4);
+        memcpy(result.data(), bytes.constData(), static_cast<size_t>(result.size()) * 4);
+        return result;
+    }
+
+    void tellRoot(xcb_window_t window, const char *type, const QVector<uint32_t> &data) const
+    {
+        xcb_client_message_event_t event{};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 32;
+        event.window = window;
+        event.type = atom(type);
+        for (int i = 0; i < data.size() && i < 5; ++i)
+            event.data.data32[i] = data[i];
+        xcb_send_event(c, 0, root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                       reinterpret_cast<const char *>(&event));
+        xcb_flush(c);
+    }
+
+    void fake(uint8_t type, uint8_t detail, const QPoint &position = {}) const
+    {
+        xcb_test_fake_input(c, type, detail, XCB_CURRENT_TIME, root, static_cast<int16_t>(position.x()),
+                            static_cast<int16_t>(position.y()), 0);
+        // A round trip, so that one thing has happened before the next begins.
+        std::free(xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
+    }
+
+    /// Key code of a keysym and whether Shift is needed for it.
+    std::pair<xcb_keycode_t, bool> keyOf(xcb_keysym_t symbol) const
+    {
+        const Owned<xcb_keycode_t> codes(xcb_key_symbols_get_keycode(symbols, symbol));
+        if (!codes || codes.get()[0] == XCB_NO_SYMBOL)
+            return {0, false};
+        const xcb_keycode_t code = codes.get()[0];
+        return {code, xcb_key_symbols_get_keysym(symbols, code, 0) != symbol};
+    }
+};
+
+XClient::XClient(const QString &display) : m_x(std::make_unique<Connection>())
+{
+    m_x->c = xcb_connect(display.toLatin1().constData(), nullptr);
+    if (xcb_connection_has_error(m_x->c) != 0)
+        return;
+    const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(m_x->c)).data;
+    m_x->root = screen->root;
+    m_x->screen = QRect(0, 0, screen->width_in_pixels, screen->height_in_pixels);
+    m_x->symbols = xcb_key_symbols_alloc(m_x->c);
+}
+
+XClient::~XClient()
+{
+    if (m_x->symbols != nullptr)
+        xcb_key_symbols_free(m_x->symbols);
+    xcb_disconnect(m_x->c);
+}
+
+bool XClient::isConnected() const
+{
+    return xcb_connection_has_error(m_x->c) == 0;
+}
+
+bool XClient::hasWindowManager() const
+{
+    return !m_x->numbers(m_x->root, "_NET_SUPPORTING_WM_CHECK").isEmpty();
+}
+
+QVector<xcb_window_t> XClient::clients() const
+{
+    return m_x->numbers(m_x->root, "_NET_CLIENT_LIST");
+}
+
+QVector<xcb_window_t> XClient::stacking() const
+{
+    return m_x->numbers(m_x->root, "_NET_CLIENT_LIST_STACKING");
+}
+
+xcb_window_t XClient::findClient(const QString &part, const QString &wmClass) const
+{
+    const QVector<xcb_window_t> all = clients();
+    for (const xcb_window_t window : all) {
+        if (title(window).contains(part, Qt::CaseInsensitive) &&
+            this->wmClass(window).contains(wmClass, Qt::CaseInsensitive))
+            return window;
+    }
+    return 0;
+}
+
+QVector<xcb_window_t> XClient::clientsOfProcess(qint64 processId) const
+{
+    QVector<xcb_window_t> result;
+    const QVector<xcb_window_t> all = clients();
+    for (const xcb_window_t window : all) {
+        if (this->processId(window) == processId)
+            result.append(window);
+    }
+    return result;
+}
+
+xcb_window_t XClient::activeWindow() const
+{
+    return m_x->numbers(m_x->root, "_NET_ACTIVE_WINDOW").value(0);
+}
+
+QString XClient::title(xcb_window_t window) const
+{
+    const QByteArray name = m_x->property(window, m_x->atom("_NET_WM_NAME"));
+    return QString::fromUtf8(name.isEmpty() ? m_x->property(window, XCB_ATOM_WM_NAME) : name);
+}
+
+QString XClient::wmClass(xcb_window_t window) const
+{
+    return QString::fromLatin1(m_x->property(window, XCB_ATOM_WM_CLASS).replace('\0', ' ')).trimmed();
+}
+
+qint64 XClient::processId(xcb_window_t window) const
+{
+    return m_x->numbers(window, "_NET_WM_PID").value(0);
+}
+
+xcb_window_t XClient::transientFor(xcb_window_t window) const
+{
+    return m_x->numbers(window, "WM_TRANSIENT_FOR").value(0);
+}
+
+QRect XClient::geometry(xcb_window_t window) const
+{
+    const auto size = xcb_get_geometry(m_x->c, window);
+    const auto place = xcb_translate_coordinates(m_x->c, window, m_x->root, 0, 0);
+    const Owned<xcb_get_geometry_reply_t> g(xcb_get_geometry_reply(m_x->c, size, nullptr));
+    const Owned<xcb_translate_coordinates_reply_t> p(xcb_translate_coordinates_reply(m_x->c, place, nullptr));
+    return g && p ? QRect(p->dst_x, p->dst_y, g->width, g->height) : QRect();
+}
+
+bool XClient::isViewable(xcb_window_t window) const
+{
+    const Owned<xcb_get_window_attributes_reply_t> reply(
+        xcb_get_window_attributes_reply(m_x->c, xcb_get_window_attributes(m_x->c, window), nullptr));
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+bool XClient::exists(xcb_window_t window) const
+{
+    const Owned<xcb_get_window_attributes_reply_t> reply(
+        xcb_get_window_attributes_reply(m_x->c, xcb_get_window_attributes(m_x->c, window), nullptr));
+    return reply != nullptr;
+}
+
+int XClient::desktopOf(xcb_window_t window) const
+{
+    return static_cast<int>(m_x->numbers(window, "_NET_WM_DESKTOP").value(0));
+}
+
+void XClient::activate(xcb_window_t window)
+{
+    m_x->tellRoot(window, "_NET_ACTIVE_WINDOW", {2, 0, 0});
+}
+
+void XClient::minimise(xcb_window_t window)
+{
+    m_x->tellRoot(window, "WM_CHANGE_STATE", {3});
+}
+
+void XClient::closeWindow(xcb_window_t window)
+{
+    m_x->tellRoot(window, "_NET_CLOSE_WINDOW", {0, 2});
+}
+
+void XClient::moveResize(xcb_window_t window, const QRect &rect)
+{
+    m_x->tellRoot(window, "_NET_MOVERESIZE_WINDOW",
+                  {10u | 0xfu << 8 | 2u << 12, static_cast<uint32_t>(rect.x()),
+                   static_cast<uint32_t>(rect.y()), static_cast<uint32_t>(rect.width()),
+                   static_cast<uint32_t>(rect.height())});
+}
+
+void XClient::setMaximised(xcb_window_t window, bool on)
+{
+    m_x->tellRoot(window, "_NET_WM_STATE",
+                  {on ? 1u : 0u, m_x->atom("_NET_WM_STATE_MAXIMIZED_VERT"),
+                   m_x->atom("_NET_WM_STATE_MAXIMIZED_HORZ"), 2});
+}
+
+void XClient::moveToDesktop(xcb_window_t window, int desktop)
+{
+    m_x->tellRoot(window, "_NET_WM_DESKTOP", {static_cast<uint32_t>(desktop), 2});
+}
+
+void XClient::goToDesktop(int desktop)
+{
+    m_x->tellRoot(m_x->root, "_NET_CURRENT_DESKTOP", {static_cast<uint32_t>(desktop), 0});
+}
+
+void XClient::press(const QString &combination)
+{
+    const QStringList names = combination.split(QLatin1Char('+'));
+    for (const QString &name : names)
+        m_x->fake(XCB_KEY_PRESS, m_x->keyOf(namedKey(name)).first);
+    for (auto name = names.rbegin(); name != names.rend(); ++name)
+        m_x->fake(XCB_KEY_RELEASE, m_x->keyOf(namedKey(*name)).first);
+}
+
+void XClient::type(const QString &text)
+{
+    const xcb_keycode_t shift = m_x->keyOf(kShift).first;
+    for (const QChar character : text) {
+        const auto [code, shifted] =
+            m_x->keyOf(character == QLatin1Char('\n') ? 0xff0d : character.unicode());
+        if (shifted)
+            m_x->fake(XCB_KEY_PRESS, shift);
+        m_x->fake(XCB_KEY_PRESS, code);
+        m_x->fake(XCB_KEY_RELEASE, code);
+        if (shifted)
+            m_x->fake(XCB_KEY_RELEASE, shift);
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
+}
+
+void XClient::moveMouse(const QPoint &position)
+{
+    m_x->fake(XCB_MOTION_NOTIFY, 0, position);
+}
+
+void XClient::button(int number, bool down)
+{
+    m_x->fake(down ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, static_cast<uint8_t>(number));
+}
+
+void XClient::click(const QPoint &position, int number)
+{
+    moveMouse(position);
+    button(number, true);
+    button(number, false);
+}
+
+QImage XClient::screenshot() const
+{
+    const QRect screen = m_x->screen;
+    const Owned<xcb_get_image_reply_t> reply(xcb_get_image_reply(
+        m_x->c,
+        xcb_get_image(m_x->c, XCB_IMAGE_FORMAT_Z_PIXMAP, m_x->root, 0, 0,
+                      static_cast<uint16_t>(screen.width()), static_cast<uint16_t>(screen.height()), ~0u),
+        nullptr));
+    if (!reply)
+        return {};
+    const QImage picture(xcb_get_image_data(reply.get()), screen.width(), screen.height(), screen.width() * 4,
+                         QImage::Format_RGB32);
+    return picture.copy();
+}
+
+} // namespace norvane::test

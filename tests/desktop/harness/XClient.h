@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <QVector>
+#include <functional>
+#include <memory>
+#include <xcb/xcb.h>
+
+namespace norvane::test {
+
+/// Runs the event loop until @p condition holds; false when it did not within @p timeoutMs.
+bool waitFor(const std::function<bool()> &condition, int timeoutMs = 20000);
+
+/// What a person does with keyboard, mouse and window manager, and what they see, on one display.
+///
+/// Rectangles are device pixels of the root window.
+class XClient
+{
+public:
+    /// @param display ":7"; the connection lasts as long as the object
+    explicit XClient(const QString &display);
+    ~XClient();
+    XClient(const XClient &) = delete;
+    XClient &operator=(const XClient &) = delete;
+
+    bool isConnected() const;
+    bool hasWindowManager() const;
+
+    /// The window manager's list, oldest first; empty without a window manager.
+    QVector<xcb_window_t> clients() const;
+    /// The same windows from the bottom to the top.
+    QVector<xcb_window_t> stacking() const;
+    /// The first client whose title holds @p part and whose class holds @p wmClass; 0 if none.
+    xcb_window_t findClient(const QString &part, const QString &wmClass = {}) const;
+    QVector<xcb_window_t> clientsOfProcess(qint64 processId) const;
+    xcb_window_t activeWindow() const;
+
+    QString title(xcb_window_t window) const;
+    QString wmClass(xcb_window_t window) const;
+    qint64 processId(xcb_window_t window) const;
+    xcb_window_t transientFor(xcb_window_t window) const;
+    QRect geometry(xcb_window_t window) const;
+    bool isViewable(xcb_window_t window) const;
+    bool exists(xcb_window_t window) const;
+    int desktopOf(xcb_window_t window) const;
+
+    void activate(xcb_window_t window);
+    void minimise(xcb_window_t window);
+    void closeWindow(xcb_window_t window);
+    void moveResize(xcb_window_t window, const QRect &rect);
+    void setMaximised(xcb_window_t window, bool on);
+    void moveToDesktop(xcb_window_t window, int desktop);
+    void goToDesktop(int desktop);
+
+    /// Presses a combination ("ctrl+alt+a", "Return", "alt+Left") and lets it go.
+    void press(const QString &combination);
+    /// Types text of the keyboard's own characters.
+    void type(const QString &text);
+    void moveMouse(const QPoint &position);
+    void button(int number, bool down);
+    void click(const QPoint &position, int number = 1);
+
+    QImage screenshot() const;
+
+private:
+    struct Connection;
+    std::unique_ptr<Connection> m_x;
+};
+
+} // namespace norvane::test
