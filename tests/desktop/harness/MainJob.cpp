@@ -1,0 +1,247 @@
+#include "MainJob.h"
+
+#include <QDir>
+#include <QFile>
+#include <cstdio>
+
+namespace norvane::test {
+
+namespace {
+
+const QString kText = QStringLiteral("Ask Ada about the second draft.");
+
+} // namespace
+
+MainJob::MainJob(VirtualDesktop &desktop, Target &target, QString program, QString pictures)
+    : m_desktop(desktop), m_x(desktop.x()), m_target(target), m_program(std::move(program)),
+      m_pictures(std::move(pictures))
+{
+}
+
+bool MainJob::run()
+{
+    return openTarget() && attachAndType() && leaveAndReturn() && moveAndMinimise() && closeAndReopen() &&
+           detachAndAttach() && endFromTray();
+}
+
+bool MainJob::step(const QString &name, const std::function<bool()> &seen, int timeoutMs)
+{
+    const bool held = waitFor(seen, timeoutMs);
+    const QString line =
+        QStringLiteral("%1 %2: %3\n")
+            .arg(held ? QStringLiteral("ok    ") : QStringLiteral("FAILED"), m_target.name(), name);
+    m_report += line;
+    std::fputs(qPrintable(line), stdout);
+    std::fflush(stdout);
+    if (!held && m_norvane != nullptr)
+        m_report += m_desktop.errorOutput(m_norvane);
+    if (!m_pictures.isEmpty()) {
+        QString file = name;
+        file.replace(QLatin1Char(' '), QLatin1Char('-'));
+        m_x.screenshot().save(QStringLiteral("%1/%2-%3-%4.png")
+                                  .arg(m_pictures, m_target.name(),
+                                       QStringLiteral("%1").arg(++m_step, 2, 10, QLatin1Char('0')), file));
+    }
+    return held;
+}
+
+xcb_window_t MainJob::findTarget(int thing) const
+{
+    return m_x.findClient(m_target.title(thing), m_target.wmClass());
+}
+
+xcb_window_t MainJob::note() const
+{
+    if (m_norvane == nullptr)
+        return 0;
+    const QVector<xcb_window_t> windows = m_x.clientsOfProcess(m_norvane->processId());
+    for (const xcb_window_t window : windows) {
+        if (m_x.transientFor(window) == m_window && m_x.isViewable(window))
+            return window;
+    }
+    return 0;
+}
+
+QRect MainJob::noteInTarget() const
+{
+    return m_x.geometry(note()).translated(-m_x.geometry(m_window).topLeft());
+}
+
+QImage MainJob::notePicture() const
+{
+    return m_x.screenshot().copy(m_x.geometry(note()));
+}
+
+bool MainJob::looksAsBefore() const
+{
+    const QImage now = notePicture();
+    if (now.size() != m_look.size())
+        return false;
+    qint64 different = 0;
+    for (int y = 0; y < now.height(); ++y) {
+        for (int x = 0; x < now.width(); ++x)
+            different += now.pixel(x, y) != m_look.pixel(x, y) ? 1 : 0;
+    }
+    // The text cursor may stand in one picture and not in the other.
+    return different * 200 < static_cast<qint64>(now.width()) * now.height();
+}
+
+bool MainJob::openTarget()
+{
+    m_targetProcess = m_target.start(m_desktop);
+    const bool shown = m_targetProcess != nullptr && step(
+                                                         QStringLiteral("the program opens"),
+                                                         [this] {
+                                                             m_window = findTarget(1);
+                                                             return m_window != 0 && m_x.isViewable(m_window);
+                                                         },
+                                                         60000);
+    if (!shown)
+        return false;
+    m_x.setMaximised(m_window, false);
+    m_x.moveResize(m_window, {40, 30, 960, 660});
+    m_norvane = m_desktop.run(m_program);
+    const QString database = m_desktop.home() + QStringLiteral("/.local/share/norvane/Notes/Norvane.DAT");
+    return m_norvane != nullptr &&
+           step(QStringLiteral("Norvane starts with a new database"),
+                [&] { return QFile::exists(database); }) &&
+           step(QStringLiteral("the window settles"),
+                [this] { return m_x.geometry(m_window).width() > 900; });
+}
+
+bool MainJob::attachAndType()
+{
+    m_x.activate(m_window);
+    if (!step(QStringLiteral("the program has the keyboard"),
+              [this] { return m_x.activeWindow() == m_window; }))
+        return false;
+    // The hot keys are there a moment after the database: a person presses again.
+    int presses = 0;
+    const bool attached = step(QStringLiteral("the hot key attaches a note"), [&] {
+        if (note() == 0 && presses++ % 40 == 0)
+            m_x.press(QStringLiteral("ctrl+alt+a"));
+        return note() != 0;
+    });
+    if (!attached || !step(QStringLiteral("the keyboard stays with the program"),
+                           [this] { return m_x.activeWindow() == m_window; }))
+        return false;
+    m_x.click(m_x.geometry(note()).center());
+    if (!step(QStringLiteral("a click gives the note the keyboard"),
+              [this] { return m_x.activeWindow() == note(); }))
+        return false;
+    const QImage empty = notePicture();
+    m_x.type(kText);
+    const bool typed = step(QStringLiteral("typing shows in the note"), [&] {
+        const QImage now = notePicture();
+        return now.size() == empty.size() && now != empty;
+    });
+    m_x.activate(m_window);
+    return typed && step(QStringLiteral("the program has the keyboard back"), [this] {
+               m_place = noteInTarget();
+               m_look = notePicture();
+               return m_x.activeWindow() == m_window;
+           });
+}
+
+bool MainJob::leaveAndReturn()
+{
+    if (!m_target.noteFollowsThing()) {
+        m_target.show(m_desktop, 2);
+        return step(QStringLiteral("another document keeps the note in one window"),
+                    [this] { return findTarget(2) != 0 && note() != 0; });
+    }
+    m_target.show(m_desktop, 2);
+    if (!step(QStringLiteral("the second place has no note"),
+              [this] { return findTarget(2) == m_window && note() == 0; }))
+        return false;
+    QFile body(m_desktop.home() + QStringLiteral("/.local/share/norvane/Notes/Norvane_00000001"));
+    if (!step(QStringLiteral("the note was saved"),
+              [&] { return body.open(QIODevice::ReadOnly) && body.readAll().contains(kText.toLatin1()); }))
+        return false;
+    m_target.show(m_desktop, 1);
+    return step(QStringLiteral("back at the first place the note is there"),
+                [this] { return note() != 0; }) &&
+           step(QStringLiteral("with its text, place and size"),
+                [this] { return noteInTarget() == m_place && looksAsBefore(); });
+}
+
+bool MainJob::moveAndMinimise()
+{
+    const QPoint before = m_x.geometry(m_window).topLeft();
+    m_x.moveResize(m_window, {240, 150, 960, 660});
+    if (!step(QStringLiteral("the note follows a moved window"),
+              [&] { return m_x.geometry(m_window).topLeft() != before && noteInTarget() == m_place; }))
+        return false;
+    m_x.minimise(m_window);
+    if (!step(QStringLiteral("the note hides with a minimised window"),
+              [this] { return !m_x.isViewable(m_window) && note() == 0; }))
+        return false;
+    m_x.activate(m_window);
+    return step(QStringLiteral("and comes back with it"),
+                [this] { return m_x.isViewable(m_window) && note() != 0 && noteInTarget() == m_place; });
+}
+
+bool MainJob::closeAndReopen()
+{
+    m_x.closeWindow(m_window);
+    if (!step(QStringLiteral("closing the program takes the note along"),
+              [this] { return !m_x.exists(m_window) && note() == 0; }))
+        return false;
+    // A browser may take a moment to leave its profile.
+    if (!waitFor([this] { return m_targetProcess->state() == QProcess::NotRunning; }, 15000))
+        m_desktop.end(m_targetProcess);
+    m_targetProcess = m_target.start(m_desktop);
+    return m_targetProcess != nullptr && step(
+                                             QStringLiteral("opened again the program has its note"),
+                                             [this] {
+                                                 m_window = findTarget(1);
+                                                 return m_window != 0 && note() != 0;
+                                             },
+                                             60000);
+}
+
+bool MainJob::detachAndAttach()
+{
+    m_x.activate(m_window);
+    if (!step(QStringLiteral("the program is in front"), [this] { return m_x.activeWindow() == m_window; }))
+        return false;
+    m_x.press(QStringLiteral("ctrl+alt+d"));
+    if (!step(QStringLiteral("the detach key closes the note"), [this] { return note() == 0; }))
+        return false;
+    if (m_target.noteFollowsThing()) {
+        m_target.show(m_desktop, 2);
+        if (!step(QStringLiteral("the program moves on"), [this] { return findTarget(2) == m_window; }))
+            return false;
+        m_target.show(m_desktop, 1);
+        if (!step(QStringLiteral("and comes back"), [this] { return findTarget(1) == m_window; }))
+            return false;
+    }
+    // Several ticks pass, and nothing opens.
+    if (waitFor([this] { return note() != 0; }, 2500) ||
+        !step(QStringLiteral("the note stays away"), [this] { return note() == 0; }))
+        return false;
+    m_x.press(QStringLiteral("ctrl+alt+a"));
+    return step(QStringLiteral("attaching again brings it back"), [this] { return note() != 0; });
+}
+
+bool MainJob::endFromTray()
+{
+    const xcb_window_t tray = m_x.findClient({}, QStringLiteral("trayer"));
+    if (!step(QStringLiteral("the tray shows an icon"),
+              [&] { return tray != 0 && m_x.geometry(tray).width() > 8; }))
+        return false;
+    const QImage before = m_x.screenshot();
+    m_x.click(m_x.geometry(tray).center(), 3);
+    if (!step(QStringLiteral("the tray menu opens"), [&] { return m_x.screenshot() != before; }))
+        return false;
+    m_x.press(QStringLiteral("Up"));
+    m_x.press(QStringLiteral("Return"));
+    const bool ended = step(QStringLiteral("Exit ends Norvane"),
+                            [this] { return m_norvane->state() == QProcess::NotRunning; });
+    m_desktop.end(m_targetProcess);
+    return ended && step(QStringLiteral("without an error"), [this] {
+               return m_norvane->exitStatus() == QProcess::NormalExit && m_norvane->exitCode() == 0;
+           });
+}
+
+} // namespace norvane::test
