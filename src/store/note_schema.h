@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/dao.h"
+
+namespace norvane {
+
+class FileSystem;
+
+/// Name of the database file in its folder.
+inline constexpr char16_t kDatabaseFileName[] = u"Norvane.DAT";
+
+/// Definition of table Category, in field order.
+dao::TableDef categoryTable();
+
+/// Definition of table Memos, in field order. No field has the ordinal position 21: files of
+/// earlier builds skip it too.
+dao::TableDef memosTable();
+
+/// Makes a new, empty note database with both tables.
+///
+/// @return false when the engine cannot make the file (it is there already, its folder is not
+///         there or read-only, the disk is full); nothing is left behind then. An error while the
+///         tables are made is raised, after the unfinished file has been removed: a database
+///         without its tables would stand in the way of every later start.
+bool CreateNoteDatabase(dao::Engine &engine, FileSystem &files, const QString &path);
+
+} // namespace norvane
