@@ -11,8 +11,7 @@ namespace norvane {
 
 /// An ordered collection of records that it owns, by position from 1 or by key. Keys are optional
 /// and compare without case. A reference to a record is good until the record is removed.
-template <typename Record>
-class KeyedCollection
+template <typename Record> class KeyedCollection
 {
 public:
     /// Adds an empty record at the end; an empty key is none. Raises 457 when the key is taken.
@@ -39,8 +38,7 @@ public:
     }
 
     /// The first record that satisfies the condition; nullptr if none does.
-    template <typename Condition>
-    Record *firstThat(Condition condition) const
+    template <typename Condition> Record *firstThat(Condition condition) const
     {
         for (const Entry &entry : m_entries) {
             if (condition(*entry.record))

@@ -10,8 +10,8 @@ namespace norvane {
 /// The tie between an open sticky window, its note and its target window.
 struct clsClip
 {
-    WindowHandle hWnd = kNoWindow; ///< the sticky window
-    int ID = 0;                    ///< the note
+    WindowHandle hWnd = kNoWindow;       ///< the sticky window
+    int ID = 0;                          ///< the note
     WindowHandle ParentHwnd = kNoWindow; ///< the target
     QString ParentClassName;
     QString WindowName; ///< title of the target when the note opened

@@ -8,8 +8,8 @@ clsWindow &clsWindows::Add(WindowHandle hWnd, WindowHandle ParentHwnd, const QSt
                            const QString &StrippedTitle, const QString &Key)
 {
     clsWindow &window = add(Key);
-    window = {WindowTitle, ClassName, hWnd, ParentHwnd, IsListed, ProcessID,
-              DocumentName, Left, Top, Width, Height, StrippedTitle};
+    window = {WindowTitle,  ClassName, hWnd, ParentHwnd, IsListed, ProcessID,
+              DocumentName, Left,      Top,  Width,      Height,   StrippedTitle};
     return window;
 }
 

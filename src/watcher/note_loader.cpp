@@ -48,9 +48,8 @@ NoteRow readNoteRow(const dao::Recordset &notes)
     row.ShowToolbar = field(QStringLiteral("ShowToolbar")).toBool();
     row.TypeEffect = field(QStringLiteral("TypeEffect")).toBool();
     row.FormPosition = static_cast<qint16>(field(QStringLiteral("FormPosition")).toInt());
-    row.place =
-        QRectF(field(QStringLiteral("winLeft")).toInt(), field(QStringLiteral("winTop")).toInt(),
-               field(QStringLiteral("winWidth")).toInt(), field(QStringLiteral("winHeight")).toInt());
+    row.place = QRectF(field(QStringLiteral("winLeft")).toInt(), field(QStringLiteral("winTop")).toInt(),
+                       field(QStringLiteral("winWidth")).toInt(), field(QStringLiteral("winHeight")).toInt());
     row.BackColor = static_cast<quint32>(field(QStringLiteral("BackColor")).toInt());
     row.LastUpdate = field(QStringLiteral("LastUpdate")).toDateTime();
     row.AutoURLDetect = field(QStringLiteral("AutoURLDetect")).toBool();
@@ -60,11 +59,11 @@ NoteRow readNoteRow(const dao::Recordset &notes)
     return row;
 }
 
-NoteLoader::NoteLoader(const NoteStore &store, const FileSystem &files, WindowSystem &windows,
-                       const WindowLocation &location, clsClips &Clips, const FormList &forms,
-                       const Clock &clock, Sound &sound, StickyFactory &stickies)
-    : m_store(store), m_files(files), m_windows(windows), m_location(location), m_clips(Clips),
-      m_forms(forms), m_clock(clock), m_sound(sound), m_stickies(stickies)
+NoteLoader::NoteLoader(const NoteStore &store, WindowSystem &windows, const WindowLocation &location,
+                       clsClips &Clips, const FormList &forms, const Clock &clock, Sound &sound,
+                       StickyFactory &stickies)
+    : m_store(store), m_windows(windows), m_location(location), m_clips(Clips), m_forms(forms),
+      m_clock(clock), m_sound(sound), m_stickies(stickies)
 {
 }
 
@@ -112,7 +111,7 @@ void NoteLoader::fill(StickyNote *note, const NoteRow &row, const clsWindow &tar
     note->setCaption(row.FriendlyName);
     note->clearText();
     const QString body = m_store.bodyFile(row.ID);
-    if (m_files.exists(body))
+    if (m_store.files().exists(body))
         note->loadBody(body);
     requireLoaded(note);
     note->setAutoURLDetect(row.AutoURLDetect);

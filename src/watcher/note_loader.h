@@ -9,7 +9,6 @@
 namespace norvane {
 
 class Clock;
-class FileSystem;
 class FormList;
 class NoteStore;
 class Sound;
@@ -48,9 +47,8 @@ NoteRow readNoteRow(const dao::Recordset &notes);
 class NoteLoader
 {
 public:
-    NoteLoader(const NoteStore &store, const FileSystem &files, WindowSystem &windows,
-               const WindowLocation &location, clsClips &Clips, const FormList &forms, const Clock &clock,
-               Sound &sound, StickyFactory &stickies);
+    NoteLoader(const NoteStore &store, WindowSystem &windows, const WindowLocation &location, clsClips &Clips,
+               const FormList &forms, const Clock &clock, Sound &sound, StickyFactory &stickies);
 
     /// Fills a new note for the target, in an order that the note's window relies on, and adds its
     /// clip. The keyboard stays with the target.
@@ -65,7 +63,6 @@ private:
     void requireLoaded(const StickyNote *note) const;
 
     const NoteStore &m_store;
-    const FileSystem &m_files;
     WindowSystem &m_windows;
     const WindowLocation &m_location;
     clsClips &m_clips;

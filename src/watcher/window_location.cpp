@@ -4,7 +4,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/ShellWindows.h"
 #include "platform/WindowSystem.h"
-#include "shell/paths.h"
+#include "shell/path_rules.h"
 #include "watcher/WatchSettings.h"
 #include "watcher/titles.h"
 #include "watcher/wildcard.h"
@@ -207,8 +207,8 @@ QString locationFromUrl(const QString &url)
     path.remove(QStringLiteral("file:///"));
     path.remove(QStringLiteral("file:"));
     path.replace(QStringLiteral("%20"), QStringLiteral(" "));
-    path.replace(u'/', paths::separator());
-    return path.startsWith(paths::root()) ? path : paths::root() + path;
+    path.replace(u'/', pathSeparator());
+    return path.startsWith(pathRoot()) ? path : pathRoot() + path;
 }
 
 } // namespace norvane
