@@ -109,6 +109,11 @@ void discard(dao::Database &database, FileSystem &files, const QString &path)
 
 } // namespace
 
+QString databaseFileIn(const QString &folder)
+{
+    return folder + kDatabaseFileName.toString();
+}
+
 dao::TableDef categoryTable()
 {
     dao::TableDef table;

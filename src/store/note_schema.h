@@ -7,7 +7,11 @@ namespace norvane {
 class FileSystem;
 
 /// Name of the database file in its folder.
-inline constexpr char16_t kDatabaseFileName[] = u"Norvane.DAT";
+inline constexpr QStringView kDatabaseFileName = u"Norvane.DAT";
+
+/// Path of the database in a folder.
+/// @param folder ends in a separator
+QString databaseFileIn(const QString &folder);
 
 /// Definition of table Category, in field order.
 dao::TableDef categoryTable();
