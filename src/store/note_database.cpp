@@ -1,19 +1,11 @@
 #include "store/note_database.h"
 
 #include "platform/FileSystem.h"
-#include "platform/RuntimeError.h"
 #include "shell/path_rules.h"
 
 namespace norvane {
 
 namespace {
-
-/// Opens the file read-only and closes it again. Raises what opening raises.
-void probe(dao::Engine &engine, const QString &path, const QString &password)
-{
-    const std::shared_ptr<dao::Workspace> workspace = engine.workspace(0);
-    workspace->openDatabase(path, false, true, QStringLiteral(";Pwd=") + password)->close();
-}
 
 void removeIfThere(FileSystem &files, const QString &path)
 {
@@ -35,12 +27,18 @@ bool DatabaseHasPassword(dao::Engine &engine, const QString &path)
 
 bool PasswordIsValid(dao::Engine &engine, const QString &path, const QString &password)
 {
+    return !openingFault(engine, path, password);
+}
+
+std::optional<RuntimeError> openingFault(dao::Engine &engine, const QString &path, const QString &password)
+{
     try {
-        probe(engine, path, password);
-    } catch (const RuntimeError &) {
-        return false;
+        const std::shared_ptr<dao::Workspace> workspace = engine.workspace(0);
+        workspace->openDatabase(path, false, true, QStringLiteral(";Pwd=") + password)->close();
+    } catch (const RuntimeError &error) {
+        return error;
     }
-    return true;
+    return std::nullopt;
 }
 
 bool CompactNoteDatabase(dao::Engine &engine, FileSystem &files, const QString &path,

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/RuntimeError.h"
 #include "platform/dao.h"
 
 #include <QString>
+#include <optional>
 
 namespace norvane {
 
@@ -17,6 +19,9 @@ bool DatabaseHasPassword(dao::Engine &engine, const QString &path);
 
 /// Whether the file opens with @p password.
 bool PasswordIsValid(dao::Engine &engine, const QString &path, const QString &password);
+
+/// Why the file does not open with @p password, read-only; nothing when it does.
+std::optional<RuntimeError> openingFault(dao::Engine &engine, const QString &path, const QString &password);
 
 /// Makes a closed database as small as it can be: compacts it into "Norvane.tmp" in
 /// @p programFolder and puts the verified copy in its place. An error ends it quietly, with the

@@ -96,6 +96,11 @@ dao::IndexDef primaryKey(const QString &name, const QString &field)
     return index;
 }
 
+std::unique_ptr<dao::Database> makeFile(dao::Workspace &workspace, const QString &path)
+{
+    return workspace.createDatabase(path, QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0"));
+}
+
 /// Closes and removes a database that did not get its tables.
 void discard(dao::Database &database, FileSystem &files, const QString &path)
 {
@@ -107,7 +112,24 @@ void discard(dao::Database &database, FileSystem &files, const QString &path)
     }
 }
 
+void makeTables(dao::Database &database, FileSystem &files, const QString &path)
+{
+    try {
+        database.appendTable(categoryTable());
+        database.appendTable(memosTable());
+    } catch (const RuntimeError &) {
+        discard(database, files, path);
+        throw;
+    }
+    database.close();
+}
+
 } // namespace
+
+QString databaseFileIn(const QString &folder)
+{
+    return folder + kDatabaseFileName.toString();
+}
 
 dao::TableDef categoryTable()
 {
@@ -165,23 +187,24 @@ dao::TableDef memosTable()
     return table;
 }
 
+void makeNoteDatabase(dao::Engine &engine, FileSystem &files, const QString &path)
+{
+    const std::shared_ptr<dao::Workspace> workspace = engine.workspace(0);
+    const std::unique_ptr<dao::Database> database = makeFile(*workspace, path);
+    makeTables(*database, files, path);
+    workspace->close();
+}
+
 bool CreateNoteDatabase(dao::Engine &engine, FileSystem &files, const QString &path)
 {
     const std::shared_ptr<dao::Workspace> workspace = engine.workspace(0);
     std::unique_ptr<dao::Database> database;
     try {
-        database = workspace->createDatabase(path, QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0"));
+        database = makeFile(*workspace, path);
     } catch (const RuntimeError &) {
         return false;
     }
-    try {
-        database->appendTable(categoryTable());
-        database->appendTable(memosTable());
-    } catch (const RuntimeError &) {
-        discard(*database, files, path);
-        throw;
-    }
-    database->close();
+    makeTables(*database, files, path);
     workspace->close();
     return true;
 }

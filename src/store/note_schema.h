@@ -7,7 +7,11 @@ namespace norvane {
 class FileSystem;
 
 /// Name of the database file in its folder.
-inline constexpr char16_t kDatabaseFileName[] = u"Norvane.DAT";
+inline constexpr QStringView kDatabaseFileName = u"Norvane.DAT";
+
+/// Path of the database in a folder.
+/// @param folder ends in a separator
+QString databaseFileIn(const QString &folder);
 
 /// Definition of table Category, in field order.
 dao::TableDef categoryTable();
@@ -18,10 +22,13 @@ dao::TableDef memosTable();
 
 /// Makes a new, empty note database with both tables.
 ///
-/// @return false when the engine cannot make the file (it is there already, its folder is not
-///         there or read-only, the disk is full); nothing is left behind then. An error while the
-///         tables are made is raised, after the unfinished file has been removed: a database
-///         without its tables would stand in the way of every later start.
+/// Raises what the engine raises: the file is there already, its folder is missing or read-only,
+/// the disk is full. Nothing is left behind then: a database without its tables would stand in the
+/// way of every later start.
+void makeNoteDatabase(dao::Engine &engine, FileSystem &files, const QString &path);
+
+/// The same, but a file that cannot be made gives false and no error; an error while the tables are
+/// made is raised.
 bool CreateNoteDatabase(dao::Engine &engine, FileSystem &files, const QString &path);
 
 } // namespace norvane
