@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/Shell.h"
+
+#include <QHash>
+#include <QStringList>
+
+namespace norvane::fakes {
+
+/// Opens nothing and keeps what it was asked to open. Type names come from a table of the test's;
+/// without an entry by a rule of thumb: an address is a web page, a name without a dot "File", any
+/// other "XYZ File".
+class FakeShell : public Shell
+{
+public:
+    QStringList opened;
+    QHash<QString, int> openResults; ///< kOpened where a location is not in it
+    QHash<QString, QString> typeNames;
+    QString folder = QStringLiteral("/home/user/.local/share/norvane");
+
+    int open(const QString &location) override
+    {
+        opened.append(location);
+        return openResults.value(location, kOpened);
+    }
+
+    QString typeName(const QString &path) const override
+    {
+        if (typeNames.contains(path))
+            return typeNames.value(path);
+        if (path.contains(u"://"))
+            return QStringLiteral("HTML document");
+        const qsizetype dot = path.lastIndexOf(u'.');
+        if (dot <= path.lastIndexOf(u'/'))
+            return QStringLiteral("File");
+        return path.mid(dot + 1).toUpper() + QStringLiteral(" File");
+    }
+
+    QString programFolder() const override { return folder; }
+};
+
+} // namespace norvane::fakes
