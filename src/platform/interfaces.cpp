@@ -5,6 +5,7 @@
 #include "platform/EventLoop.h"
 #include "platform/FileSystem.h"
 #include "platform/HotKeys.h"
+#include "platform/InstanceLock.h"
 #include "platform/Notifier.h"
 #include "platform/Processes.h"
 #include "platform/Prompts.h"
@@ -24,6 +25,7 @@ Clock::~Clock() = default;
 EventLoop::~EventLoop() = default;
 FileSystem::~FileSystem() = default;
 HotKeys::~HotKeys() = default;
+InstanceLock::~InstanceLock() = default;
 Notifier::~Notifier() = default;
 Processes::~Processes() = default;
 Prompts::~Prompts() = default;

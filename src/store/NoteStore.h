@@ -25,6 +25,8 @@ public:
     QString programFolder; ///< no separator at the end; holds the temporary file of compacting
     bool CompactOnExit = true;
 
+    dao::Engine &engine() const { return m_engine; }
+    FileSystem &files() const { return m_files; }
     dao::Database *database() const { return m_database.get(); }
     /// All columns of Memos by WindowName, updatable.
     dao::Recordset *NoteSet() const { return m_noteSet.get(); }
@@ -33,12 +35,13 @@ public:
     /// Category by Name.
     dao::Recordset *CategorySet() const { return m_categorySet.get(); }
 
-    /// Opens DatabaseFile with DatabasePassword and the three recordsets; raises what the engine
-    /// raises, with nothing left open.
+    /// Opens DatabaseFile with DatabasePassword, repairs it where an earlier build made it, and opens
+    /// the three recordsets. Raises what the engine raises, with nothing left open.
     void open();
     /// Closes recordsets, database and workspace. Never raises.
     void close();
 
+    /// Both raise 91 when no database is open.
     void requeryNoteIndex();
     void requeryNoteSet();
     /// Grows with every requeryNoteIndex() and every open(): answers kept from NoteIndex are good
@@ -49,6 +52,9 @@ public:
     QString bodyFile(int id) const;
 
 private:
+    void openDatabase();
+    void openRecordsets();
+
     dao::Engine &m_engine;
     FileSystem &m_files;
     std::shared_ptr<dao::Workspace> m_workspace;

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/SettingsStore.h"
+
+#include <QStringView>
+
+/// The keys of the settings store, with the value that stands for a missing one.
+namespace norvane::settings {
+
+struct Key
+{
+    QStringView section;
+    QStringView name;
+    QStringView defaultValue;
+};
+
+inline constexpr Key kDatabase{u"DB", u"Database", u""}; ///< custom database folder; empty: the default
+inline constexpr Key kExactWindowName{u"DB", u"ExactWindowName", u"0"};
+
+/// Number of extra tracked classes, in the keys "01", "02", … of the section. Set by hand.
+inline constexpr Key kClassExItems{u"ClassEx", u"Items", u"0"};
+
+// Place of the frame, twips. Width and height default to those of the work area.
+inline constexpr Key kMainTop{u"Main", u"Top", u"0"};
+inline constexpr Key kMainLeft{u"Main", u"Left", u"0"};
+inline constexpr Key kMainWidth{u"Main", u"Width", u""};
+inline constexpr Key kMainHeight{u"Main", u"Height", u""};
+
+// Place of the browser, twips.
+inline constexpr Key kBrowserTop{u"NoteBrowser", u"Top", u"0"};
+inline constexpr Key kBrowserLeft{u"NoteBrowser", u"Left", u"0"};
+inline constexpr Key kBrowserWidth{u"NoteBrowser", u"Width", u"10000"};
+inline constexpr Key kBrowserHeight{u"NoteBrowser", u"Height", u"7000"};
+/// Number of the selected category tab, from 1.
+inline constexpr Key kLastCategory{u"NoteBrowser", u"LastCategory", u"1"};
+
+/// The stored text, or the key's default.
+inline QString read(const SettingsStore &store, const Key &key)
+{
+    return store.get(key.section.toString(), key.name.toString(), key.defaultValue.toString());
+}
+
+/// The stored text, or a default that only the reader knows.
+inline QString read(const SettingsStore &store, const Key &key, const QString &defaultValue)
+{
+    return store.get(key.section.toString(), key.name.toString(), defaultValue);
+}
+
+inline void save(SettingsStore &store, const Key &key, const QString &value)
+{
+    store.save(key.section.toString(), key.name.toString(), value);
+}
+
+} // namespace norvane::settings

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/RuntimeError.h"
+#include "platform/dao.h"
+
+#include <QString>
+#include <optional>
+
+namespace norvane {
+
+class FileSystem;
+
+/// Whether the file is there and another process holds it for itself.
+bool DatabaseIsLocked(const dao::Engine &engine, const QString &path);
+
+/// Whether the file opens only with a password. A file that cannot be opened at all counts as one
+/// with a password.
+bool DatabaseHasPassword(dao::Engine &engine, const QString &path);
+
+/// Whether the file opens with @p password.
+bool PasswordIsValid(dao::Engine &engine, const QString &path, const QString &password);
+
+/// Why the file does not open with @p password, read-only; nothing when it does.
+std::optional<RuntimeError> openingFault(dao::Engine &engine, const QString &path, const QString &password);
+
+/// Makes a closed database as small as it can be: compacts it into "Norvane.tmp" in
+/// @p programFolder and puts the verified copy in its place. An error ends it quietly, with the
+/// database as it was and no temporary file.
+/// @param programFolder no separator at the end
+/// @return whether the database was compacted
+bool CompactNoteDatabase(dao::Engine &engine, FileSystem &files, const QString &path,
+                         const QString &programFolder, const QString &password);
+
+/// Lets Memos.WindowName hold the empty text, which files of earlier builds refuse. Writes only
+/// when the file is such a one.
+void repairNoteDatabase(dao::Database &database);
+
+} // namespace norvane

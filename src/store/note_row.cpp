@@ -1,0 +1,44 @@
+#include "store/note_row.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/errors.h"
+#include "shell/numeric_prefix.h"
+#include "store/NoteStore.h"
+
+#include <cmath>
+#include <limits>
+
+namespace norvane {
+
+namespace {
+
+/// Twips as the whole number that a row holds.
+int longTwips(double twips)
+{
+    if (!(std::abs(twips) < static_cast<double>(std::numeric_limits<int>::max())))
+        throw RuntimeError(kErrorOverflow, QStringLiteral("Overflow"), QStringLiteral("SaveNote"));
+    return static_cast<int>(roundHalfEven(twips));
+}
+
+} // namespace
+
+void SaveNoteRow(const NoteStore &store, int ID, const NoteRowValues &values)
+{
+    dao::Database *database = store.database();
+    if (!database)
+        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."),
+                           QStringLiteral("SaveNote"));
+    const std::unique_ptr<dao::Recordset> row =
+        database->openRecordset(QStringLiteral("select * from Memos where ID=") + QString::number(ID));
+    row->edit();
+    row->setField(QStringLiteral("LastUpdate"), values.LastUpdate);
+    row->setField(QStringLiteral("Wintop"), longTwips(values.place.top()));
+    row->setField(QStringLiteral("winLeft"), longTwips(values.place.left()));
+    row->setField(QStringLiteral("winWidth"), longTwips(values.place.width()));
+    row->setField(QStringLiteral("winHeight"), longTwips(values.place.height()));
+    row->setField(QStringLiteral("NoteText"), values.NoteText);
+    row->update();
+    row->close();
+}
+
+} // namespace norvane

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QDateTime>
+#include <QRectF>
+#include <QString>
+
+namespace norvane {
+
+class NoteStore;
+
+/// What a sticky note writes into its row of Memos.
+struct NoteRowValues
+{
+    QDateTime LastUpdate; ///< local, whole seconds
+    QRectF place;         ///< twips in the target's client area: `Wintop`, `winLeft`, `winWidth`, `winHeight`
+    QString NoteText;     ///< the plain text
+};
+
+/// Writes them in one update. Raises 3021 when the row is gone, 91 when no database is open, 6 when
+/// the place fits no 32-bit number, and what the engine raises. Requeries nothing.
+void SaveNoteRow(const NoteStore &store, int ID, const NoteRowValues &values);
+
+} // namespace norvane
