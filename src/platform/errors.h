@@ -10,6 +10,8 @@ enum ErrorNumber {
     kErrorFileAccess = 75,          ///< a file or folder may not be read or written
     kErrorPathNotFound = 76,        ///< a folder on the way to a file is not there
     kErrorNothingThere = 91,        ///< a member of an object that does not exist was used
+    kErrorBadPattern = 93,          ///< a wildcard pattern with a list that does not end
+    kErrorDuplicateKey = 457,       ///< a collection has a member of that key already
     kErrorItemNotFound = 3265,      ///< no such field, table or collection member
     kErrorNoCurrentRecord = 3021,   ///< a record was read or changed where there is none
     kErrorUpdateWithoutEdit = 3020, ///< Update without AddNew or Edit before it

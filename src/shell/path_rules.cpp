@@ -9,6 +9,11 @@ QChar pathSeparator()
     return QDir::separator();
 }
 
+QString pathRoot()
+{
+    return pathSeparator() == u'/' ? QStringLiteral("/") : QString();
+}
+
 QString withSeparator(const QString &folder)
 {
     return folder.isEmpty() || folder.endsWith(pathSeparator()) ? folder : folder + pathSeparator();

@@ -9,6 +9,9 @@ namespace norvane {
 /// The character between the parts of a native path.
 QChar pathSeparator();
 
+/// What an absolute path starts with where there are no drives: one separator; else empty.
+QString pathRoot();
+
 /// @p folder ending in exactly the separator that it had, or in a new one. Empty stays empty.
 QString withSeparator(const QString &folder);
 

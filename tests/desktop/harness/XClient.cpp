@@ -4,6 +4,7 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QThread>
+#include <algorithm>
 #include <cstdlib>
 #include <xcb/xcb_keysyms.h>
 #include <xcb/xtest.h>
@@ -77,7 +78,7 @@ struct XClient::Connection
     {
         const QByteArray bytes = property(window, atom(name));
         QVector<uint32_t> result(bytes.size() / 4);
-        memcpy(result.data(), bytes.constData(), static_cast<size_t>(result.size()) * 4);
+        std::copy_n(bytes.constData(), result.size() * 4, reinterpret_cast<char *>(result.data()));
         return result;
     }
 

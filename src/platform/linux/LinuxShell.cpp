@@ -1,0 +1,149 @@
+#include "platform/linux/LinuxShell.h"
+
+#include "platform/linux/DesktopAssociations.h"
+#include "platform/linux/type_names.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QMimeDatabase>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUrl>
+#include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace norvane {
+
+namespace {
+
+/// Starts a program that lives on by itself, in the home folder and with its output nowhere.
+bool start(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    // A program does not start in a folder that it may not enter.
+    const QString home = QDir::homePath();
+    process.setWorkingDirectory(QFileInfo(home).isExecutable() ? home : QDir::rootPath());
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    return process.startDetached();
+}
+
+int run(const QString &program)
+{
+    return start(program, {}) ? Shell::kOpened : Shell::kBadExecutable;
+}
+
+/// Leaves a document, folder or address to the desktop's launcher.
+int handOver(const QString &target)
+{
+    const QString xdgOpen = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    if (!xdgOpen.isEmpty() && start(xdgOpen, {target}))
+        return Shell::kOpened;
+    const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
+    if (!gio.isEmpty() && start(gio, {QStringLiteral("open"), target}))
+        return Shell::kOpened;
+    return Shell::kAssociationIncomplete;
+}
+
+int resultOf(int error, const QString &path)
+{
+    switch (error) {
+    case ENOENT:
+        return QFileInfo(QFileInfo(path).path()).isDir() ? Shell::kFileNotFound : Shell::kPathNotFound;
+    case ENOTDIR:
+        return Shell::kPathNotFound;
+    case ENOMEM:
+        return Shell::kOutOfMemory;
+    default:
+        return Shell::kAccessDenied;
+    }
+}
+
+/// By its name a program, or marked as one and named as no document.
+bool isProgram(const QString &path)
+{
+    const QString type = typeNameOf(path);
+    if (type == applicationTypeName())
+        return true;
+    return type == fileTypeName() && ::access(QFile::encodeName(path).constData(), X_OK) == 0;
+}
+
+} // namespace
+
+LinuxShell::LinuxShell(SessionFolders folders) : m_folders(std::move(folders)) {}
+
+int LinuxShell::open(const QString &location)
+{
+    if (location.contains(QChar(QChar::Null)))
+        return kFileNotFound;
+    if (location.startsWith(u"file:", Qt::CaseInsensitive)) {
+        const QString path = QUrl(location).toLocalFile();
+        return path.isEmpty() ? int(kPathNotFound) : openPath(path);
+    }
+    if (isAddress(location))
+        return openAddress(location);
+    return location.contains(u'/') ? openPath(location) : openByName(location);
+}
+
+QString LinuxShell::typeName(const QString &path) const
+{
+    return typeNameOf(path);
+}
+
+QString LinuxShell::programFolder() const
+{
+    const QString folder = m_folders.programFolder();
+    makeFolderWithParents(folder);
+    return folder;
+}
+
+int LinuxShell::openAddress(const QString &address) const
+{
+    const qsizetype length = schemeLength(address);
+    const QString scheme = length > 0 ? address.left(length - 1).toLower() : QStringLiteral("http");
+    if (!DesktopAssociations(m_folders).hasHandlerForScheme(scheme))
+        return kNoAssociation;
+    return handOver(length > 0 ? address : QStringLiteral("http://") + address);
+}
+
+int LinuxShell::openPath(const QString &path) const
+{
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    const QByteArray name = QFile::encodeName(absolute);
+    struct stat status = {};
+    if (::stat(name.constData(), &status) != 0)
+        return resultOf(errno, absolute);
+
+    const bool isFolder = S_ISDIR(status.st_mode);
+    if (!isFolder && isProgram(absolute))
+        return ::access(name.constData(), X_OK) == 0 ? run(absolute) : int(kAccessDenied);
+
+    if (::access(name.constData(), isFolder ? R_OK | X_OK : R_OK) != 0)
+        return kAccessDenied;
+    const QString type =
+        isFolder ? QStringLiteral("inode/directory") : QMimeDatabase().mimeTypeForFile(absolute).name();
+    if (!DesktopAssociations(m_folders).hasHandlerForType(type))
+        return kNoAssociation;
+    return handOver(absolute);
+}
+
+/// A program that is known by its name alone, as one in a sandbox is.
+int LinuxShell::openByName(const QString &name) const
+{
+    const QString program = QStandardPaths::findExecutable(name);
+    if (!program.isEmpty())
+        return run(program);
+    const QString entry = DesktopAssociations(m_folders).desktopEntry(name);
+    if (entry.isEmpty())
+        return kFileNotFound;
+    const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
+    const bool started = !gio.isEmpty() && start(gio, {QStringLiteral("launch"), entry});
+    return started ? int(kOpened) : int(kAssociationIncomplete);
+}
+
+} // namespace norvane

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Shell.h"
+#include "platform/linux/SessionFolders.h"
+
+namespace norvane {
+
+/// The desktop of a Linux session.
+///
+/// Whether a location can be opened is found out before the desktop is asked, since the desktop's
+/// own launcher tells no result.
+class LinuxShell : public Shell
+{
+public:
+    explicit LinuxShell(SessionFolders folders = SessionFolders::fromEnvironment());
+
+    /// A path relative to nowhere is looked for among the programs of PATH and the desktop's
+    /// entries. A "file:" address is opened as its path.
+    int open(const QString &location) override;
+    QString typeName(const QString &path) const override;
+    /// $XDG_DATA_HOME/norvane; made, with its parents, where it does not exist.
+    QString programFolder() const override;
+
+private:
+    int openAddress(const QString &address) const;
+    int openPath(const QString &path) const;
+    int openByName(const QString &name) const;
+
+    SessionFolders m_folders;
+};
+
+} // namespace norvane

@@ -1,0 +1,103 @@
+#include "platform/linux/type_names.h"
+
+#include <QMimeDatabase>
+#include <QRegularExpression>
+#include <array>
+
+namespace norvane {
+
+namespace {
+
+/// Folders whose files are programs. A folder of this list is itself none.
+constexpr std::array<QStringView, 15> kProgramFolders{
+    u"/bin/",           u"/sbin/",           u"/usr/bin/",         u"/usr/sbin/",
+    u"/usr/games/",     u"/usr/lib/",        u"/usr/lib64/",       u"/usr/libexec/",
+    u"/usr/local/bin/", u"/usr/local/sbin/", u"/usr/local/games/", u"/usr/local/lib/",
+    u"/opt/",           u"/snap/",           u"/app/bin/",
+};
+/// Below the home folder of whoever it may be.
+constexpr QStringView kUserProgramFolder = u"/.local/bin/";
+
+bool isInProgramFolder(const QString &path)
+{
+    for (const QStringView folder : kProgramFolders) {
+        if (path.startsWith(folder))
+            return true;
+    }
+    return path.contains(kUserProgramFolder);
+}
+
+QString nameOf(const QMimeType &type)
+{
+    QString name = type.comment();
+    if (!name.isEmpty())
+        name[0] = name.at(0).toUpper();
+    return name;
+}
+
+/// Without the dot; empty where the dot begins or ends the name, or blanks show that it is part of
+/// a sentence.
+QString extensionOf(const QString &path)
+{
+    const QString name = path.mid(path.lastIndexOf(u'/') + 1);
+    const qsizetype dot = name.lastIndexOf(u'.');
+    const QString extension = dot > 0 ? name.mid(dot + 1) : QString();
+    return extension.contains(u' ') ? QString() : extension;
+}
+
+bool isProgramType(const QMimeType &type)
+{
+    static const QString executable = QStringLiteral("application/x-executable");
+    static const QString foreign = QStringLiteral("application/x-ms-dos-executable");
+    static const QString text = QStringLiteral("text/plain");
+    return type.inherits(foreign) || (type.inherits(executable) && !type.inherits(text));
+}
+
+} // namespace
+
+qsizetype schemeLength(const QString &location)
+{
+    static const QRegularExpression scheme(QStringLiteral("^[A-Za-z][A-Za-z0-9+.-]+:"));
+    return scheme.match(location).capturedLength();
+}
+
+bool isAddress(const QString &location)
+{
+    return schemeLength(location) > 0 || location.startsWith(u"www.", Qt::CaseInsensitive);
+}
+
+QString applicationTypeName()
+{
+    return QStringLiteral("Application");
+}
+
+QString fileTypeName()
+{
+    return QStringLiteral("File");
+}
+
+QString typeNameOf(const QString &path)
+{
+    if (path.isEmpty())
+        return {};
+    // The top of the file system is told as a folder; any other folder is a name like a file's.
+    if (path == QStringLiteral("/"))
+        return QStringLiteral("File Folder");
+
+    const QMimeDatabase database;
+    if (isAddress(path))
+        return nameOf(database.mimeTypeForName(QStringLiteral("text/html")));
+
+    const bool inProgramFolder = isInProgramFolder(path) && !path.endsWith(u'/');
+    const QString extension = extensionOf(path);
+    if (extension.isEmpty())
+        return inProgramFolder ? applicationTypeName() : fileTypeName();
+    const QMimeType type = database.mimeTypeForFile(path, QMimeDatabase::MatchExtension);
+    if (isProgramType(type))
+        return applicationTypeName();
+    if (inProgramFolder && (type.isDefault() || type.inherits(QStringLiteral("application/x-executable"))))
+        return applicationTypeName();
+    return type.isDefault() ? extension.toUpper() + QStringLiteral(" File") : nameOf(type);
+}
+
+} // namespace norvane

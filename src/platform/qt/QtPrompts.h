@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/Prompts.h"
+
+namespace norvane {
+
+/// Message boxes and choosers of the desktop's look. Texts are shown as they are, never as markup.
+class QtPrompts : public Prompts
+{
+public:
+    /// A question has No as its default button and as the answer to Escape.
+    Answer messageBox(const QString &text, int style, const QString &title) override;
+    QString chooseFolder(const QString &title, const QString &start) override;
+};
+
+/// The text of a box with places to break lines in words of great length, and cut in the end where
+/// it would outgrow the screen: an address or a title may run to thousands of characters.
+QString textForBox(const QString &text);
+
+} // namespace norvane

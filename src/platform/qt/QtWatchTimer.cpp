@@ -1,0 +1,100 @@
+#include "platform/qt/QtWatchTimer.h"
+
+#include "platform/qt/QtEventLoop.h"
+
+#include <QPointer>
+#include <algorithm>
+
+namespace norvane {
+
+namespace {
+
+/// Requested ticks rest this many times as long as the last tick took: they may use a fifth of a
+/// processor at most, however slow a tick is.
+constexpr qint64 kRestFactor = 4;
+
+} // namespace
+
+QtWatchTimer::QtWatchTimer(QtEventLoop &loop, QObject *parent) : WatchTimer(parent), m_loop(loop)
+{
+    m_timer.setSingleShot(true);
+    // Lets the system join this wake-up with others.
+    m_timer.setTimerType(Qt::CoarseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &QtWatchTimer::onTimeout);
+    connect(&m_loop, &QtEventLoop::yielded, this, &QtWatchTimer::onYielded);
+}
+
+void QtWatchTimer::setInterval(int milliseconds)
+{
+    m_interval = std::max(milliseconds, 0);
+    if (!runs() && !m_ticking)
+        m_requested = false;
+    arm();
+}
+
+void QtWatchTimer::setEnabled(bool enabled)
+{
+    if (enabled == m_enabled)
+        return;
+    m_enabled = enabled;
+    if (!enabled)
+        m_requested = false;
+    arm();
+}
+
+void QtWatchTimer::requestTick()
+{
+    const bool counts = m_ticking ? m_enabled : runs();
+    if (!counts || m_requested)
+        return;
+    m_requested = true;
+    arm();
+}
+
+void QtWatchTimer::arm()
+{
+    if (!runs()) {
+        m_timer.stop();
+        return;
+    }
+    // After the tick or the yield that is under way it is armed once more.
+    if (m_requested && (m_ticking || m_loop.yielding()))
+        return;
+    qint64 delay = m_interval;
+    if (m_requested) {
+        const qint64 gap = std::min<qint64>(m_gapMs, m_interval);
+        const qint64 rest = m_sinceTick.isValid() ? gap - m_sinceTick.elapsed() : 0;
+        delay = std::max<qint64>(rest, 0);
+    }
+    m_timer.start(static_cast<int>(delay));
+}
+
+void QtWatchTimer::onTimeout()
+{
+    if (!runs())
+        return;
+    if (m_ticking || m_loop.yielding()) {
+        m_requested = true;
+        return;
+    }
+    m_requested = false;
+    m_ticking = true;
+    QElapsedTimer duration;
+    duration.start();
+    const QPointer<QtWatchTimer> self(this);
+    emit tick();
+    if (!self)
+        return;
+    m_ticking = false;
+    m_gapMs = std::max<qint64>(kLeastGapMs, kRestFactor * duration.elapsed());
+    m_sinceTick.start();
+    arm();
+}
+
+void QtWatchTimer::onYielded()
+{
+    if (m_requested && !m_ticking)
+        arm();
+}
+
+} // namespace norvane

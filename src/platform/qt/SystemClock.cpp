@@ -1,0 +1,10 @@
+#include "platform/qt/SystemClock.h"
+
+namespace norvane {
+
+QDateTime SystemClock::now() const
+{
+    return QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch());
+}
+
+} // namespace norvane

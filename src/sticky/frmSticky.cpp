@@ -1,0 +1,420 @@
+#include "sticky/frmSticky.h"
+
+#include "options/HotKeyRecords.h"
+#include "platform/Clock.h"
+#include "platform/EventLoop.h"
+#include "platform/FileSystem.h"
+#include "platform/HotKeys.h"
+#include "platform/RuntimeError.h"
+#include "platform/Sound.h"
+#include "platform/WatchTimer.h"
+#include "platform/WindowEmbedding.h"
+#include "platform/WindowSystem.h"
+#include "richtext/NV_RTFEdit.h"
+#include "sticky/NoteStrip.h"
+#include "sticky/PinButton.h"
+#include "store/NoteStore.h"
+#include "store/note_row.h"
+#include "store/rescue_file.h"
+#include "watcher/WatchSettings.h"
+#include "watcher/clsClips.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace norvane {
+
+namespace {
+
+constexpr quint32 kDefaultPaper = 0xC0FFFF; // blue-green-red: a pale yellow
+constexpr double kFontSize = 9.75;          // points
+constexpr QSizeF kDesignTwips(8475, 5400);  // until the stored size replaces it
+constexpr int kRichText = 0;                // format of LoadFile and SaveFile
+
+/// The hourglass, as long as it lives.
+class BusyPointer
+{
+public:
+    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+    BusyPointer(const BusyPointer &) = delete;
+    BusyPointer &operator=(const BusyPointer &) = delete;
+};
+
+Qt::CursorShape pointerOf(NoteGrip grip)
+{
+    switch (grip) {
+    case NoteGrip::Left:
+    case NoteGrip::Right:
+        return Qt::SizeHorCursor;
+    case NoteGrip::Top:
+    case NoteGrip::Bottom:
+        return Qt::SizeVerCursor;
+    case NoteGrip::TopLeft:
+    case NoteGrip::BottomRight:
+        return Qt::SizeFDiagCursor;
+    case NoteGrip::TopRight:
+    case NoteGrip::BottomLeft:
+        return Qt::SizeBDiagCursor;
+    case NoteGrip::None:
+    case NoteGrip::Move:
+        break;
+    }
+    return Qt::ArrowCursor;
+}
+
+} // namespace
+
+frmSticky::frmSticky(StickyServices &services)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint), m_services(services),
+      m_strip(new NoteStrip(this)), m_text(new NV_RTFEdit(services.files, this))
+{
+    setObjectName(QStringLiteral("frmSticky"));
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NativeWindow);
+    setMouseTracking(true);
+    resize(services.twips.toPixels(QRectF(QPointF(), kDesignTwips)).size());
+    m_handle = winId();
+    m_services.forms.add(this);
+
+    m_text->setObjectName(QStringLiteral("Text1"));
+    m_text->setAccessibleName(tr("Note"));
+    m_text->setBorderStyle(0);
+    m_text->setToolBar(false);
+    m_text->setSelFontSize(kFontSize);
+    m_text->setEnableSaveButton(false);
+    // The pin opens the note's menu; it is there with the menus.
+    m_strip->pin()->setEnabled(false);
+    makeActions();
+    setTextBackColor(kDefaultPaper);
+
+    connect(m_text, &NV_RTFEdit::Change, this, &frmSticky::textChanged);
+    connect(m_text, &NV_RTFEdit::SaveMe, this, &frmSticky::SaveNote);
+    connect(m_text, &NV_RTFEdit::KeyPress, this, [this] {
+        if (fields.TypeEffect)
+            m_services.sound.play(m_services.clickSound);
+    });
+    connect(&m_services.embedding, &WindowEmbedding::targetDestroyed, this, [this](WindowHandle window) {
+        if (window == m_handle)
+            targetDestroyed();
+    });
+    connect(&m_services.embedding, &WindowEmbedding::moved, this, [this](WindowHandle window) {
+        if (window == m_handle)
+            geometryEdited();
+    });
+}
+
+frmSticky::~frmSticky()
+{
+    m_services.forms.remove(this);
+}
+
+void frmSticky::makeActions()
+{
+    m_save = new QAction(tr("&Save"), this);
+    m_save->setObjectName(QStringLiteral("mnuFile_Save"));
+    m_save->setShortcut(QKeySequence::Save);
+    m_save->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    m_save->setEnabled(false);
+    connect(m_save, &QAction::triggered, this, &frmSticky::SaveNote);
+    addAction(m_save);
+
+    m_close = new QAction(tr("&Close (Detach)"), this);
+    m_close->setObjectName(QStringLiteral("mnuFile_Close"));
+    connect(m_close, &QAction::triggered, this, &frmSticky::mnuFile_Close_Click);
+    addAction(m_close);
+}
+
+// ---- What the loader fills ----
+
+void frmSticky::setParentWindow(WindowHandle target)
+{
+    m_services.embedding.setParent(m_handle, target);
+}
+
+void frmSticky::setTextBackColor(quint32 color)
+{
+    m_paper = notePaper(color);
+    m_text->setBackColor(color);
+    m_strip->setPaper(m_paper);
+    update();
+}
+
+void frmSticky::setToolBar(bool shown)
+{
+    m_text->setToolBar(shown);
+}
+
+void frmSticky::setAutoURLDetect(bool on)
+{
+    m_text->setAutoURLDetect(on);
+}
+
+void frmSticky::moveTwips(const QRectF &rect)
+{
+    m_loadedTwips = rect;
+    m_loadedPixels = m_services.twips.toPixels(rect);
+    m_services.embedding.moveWindow(m_handle, m_loadedPixels);
+}
+
+QRectF frmSticky::rectTwips() const
+{
+    const QRect now = m_services.embedding.windowRect(m_handle);
+    return now == m_loadedPixels ? m_loadedTwips : m_services.twips.fromPixels(now);
+}
+
+void frmSticky::movePixels(const QPoint &position)
+{
+    m_services.embedding.moveWindow(m_handle, QRect(position, sizePixels()));
+}
+
+QSize frmSticky::sizePixels() const
+{
+    return m_services.embedding.windowRect(m_handle).size();
+}
+
+void frmSticky::setCaption(const QString &caption)
+{
+    m_strip->setCaption(caption);
+    setWindowTitle(caption.left(254));
+}
+
+QString frmSticky::caption() const
+{
+    return m_strip->caption();
+}
+
+void frmSticky::clearText()
+{
+    m_text->setTextRTF({});
+}
+
+void frmSticky::loadBody(const QString &path)
+{
+    m_text->LoadFile(path, kRichText);
+}
+
+// ---- Dirty and clean ----
+
+void frmSticky::SetSaveMode(bool enabled)
+{
+    m_save->setEnabled(enabled);
+}
+
+void frmSticky::resetSaveState()
+{
+    SetSaveMode(false);
+    m_text->setEnableSaveButton(false);
+}
+
+bool frmSticky::isDirty() const
+{
+    return m_save->isEnabled();
+}
+
+void frmSticky::textChanged()
+{
+    ++m_changes;
+    if (fields.Loading)
+        return;
+    SetSaveMode(true);
+    m_text->setEnableSaveButton(true);
+}
+
+void frmSticky::geometryEdited()
+{
+    textChanged();
+}
+
+// ---- On the screen ----
+
+void frmSticky::showNote()
+{
+    show();
+}
+
+void frmSticky::nudge()
+{
+    // Windows appear whole here: a repaint is all that the text needs.
+    m_text->update();
+    update();
+}
+
+void frmSticky::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), m_paper.paper);
+    painter.setPen(m_paper.softEdge);
+    painter.drawRect(rect().adjusted(1, 1, -2, -2));
+    painter.setPen(m_paper.edge);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void frmSticky::resizeEvent(QResizeEvent *)
+{
+    const int width = std::max(0, this->width() - 2 * kNoteEdge);
+    m_strip->setGeometry(1, 1, std::max(0, this->width() - 2), kNoteStrip + kNoteEdge - 1);
+    const int top = kNoteEdge + kNoteStrip;
+    m_text->setGeometry(kNoteEdge, top, width, std::max(0, height() - top - kNoteEdge));
+}
+
+void frmSticky::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::ActivationChange)
+        m_strip->setActive(isActiveWindow());
+    QWidget::changeEvent(event);
+}
+
+void frmSticky::closeEvent(QCloseEvent *event)
+{
+    // A window manager's close command detaches, like the note's own.
+    event->ignore();
+    mnuFile_Close_Click();
+}
+
+void frmSticky::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_grip = noteGripAt(event->position().toPoint(), size());
+    if (m_grip == NoteGrip::None)
+        m_grip = NoteGrip::Move;
+    m_dragStart = event->globalPosition().toPoint();
+    m_dragRect = m_services.embedding.windowRect(m_handle);
+    geometryEdited();
+}
+
+void frmSticky::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_grip == NoteGrip::None) {
+        showGrip(noteGripAt(event->position().toPoint(), size()));
+        return;
+    }
+    const QPoint delta = event->globalPosition().toPoint() - m_dragStart;
+    m_services.embedding.moveWindow(m_handle, draggedNote(m_dragRect, m_grip, delta));
+}
+
+void frmSticky::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        m_grip = NoteGrip::None;
+}
+
+void frmSticky::leaveEvent(QEvent *)
+{
+    unsetCursor();
+}
+
+void frmSticky::showGrip(NoteGrip grip)
+{
+    setCursor(pointerOf(grip));
+}
+
+// ---- Saving and the end ----
+
+void frmSticky::writeNote()
+{
+    SaveNoteRow(m_services.store, fields.ID, rectTwips(), m_text->Text(), m_services.clock.now());
+    m_text->SaveFile(m_services.store.bodyFile(fields.ID), kRichText);
+}
+
+void frmSticky::SaveNote()
+{
+    const BusyPointer busy;
+    try {
+        const quint64 saved = m_changes;
+        writeNote();
+        m_services.store.requeryNoteIndex();
+        m_services.refreshGrid();
+        m_services.events.yield();
+        // What was typed meanwhile is not in the file.
+        if (m_changes == saved)
+            resetSaveState();
+    } catch (const RuntimeError &) {
+        // The note stays dirty; its unload has the rescue file.
+    }
+}
+
+bool frmSticky::saveAtExit()
+{
+    if (!fields.AutoSave || !isDirty())
+        return true;
+    try {
+        writeNote();
+        resetSaveState();
+    } catch (const RuntimeError &) {
+        rescue();
+    }
+    return !isDirty();
+}
+
+void frmSticky::mnuFile_Close_Click()
+{
+    m_services.timer.setInterval(0);
+    try {
+        const auto row = m_services.store.database() == nullptr
+                             ? nullptr
+                             : m_services.store.database()->openRecordset(
+                                   QStringLiteral("select ID,Active from memos where ID=%1").arg(fields.ID));
+        if (row) {
+            row->edit();
+            row->setField(QStringLiteral("ACTIVE"), false);
+            row->update();
+            m_services.store.requeryNoteIndex();
+            m_services.refreshGrid();
+        }
+        unload();
+    } catch (const RuntimeError &) {
+        // The row is as it was: the note stays.
+    }
+    m_services.timer.setInterval(m_services.watch.WatchInterval);
+}
+
+void frmSticky::targetDestroyed()
+{
+    fields.ParentHwnd = kNoWindow;
+    // Hot keys belong to an owner window: this touches only what this window itself may have.
+    for (int id = 1; id <= static_cast<int>(HotKeyRecords::kCount); ++id)
+        m_services.hotKeys.unregisterHotKey(m_handle, id);
+    unload();
+}
+
+void frmSticky::unload()
+{
+    if (m_unloaded)
+        return;
+    m_unloaded = true;
+    if (fields.AutoSave && isDirty()) {
+        SaveNote();
+        if (isDirty())
+            rescue();
+    }
+    m_services.clips.RemoveByHwnd(m_handle);
+    m_services.forms.remove(this);
+    if (isActiveWindow() && fields.ParentHwnd != kNoWindow)
+        m_services.windows.setFocus(fields.ParentHwnd);
+    hide();
+    m_services.embedding.setParent(m_handle, kNoWindow);
+    deleteLater();
+}
+
+void frmSticky::rescue()
+{
+    QString text;
+    try {
+        const QString file = WriteRescueFile(m_services.files, m_services.store.DatabaseFolder, fields.FriendlyName,
+                                             m_services.clock.now(), m_text->TextRTF());
+        text = tr("A note could not be saved. Its text was written to the file\n%1").arg(file);
+    } catch (const RuntimeError &error) {
+        text = tr("A note could not be saved, and neither could a copy of it:\n%1").arg(error.description());
+    }
+    if (!m_services.rescueTold)
+        m_services.tellRescue(text);
+    m_services.rescueTold = true;
+}
+
+} // namespace norvane

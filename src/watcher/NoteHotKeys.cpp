@@ -1,0 +1,107 @@
+#include "watcher/NoteHotKeys.h"
+
+#include "platform/FileSystem.h"
+#include "platform/Prompts.h"
+#include "platform/RuntimeError.h"
+#include "platform/WindowSystem.h"
+#include "platform/dao.h"
+#include "platform/errors.h"
+#include "shell/Forms.h"
+#include "store/NoteStore.h"
+#include "watcher/AttachWindow.h"
+#include "watcher/NoteGridView.h"
+#include "watcher/Notices.h"
+#include "watcher/StickyNote.h"
+#include "watcher/window_location.h"
+
+namespace norvane {
+
+NoteHotKeys::NoteHotKeys(NoteStore &store, WindowSystem &windows, const WindowLocation &location,
+                         const FormList &forms, AttachWindow &attach, Notices &notices, Prompts &prompts)
+    : m_store(store), m_windows(windows), m_location(location), m_forms(forms), m_attach(attach),
+      m_notices(notices), m_prompts(prompts)
+{
+}
+
+void NoteHotKeys::attachFrontWindow()
+{
+    const WindowHandle front = m_windows.foregroundWindow();
+    if (!m_location.IsTrackedClass(m_location.GetClassText(front))) {
+        m_notices.showStandingText();
+        return;
+    }
+    m_attach(m_location.GetWindowTitle(front), front);
+    m_windows.setForegroundWindow(front);
+}
+
+void NoteHotKeys::closeFrontNote()
+{
+    const WindowHandle front = m_windows.foregroundWindow();
+    if (StickyNote *note = noteOn(front))
+        note->mnuFile_Close_Click();
+    m_windows.setForegroundWindow(front);
+}
+
+void NoteHotKeys::deleteFrontNote()
+{
+    const WindowHandle front = m_windows.foregroundWindow();
+    try {
+        deleteNote(front);
+    } catch (const RuntimeError &) {
+        // The dispatcher of the keys hands nothing on; what was done so far stands.
+    }
+    m_windows.setForegroundWindow(front);
+}
+
+template <typename Condition> StickyNote *NoteHotKeys::firstNote(Condition condition) const
+{
+    for (Form *form : m_forms.named(QStringLiteral("frmSticky"))) {
+        auto *note = dynamic_cast<StickyNote *>(form);
+        if (note && condition(note->fields))
+            return note;
+    }
+    return nullptr;
+}
+
+StickyNote *NoteHotKeys::noteOn(WindowHandle target) const
+{
+    // A note that has lost its target is on no window, not even on none.
+    if (target == kNoWindow)
+        return nullptr;
+    return firstNote([&](const StickyFields &fields) { return fields.ParentHwnd == target; });
+}
+
+StickyNote *NoteHotKeys::noteOf(int id) const
+{
+    return firstNote([&](const StickyFields &fields) { return fields.ID == id; });
+}
+
+void NoteHotKeys::deleteNote(WindowHandle target)
+{
+    StickyNote *note = noteOn(target);
+    if (!note)
+        return;
+    if (!m_store.database())
+        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
+    const int id = note->fields.ID;
+    const auto row = m_store.database()->openRecordset(QStringLiteral("Select ID from Memos Where ID=") +
+                                                       QString::number(id));
+    const Prompts::Answer answer = m_prompts.messageBox(
+        QStringLiteral("Are you sure you want to delete '") + note->caption() + QStringLiteral("'?"),
+        Prompts::kYesNo | Prompts::kQuestion | Prompts::kSystemModal, QStringLiteral("Norvane"));
+    if (answer != Prompts::kYes)
+        return;
+
+    // The note may have gone with its window while the question stood; its row has not.
+    if (StickyNote *open = noteOf(id))
+        open->unload();
+    row->remove();
+    m_store.requeryNoteIndex();
+    if (m_grid)
+        m_grid->Refresh_Grid();
+    const QString body = m_store.bodyFile(id);
+    if (m_store.files().exists(body))
+        m_store.files().remove(body);
+}
+
+} // namespace norvane

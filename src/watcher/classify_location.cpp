@@ -1,0 +1,20 @@
+#include "watcher/classify_location.h"
+
+#include "platform/Shell.h"
+#include "watcher/titles.h"
+
+namespace norvane {
+
+QString ClassifyLocation(const Shell &shell, const QString &path)
+{
+    constexpr qsizetype kLongestTypeName = 79;
+    const QString folder = QStringLiteral("File Folder");
+    const QString type = trimBlanks(TrimAtNull(shell.typeName(path).left(kLongestTypeName)));
+    if (type.isEmpty() || type == QStringLiteral("File"))
+        return folder;
+    if (type == folder)
+        return QStringLiteral("Local Disk");
+    return type;
+}
+
+} // namespace norvane

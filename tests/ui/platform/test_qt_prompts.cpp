@@ -1,0 +1,140 @@
+#include "platform/qt/QtPrompts.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <gmock/gmock.h>
+
+using namespace norvane;
+
+namespace {
+
+/// Runs @p act on the next modal dialog of a type, once it is on the screen.
+template <typename Dialog> class WhenShown
+{
+public:
+    explicit WhenShown(std::function<void(Dialog *)> act) : m_act(std::move(act))
+    {
+        QObject::connect(&m_poll, &QTimer::timeout, &m_poll, [this] {
+            auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+            if (!dialog || !dialog->isVisible())
+                return;
+            m_poll.stop();
+            m_act(dialog);
+        });
+        m_poll.start(5);
+    }
+
+private:
+    std::function<void(Dialog *)> m_act;
+    QTimer m_poll;
+};
+
+using WhenBox = WhenShown<QMessageBox>;
+
+TEST(QtPrompts, QuestionShowsItsPartsAndAnswersByButton)
+{
+    QtPrompts prompts;
+    {
+        WhenBox box([](QMessageBox *shown) {
+            EXPECT_EQ(shown->icon(), QMessageBox::Question);
+            EXPECT_EQ(shown->windowTitle(), QStringLiteral("Norvane"));
+            EXPECT_EQ(shown->text(), QStringLiteral("Delete <b>'this'</b>?"));
+            EXPECT_EQ(shown->textFormat(), Qt::PlainText);
+            EXPECT_TRUE(shown->windowFlags() & Qt::WindowStaysOnTopHint);
+            EXPECT_EQ(shown->standardButton(shown->defaultButton()), QMessageBox::No);
+            QTest::mouseClick(shown->button(QMessageBox::Yes), Qt::LeftButton);
+        });
+        EXPECT_EQ(prompts.messageBox(QStringLiteral("Delete <b>'this'</b>?"),
+                                     Prompts::kYesNo | Prompts::kQuestion | Prompts::kSystemModal,
+                                     QStringLiteral("Norvane")),
+                  Prompts::kYes);
+    }
+    for (Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
+        WhenBox box([key](QMessageBox *shown) { QTest::keyClick(shown, key); });
+        EXPECT_EQ(prompts.messageBox(QStringLiteral("Sure?"), Prompts::kYesNo | Prompts::kExclamation, {}),
+                  Prompts::kNo);
+    }
+}
+
+TEST(QtPrompts, NoticeAnswersOkHoweverItIsClosed)
+{
+    QtPrompts prompts;
+    WhenBox box([](QMessageBox *shown) {
+        EXPECT_EQ(shown->icon(), QMessageBox::Critical);
+        EXPECT_EQ(shown->standardButtons(), QMessageBox::Ok);
+        EXPECT_FALSE(shown->windowFlags() & Qt::WindowStaysOnTopHint);
+        shown->close();
+    });
+    EXPECT_EQ(prompts.messageBox(QStringLiteral("Failed."), Prompts::kCritical, QStringLiteral("Norvane")),
+              Prompts::kOk);
+}
+
+TEST(QtPrompts, BoxOutlivesTheWindowThatItStandsOver)
+{
+    QtPrompts prompts;
+    QPointer<QWidget> note = new QWidget;
+    note->show();
+    QApplication::setActiveWindow(note);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(note));
+    WhenBox box([&](QMessageBox *shown) {
+        EXPECT_EQ(shown->parentWidget(), note);
+        delete note.data();
+    });
+    EXPECT_EQ(prompts.messageBox(QStringLiteral("Save?"), Prompts::kYesNo, QStringLiteral("Norvane")),
+              Prompts::kNo);
+}
+
+TEST(QtPrompts, LongTextsFitTheScreen)
+{
+    QtPrompts prompts;
+    const QSize screen = QApplication::primaryScreen()->availableSize();
+    const QString emoji = QString::fromUtf8("\xF0\x9F\x98\x80");
+    for (const QString &text :
+         {QString(4000, u'x'), emoji.repeated(2000), QStringLiteral("word ").repeated(900)}) {
+        WhenBox box([&](QMessageBox *shown) {
+            EXPECT_LE(shown->width(), screen.width());
+            EXPECT_LE(shown->height(), screen.height());
+            for (qsizetype i = 0; i < shown->text().size(); ++i) {
+                if (shown->text().at(i).isHighSurrogate()) {
+                    ASSERT_TRUE(shown->text().at(i + 1).isLowSurrogate()) << "a character was cut";
+                }
+            }
+            shown->close();
+        });
+        prompts.messageBox(text, Prompts::kInformation, QStringLiteral("Norvane"));
+    }
+    const QString ordinary = QStringLiteral("Database located in '/home/ann/Notes/' is locked.\nTry again.");
+    EXPECT_EQ(textForBox(ordinary), ordinary);
+}
+
+TEST(QtPrompts, FolderIsChosenOrEmpty)
+{
+    QtPrompts prompts;
+    QTemporaryDir folder;
+    {
+        WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
+            EXPECT_EQ(shown->windowTitle(), QStringLiteral("Where?"));
+            EXPECT_EQ(shown->directory().canonicalPath(), QDir(folder.path()).canonicalPath());
+            QTest::keyClick(shown, Qt::Key_Escape);
+        });
+        EXPECT_TRUE(prompts.chooseFolder(QStringLiteral("Where?"), folder.path()).isEmpty());
+    }
+    WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
+        EXPECT_EQ(shown->directory().canonicalPath(), QDir(QDir::homePath()).canonicalPath());
+        shown->selectFile(folder.path());
+        QMetaObject::invokeMethod(shown, "accept");
+    });
+    EXPECT_EQ(prompts.chooseFolder(QStringLiteral("Where?"), QStringLiteral("/no/such/folder")),
+              folder.path());
+}
+
+} // namespace

@@ -1,0 +1,196 @@
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtWatchTimer.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <gmock/gmock.h>
+#include <memory>
+
+using namespace norvane;
+
+namespace {
+
+constexpr int kNever = 60000; // an interval that no test lives to see
+constexpr int kPatience = 20000;
+
+class QtWatchTimerTest : public testing::Test
+{
+protected:
+    QtWatchTimerTest()
+    {
+        m_clock.start();
+        QObject::connect(&timer, &WatchTimer::tick, &timer, [this] {
+            starts.append(m_clock.elapsed());
+            ++depth;
+            deepest = std::max(deepest, depth);
+            if (onTick)
+                onTick();
+            --depth;
+            ends.append(m_clock.elapsed());
+        });
+    }
+
+    bool waitForTicks(int count)
+    {
+        return QTest::qWaitFor([&] { return starts.size() >= count; }, kPatience);
+    }
+    /// Lets the event loop run that long; what must not happen has had its chance.
+    void pass(int milliseconds)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return clock.elapsed() >= milliseconds; }, kPatience));
+    }
+    void run(int interval)
+    {
+        timer.setInterval(interval);
+        timer.setEnabled(true);
+    }
+
+    QtEventLoop loop;
+    QtWatchTimer timer{loop};
+    QVector<qint64> starts;
+    QVector<qint64> ends;
+    int depth = 0;
+    int deepest = 0;
+    std::function<void()> onTick;
+
+private:
+    QElapsedTimer m_clock;
+};
+
+TEST_F(QtWatchTimerTest, TicksAtItsInterval)
+{
+    run(40);
+    ASSERT_TRUE(waitForTicks(3));
+    for (int i = 1; i < 3; ++i)
+        EXPECT_GE(starts[i] - ends[i - 1], 37);
+}
+
+TEST_F(QtWatchTimerTest, DoesNotTickWhileItIsOff)
+{
+    timer.setInterval(1);
+    timer.requestTick();
+    pass(60);
+    timer.setEnabled(true);
+    timer.setInterval(0);
+    timer.requestTick();
+    pass(60);
+    timer.setInterval(kNever);
+    timer.requestTick();
+    timer.setEnabled(false);
+    timer.setEnabled(true);
+    pass(60);
+    EXPECT_TRUE(starts.isEmpty()) << "a request outlived the switch";
+    timer.requestTick();
+    EXPECT_TRUE(waitForTicks(1));
+}
+
+TEST_F(QtWatchTimerTest, RequestsBringTheNextTickForwardAsOne)
+{
+    run(kNever);
+    for (int i = 0; i < 50; ++i)
+        timer.requestTick();
+    EXPECT_TRUE(starts.isEmpty()) << "a request ticks by itself";
+    ASSERT_TRUE(waitForTicks(1));
+    pass(60);
+    EXPECT_EQ(starts.size(), 1);
+}
+
+TEST_F(QtWatchTimerTest, IntervalStartsAnewAfterARequestedTick)
+{
+    run(300);
+    pass(150);
+    timer.requestTick();
+    ASSERT_TRUE(waitForTicks(2));
+    EXPECT_GE(starts[1] - ends[0], 280);
+}
+
+TEST_F(QtWatchTimerTest, StormOfRequestsKeepsTicksApart)
+{
+    run(kNever);
+    QTimer storm;
+    QObject::connect(&storm, &QTimer::timeout, &timer, [&] { timer.requestTick(); });
+    storm.start(1);
+    ASSERT_TRUE(waitForTicks(12));
+    for (int i = 1; i < 12; ++i)
+        EXPECT_GE(starts[i] - ends[i - 1], QtWatchTimer::kLeastGapMs - 1) << i;
+}
+
+TEST_F(QtWatchTimerTest, SlowTicksRestLongerThanTheyTake)
+{
+    run(kNever);
+    onTick = [] {
+        QElapsedTimer work;
+        work.start();
+        while (work.elapsed() < 20) {
+        }
+    };
+    QTimer storm;
+    QObject::connect(&storm, &QTimer::timeout, &timer, [&] { timer.requestTick(); });
+    storm.start(1);
+    ASSERT_TRUE(waitForTicks(4));
+    for (int i = 1; i < 4; ++i)
+        EXPECT_GE(starts[i] - ends[i - 1], 3 * (ends[i - 1] - starts[i - 1])) << i;
+}
+
+TEST_F(QtWatchTimerTest, TickDueInsideATickComesAfterIt)
+{
+    run(10);
+    onTick = [this] {
+        if (starts.size() > 1)
+            return;
+        timer.setInterval(10);
+        pass(60); // a nested event loop in which the interval is over
+        EXPECT_EQ(starts.size(), 1);
+        timer.setInterval(0);
+        timer.requestTick();
+        timer.setInterval(kNever);
+    };
+    ASSERT_TRUE(waitForTicks(2));
+    EXPECT_EQ(deepest, 1);
+}
+
+TEST_F(QtWatchTimerTest, RequestInsideATickIsDroppedWhenTheTickSwitchesTheTimerOff)
+{
+    run(10);
+    onTick = [this] {
+        timer.requestTick();
+        timer.setInterval(0);
+    };
+    ASSERT_TRUE(waitForTicks(1));
+    pass(60);
+    timer.setInterval(kNever);
+    EXPECT_EQ(starts.size(), 1);
+}
+
+TEST_F(QtWatchTimerTest, TickDueInsideAYieldComesAfterIt)
+{
+    run(kNever);
+    bool yielded = false;
+    // Runs inside the yield, and keeps it long enough for the requested tick to fall due.
+    QTimer::singleShot(0, &timer, [&] {
+        ASSERT_TRUE(loop.yielding());
+        timer.requestTick();
+        pass(40);
+        loop.yield();
+        EXPECT_TRUE(loop.yielding()) << "a nested yield ended the outer one";
+        yielded = true;
+    });
+    loop.yield();
+    ASSERT_TRUE(yielded);
+    EXPECT_FALSE(loop.yielding());
+    EXPECT_TRUE(starts.isEmpty());
+    EXPECT_TRUE(waitForTicks(1));
+}
+
+TEST_F(QtWatchTimerTest, MayBeDestroyedByItsTick)
+{
+    auto doomed = std::make_unique<QtWatchTimer>(loop);
+    QObject::connect(doomed.get(), &WatchTimer::tick, &loop, [&] { doomed.reset(); });
+    doomed->setInterval(5);
+    doomed->setEnabled(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !doomed; }, kPatience));
+}
+
+} // namespace
