@@ -11,9 +11,9 @@ enum ErrorNumber {
     kErrorFileAccess = 75,          ///< a file or folder may not be read or written
     kErrorPathNotFound = 76,        ///< a folder on the way to a file is not there
     kErrorNothingThere = 91,        ///< a member of an object that does not exist was used
-    kErrorFileFormat = 321,         ///< the file is not of the kind that it should be
     kErrorBadPattern = 93,          ///< a wildcard pattern with a list that does not end
     kErrorDuplicateKey = 457,       ///< a collection has a member of that key already
+    kErrorFileFormat = 321,         ///< the file is not of the kind that it should be
     kErrorItemNotFound = 3265,      ///< no such field, table or collection member
     kErrorNoCurrentRecord = 3021,   ///< a record was read or changed where there is none
     kErrorUpdateWithoutEdit = 3020, ///< Update without AddNew or Edit before it
