@@ -69,7 +69,7 @@ Qt::CursorShape pointerOf(NoteGrip grip)
 
 } // namespace
 
-frmSticky::frmSticky(StickyServices &services)
+frmSticky::frmSticky(const StickyServices &services)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint), m_services(services),
       m_strip(new NoteStrip(this)), m_text(new NV_RTFEdit(services.files, this))
 {

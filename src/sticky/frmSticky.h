@@ -24,7 +24,7 @@ class frmSticky : public QWidget, public StickyNote
     Q_OBJECT
 
 public:
-    explicit frmSticky(StickyServices &services);
+    explicit frmSticky(const StickyServices &services);
     ~frmSticky() override;
 
     // Form
@@ -80,7 +80,7 @@ private:
     void targetDestroyed();
     void showGrip(NoteGrip grip);
 
-    StickyServices &m_services;
+    const StickyServices &m_services;
     WindowHandle m_handle = kNoWindow;
     NoteStrip *m_strip;
     NV_RTFEdit *m_text;
