@@ -34,6 +34,9 @@ signals:
     /// The target of an embedded window was destroyed. The window has been freed and hidden, and
     /// is still there; its owner decides what becomes of it.
     void targetDestroyed(norvane::WindowHandle window);
+    /// The window manager moved or sized the window inside its target. Never emitted for
+    /// moveWindow(), for following the target, for clipping or for a change of workspace.
+    void moved(norvane::WindowHandle window);
 };
 
 } // namespace norvane

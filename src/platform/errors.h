@@ -4,6 +4,7 @@ namespace norvane {
 
 /// The numbers of run-time errors that a user may see. One table, used by every backend.
 enum ErrorNumber {
+    kErrorInvalidCall = 5,          ///< an argument that makes no sense
     kErrorOverflow = 6,             ///< a number does not fit its 16-bit or 32-bit place
     kErrorTypeMismatch = 13,        ///< a value of the wrong kind
     kErrorFileNotFound = 53,        ///< a file that should be there is not
@@ -12,6 +13,7 @@ enum ErrorNumber {
     kErrorNothingThere = 91,        ///< a member of an object that does not exist was used
     kErrorBadPattern = 93,          ///< a wildcard pattern with a list that does not end
     kErrorDuplicateKey = 457,       ///< a collection has a member of that key already
+    kErrorFileFormat = 321,         ///< the file is not of the kind that it should be
     kErrorItemNotFound = 3265,      ///< no such field, table or collection member
     kErrorNoCurrentRecord = 3021,   ///< a record was read or changed where there is none
     kErrorUpdateWithoutEdit = 3020, ///< Update without AddNew or Edit before it

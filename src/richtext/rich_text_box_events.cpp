@@ -1,0 +1,213 @@
+// The events of RichTextBox: keys, mouse, clipboard, and what a document may load.
+
+#include "richtext/RichTextBox.h"
+#include "richtext/document_builder.h"
+#include "richtext/edit_mime_data.h"
+#include "richtext/format_conversion.h"
+#include "richtext/format_properties.h"
+#include "richtext/rtf/read.h"
+#include "richtext/virtual_keys.h"
+
+#include <QContextMenuEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QTextBlock>
+#include <QTextDocumentFragment>
+
+namespace norvane {
+
+/// Raises KeyPress for each unit of the text; false when nothing of it is left.
+bool RichTextBox::keyPressed(QString &text)
+{
+    QString kept;
+    for (const QChar unit : std::as_const(text)) {
+        int key = unit.unicode();
+        emit KeyPress(key);
+        if (key != 0)
+            kept += QChar(char16_t(key));
+    }
+    text = kept;
+    return !kept.isEmpty();
+}
+
+void RichTextBox::keyPressEvent(QKeyEvent *event)
+{
+    emit KeyDown(virtualKeyCode(*event), shiftState(event->modifiers()));
+    QString text = event->text();
+    if (!text.isEmpty() && !keyPressed(text)) {
+        event->accept();
+        return;
+    }
+    if (wouldChangeProtected(*event)) {
+        event->accept();
+        return;
+    }
+    if (text == event->text()) {
+        QTextEdit::keyPressEvent(event);
+    } else {
+        QKeyEvent changed(event->type(), 0, Qt::NoModifier, text, event->isAutoRepeat());
+        QTextEdit::keyPressEvent(&changed);
+        event->setAccepted(changed.isAccepted());
+    }
+}
+
+void RichTextBox::keyReleaseEvent(QKeyEvent *event)
+{
+    emit KeyUp(virtualKeyCode(*event), shiftState(event->modifiers()));
+    QTextEdit::keyReleaseEvent(event);
+}
+
+void RichTextBox::inputMethodEvent(QInputMethodEvent *event)
+{
+    QString text = event->commitString();
+    const QTextCursor cursor = textCursor();
+    const int from = cursor.selectionStart() + event->replacementStart();
+    if (isProtected(from, qMax(cursor.selectionEnd(), from + event->replacementLength()))) {
+        event->accept();
+        return;
+    }
+    if (text.isEmpty()) {
+        QTextEdit::inputMethodEvent(event);
+        return;
+    }
+    keyPressed(text);
+    QInputMethodEvent committed(event->preeditString(), event->attributes());
+    committed.setCommitString(text, event->replacementStart(), event->replacementLength());
+    QTextEdit::inputMethodEvent(&committed);
+    event->setAccepted(committed.isAccepted());
+}
+
+/// Whether text between two positions is protected, or a place between two protected characters.
+bool RichTextBox::isProtected(int from, int to) const
+{
+    const auto at = [this](int position) {
+        QTextCursor cursor(document());
+        cursor.setPosition(qBound(0, position + 1, document()->characterCount() - 1));
+        return cursor.charFormat().boolProperty(kProtectedProperty);
+    };
+    if (from >= to)
+        return from > 0 && at(from - 1) && at(from) && document()->characterCount() - 1 > from;
+    for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() < to;
+         block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextFragment fragment = part.fragment();
+            if (fragment.position() < to && fragment.position() + fragment.length() > from &&
+                fragment.charFormat().boolProperty(kProtectedProperty))
+                return true;
+        }
+    }
+    return false;
+}
+
+bool RichTextBox::wouldChangeProtected(const QKeyEvent &event) const
+{
+    QTextCursor cursor = textCursor();
+    if (!cursor.hasSelection()) {
+        if (event.matches(QKeySequence::DeleteStartOfWord))
+            cursor.movePosition(QTextCursor::PreviousWord, QTextCursor::KeepAnchor);
+        else if (event.matches(QKeySequence::DeleteEndOfWord))
+            cursor.movePosition(QTextCursor::NextWord, QTextCursor::KeepAnchor);
+        else if (event.matches(QKeySequence::DeleteEndOfLine))
+            cursor.movePosition(QTextCursor::EndOfLine, QTextCursor::KeepAnchor);
+        else if (event.key() == Qt::Key_Backspace)
+            cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
+        else if (event.key() == Qt::Key_Delete)
+            cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    }
+    const bool edits = event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete ||
+                       event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
+                       event.matches(QKeySequence::Cut) || event.matches(QKeySequence::Paste) ||
+                       event.matches(QKeySequence::DeleteEndOfLine) ||
+                       (!event.text().isEmpty() && event.text().at(0).isPrint()) || event.text() == u"\t";
+    return edits && isProtected(cursor.selectionStart(), cursor.selectionEnd());
+}
+
+void RichTextBox::emitMouse(MouseSignal signal, int button, const QMouseEvent &from)
+{
+    const double twips = twipsPerPixel();
+    emit(this->*signal)(button, shiftState(from.modifiers()), from.position().x() * twips,
+                       from.position().y() * twips);
+}
+
+void RichTextBox::mousePressEvent(QMouseEvent *event)
+{
+    emitMouse(&RichTextBox::MouseDown, buttonNumber(event->button()), *event);
+    m_leftPressed = event->button() == Qt::LeftButton;
+    QTextEdit::mousePressEvent(event);
+}
+
+void RichTextBox::mouseMoveEvent(QMouseEvent *event)
+{
+    emitMouse(&RichTextBox::MouseMove, buttonNumber(event->buttons()), *event);
+    QTextEdit::mouseMoveEvent(event);
+    // The base class has its own idea of the pointer over links.
+    setMousePointer(m_mousePointer);
+}
+
+void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
+{
+    QTextEdit::mouseReleaseEvent(event);
+    const bool click = m_leftPressed && event->button() == Qt::LeftButton &&
+                       viewport()->rect().contains(event->position().toPoint());
+    m_leftPressed = false;
+    emitMouse(&RichTextBox::MouseUp, buttonNumber(event->button()), *event);
+    if (click)
+        emit Click();
+}
+
+void RichTextBox::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QTextEdit::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton)
+        emit DblClick();
+}
+
+void RichTextBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    // The host opens its menu: on MouseUp for the mouse, by MenuKey for the keyboard.
+    event->accept();
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        emit MenuKey(cursorRect().bottomLeft());
+}
+
+QVariant RichTextBox::loadResource(int type, const QUrl &name)
+{
+    // Only what the document carries. An empty answer would let the base class look for files.
+    if (type == QTextDocument::ImageResource)
+        return m_pictures.image(name.toString());
+    return QString(u""_qs);
+}
+
+QMimeData *RichTextBox::createMimeDataFromSelection() const
+{
+    return mimeDataOf(textCursor()).release();
+}
+
+bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const
+{
+    return canInsertMimeData(*source);
+}
+
+void RichTextBox::insertFromMimeData(const QMimeData *source)
+{
+    QTextCursor cursor = textCursor();
+    if (isReadOnly() || isProtected(cursor.selectionStart(), cursor.selectionEnd()))
+        return;
+    const QByteArray rtf = richTextOf(*source);
+    const std::optional<rtf::Document> document = rtf::read(rtf);
+    if (document) {
+        buildDocument(*document, cursor, m_pictures, Extent::Piece);
+    } else if (source->hasHtml()) {
+        cursor.insertFragment(QTextDocumentFragment::fromHtml(source->html(), this->document()));
+    } else if (const std::optional<rtf::Picture> picture = pictureOf(*source)) {
+        cursor.insertImage(m_pictures.add(*picture));
+    } else if (source->hasText()) {
+        cursor.insertText(source->text());
+    }
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+} // namespace norvane

@@ -1,0 +1,258 @@
+// The format properties of RichTextBox: reading what a selection has in common, changing it.
+
+#include "richtext/RichTextBox.h"
+#include "richtext/format_conversion.h"
+#include "richtext/format_properties.h"
+#include "richtext/paper_colors.h"
+
+#include <QTextBlock>
+#include <QVector>
+
+namespace norvane {
+namespace {
+
+/// Sets or takes away a flag: a format without the property is the plain one.
+void setFlag(QTextCharFormat &format, int property, bool on)
+{
+    if (on)
+        format.setProperty(property, true);
+    else
+        format.clearProperty(property);
+}
+
+} // namespace
+
+const SelectionFormat &RichTextBox::selectionFormat() const
+{
+    if (!m_selectionFormat)
+        m_selectionFormat = selectionFormatOf(textCursor(), currentCharFormat());
+    return *m_selectionFormat;
+}
+
+void RichTextBox::changeCharacters(const CharacterChange &change)
+{
+    m_selectionFormat.reset();
+    QTextCursor cursor = textCursor();
+    if (!cursor.hasSelection()) {
+        QTextCharFormat typing = currentCharFormat();
+        change(typing);
+        setCurrentCharFormat(typing);
+        return;
+    }
+
+    struct Part
+    {
+        int from;
+        int to;
+        QTextCharFormat format;
+    };
+    QVector<Part> parts;
+    QVector<int> emptyParagraphs;
+    const int from = cursor.selectionStart();
+    const int to = cursor.selectionEnd();
+    for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() < to;
+         block = block.next()) {
+        if (block.length() == 1)
+            emptyParagraphs.append(block.position());
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextFragment fragment = part.fragment();
+            const int begin = qMax(from, fragment.position());
+            const int end = qMin(to, fragment.position() + fragment.length());
+            if (begin < end)
+                parts.append({begin, end, fragment.charFormat()});
+        }
+    }
+
+    QTextCursor edit(document());
+    edit.beginEditBlock();
+    for (Part &part : parts) {
+        change(part.format);
+        edit.setPosition(part.from);
+        edit.setPosition(part.to, QTextCursor::KeepAnchor);
+        edit.setCharFormat(part.format);
+    }
+    for (const int position : emptyParagraphs) {
+        edit.setPosition(position);
+        QTextCharFormat format = edit.blockCharFormat();
+        change(format);
+        edit.setBlockCharFormat(format);
+    }
+    edit.endEditBlock();
+}
+
+void RichTextBox::changeParagraphs(const ParagraphChange &change)
+{
+    m_selectionFormat.reset();
+    QTextCursor edit = textCursor();
+    const int from = edit.selectionStart();
+    const int to = edit.selectionEnd();
+    edit.beginEditBlock();
+    QTextBlock block = document()->findBlock(from);
+    do {
+        rtf::ParagraphFormat format = paragraphFormat(block);
+        change(format);
+        applyParagraphFormat(block, format);
+        block = block.next();
+    } while (block.isValid() && block.position() < to);
+    edit.endEditBlock();
+    m_selectionFormat.reset();
+}
+
+std::optional<int> RichTextBox::SelAlignment() const
+{
+    return selectionFormat().alignment;
+}
+
+void RichTextBox::setSelAlignment(int alignment)
+{
+    changeParagraphs([alignment](rtf::ParagraphFormat &format) {
+        if (alignment == 1)
+            format.alignment = rtf::Alignment::Right;
+        else if (alignment == 2)
+            format.alignment = rtf::Alignment::Center;
+        else if (alignment == 3)
+            format.alignment = rtf::Alignment::Justify;
+        else
+            format.alignment = format.rightToLeft ? rtf::Alignment::Left : rtf::Alignment::Leading;
+    });
+}
+
+std::optional<bool> RichTextBox::SelBold() const
+{
+    return selectionFormat().bold;
+}
+
+void RichTextBox::setSelBold(bool on)
+{
+    changeCharacters([on](QTextCharFormat &format) {
+        if (on)
+            format.setFontWeight(QFont::Bold);
+        else
+            format.clearProperty(QTextFormat::FontWeight);
+    });
+}
+
+std::optional<bool> RichTextBox::SelBullet() const
+{
+    return selectionFormat().bullet;
+}
+
+void RichTextBox::setSelBullet(bool on)
+{
+    changeParagraphs([on](rtf::ParagraphFormat &format) {
+        const bool standard =
+            format.leftIndent == kDefaultBulletIndent && format.firstIndent == -kDefaultBulletIndent;
+        if (on && !format.bullet && format.leftIndent == 0 && format.firstIndent == 0) {
+            format.leftIndent = kDefaultBulletIndent;
+            format.firstIndent = -kDefaultBulletIndent;
+        } else if (!on && format.bullet && standard) {
+            format.leftIndent = 0;
+            format.firstIndent = 0;
+        }
+        format.bullet = on;
+    });
+}
+
+std::optional<quint32> RichTextBox::SelColor() const
+{
+    return selectionFormat().color;
+}
+
+void RichTextBox::setSelColor(quint32 color)
+{
+    changeCharacters([color](QTextCharFormat &format) {
+        format.clearProperty(kBlackProperty);
+        if (color == 0 || color & 0x80000000)
+            format.clearForeground();
+        else
+            format.setForeground(colorFromBlueGreenRed(color));
+    });
+}
+
+std::optional<QString> RichTextBox::SelFontName() const
+{
+    return selectionFormat().fontName;
+}
+
+void RichTextBox::setSelFontName(const QString &name)
+{
+    changeCharacters([&name](QTextCharFormat &format) { format.setFontFamilies({name}); });
+}
+
+std::optional<double> RichTextBox::SelFontSize() const
+{
+    return selectionFormat().fontSize;
+}
+
+void RichTextBox::setSelFontSize(double points)
+{
+    if (!(points > 0)) // also not a number
+        return;
+    changeCharacters([points](QTextCharFormat &format) {
+        format.clearProperty(QTextFormat::FontPixelSize);
+        format.clearProperty(QTextFormat::FontSizeAdjustment);
+        if (format.boolProperty(kHiddenProperty))
+            format.setProperty(kHiddenSizeProperty, points);
+        else
+            format.setFontPointSize(points);
+    });
+}
+
+std::optional<bool> RichTextBox::SelItalic() const
+{
+    return selectionFormat().italic;
+}
+
+void RichTextBox::setSelItalic(bool on)
+{
+    changeCharacters([on](QTextCharFormat &format) { setFlag(format, QTextFormat::FontItalic, on); });
+}
+
+std::optional<bool> RichTextBox::SelProtected() const
+{
+    return selectionFormat().isProtected;
+}
+
+void RichTextBox::setSelProtected(bool on)
+{
+    changeCharacters([on](QTextCharFormat &format) { setFlag(format, kProtectedProperty, on); });
+}
+
+std::optional<int> RichTextBox::SelRightIndent() const
+{
+    return selectionFormat().rightIndent;
+}
+
+void RichTextBox::setSelRightIndent(int twips)
+{
+    changeParagraphs([twips](rtf::ParagraphFormat &format) { format.rightIndent = twips; });
+}
+
+std::optional<bool> RichTextBox::SelStrikeThru() const
+{
+    return selectionFormat().strikeThru;
+}
+
+void RichTextBox::setSelStrikeThru(bool on)
+{
+    changeCharacters([on](QTextCharFormat &format) { setFlag(format, QTextFormat::FontStrikeOut, on); });
+}
+
+std::optional<bool> RichTextBox::SelUnderline() const
+{
+    return selectionFormat().underline;
+}
+
+void RichTextBox::setSelUnderline(bool on)
+{
+    changeCharacters([on](QTextCharFormat &format) {
+        format.clearProperty(QTextFormat::FontUnderline);
+        format.clearProperty(kUnderlineProperty);
+        if (on)
+            format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+        else
+            format.clearProperty(QTextFormat::TextUnderlineStyle);
+    });
+}
+
+} // namespace norvane
