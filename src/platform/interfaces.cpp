@@ -6,12 +6,14 @@
 #include "platform/FileSystem.h"
 #include "platform/HotKeys.h"
 #include "platform/InstanceLock.h"
+#include "platform/Notifier.h"
 #include "platform/Processes.h"
 #include "platform/Prompts.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/ShellWindows.h"
 #include "platform/Sound.h"
+#include "platform/TrayHost.h"
 #include "platform/WatchTimer.h"
 #include "platform/WindowEmbedding.h"
 #include "platform/WindowSystem.h"
@@ -24,12 +26,14 @@ EventLoop::~EventLoop() = default;
 FileSystem::~FileSystem() = default;
 HotKeys::~HotKeys() = default;
 InstanceLock::~InstanceLock() = default;
+Notifier::~Notifier() = default;
 Processes::~Processes() = default;
 Prompts::~Prompts() = default;
 SettingsStore::~SettingsStore() = default;
 Shell::~Shell() = default;
 ShellWindows::~ShellWindows() = default;
 Sound::~Sound() = default;
+TrayHost::~TrayHost() = default;
 WatchTimer::~WatchTimer() = default;
 WindowEmbedding::~WindowEmbedding() = default;
 WindowSystem::~WindowSystem() = default;

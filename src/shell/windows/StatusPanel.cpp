@@ -1,0 +1,40 @@
+#include "shell/windows/StatusPanel.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace norvane {
+
+StatusPanel::StatusPanel(const QString &key, QWidget *parent) : QLabel(parent)
+{
+    setObjectName(key);
+}
+
+void StatusPanel::setPanelText(const QString &text)
+{
+    m_text = text;
+    setAccessibleName(text.trimmed());
+    setToolTip(text.trimmed());
+    updateGeometry();
+    update();
+}
+
+QSize StatusPanel::sizeHint() const
+{
+    return {fontMetrics().horizontalAdvance(m_text) + 2 * margin(), fontMetrics().height() + 2};
+}
+
+QSize StatusPanel::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 6, fontMetrics().height() + 2};
+}
+
+void StatusPanel::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(m_text, Qt::ElideMiddle, width());
+    style()->drawItemText(&painter, rect(), Qt::AlignVCenter | Qt::AlignLeft, palette(), isEnabled(), shown,
+                          foregroundRole());
+}
+
+} // namespace norvane

@@ -1,0 +1,167 @@
+#include "shell/windows/frmMain.h"
+
+#include "platform/SettingsStore.h"
+#include "shell/numeric_prefix.h"
+#include "shell/windows/KeyHints.h"
+#include "shell/windows/StatusPanel.h"
+#include "shell/windows/TrayIcon.h"
+#include "shell/windows/form_icon.h"
+#include "shell/windows/mdiMain.h"
+
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+namespace norvane {
+
+namespace {
+
+const QString kSection = QStringLiteral("NoteBrowser");
+
+} // namespace
+
+frmMain::frmMain(FormList &forms, SettingsStore &settings, mdiMain &frame, TrayHost &trayHost, Twips twips)
+    : m_forms(forms), m_settings(settings), m_twips(twips), m_hints(new KeyHints), m_categoryBar(new QTabBar),
+      m_rowPanel(new StatusPanel(QStringLiteral("ROW"))), m_trayIcon(new TrayIcon(trayHost, this))
+{
+    setObjectName(formName());
+    setWindowTitle(tr("Note Browser"));
+    SetFormIcon(this);
+
+    m_categoryBar->setObjectName(QStringLiteral("tbCat"));
+    m_categoryBar->setAccessibleName(tr("Categories"));
+    m_categoryBar->setShape(QTabBar::RoundedSouth);
+    m_categoryBar->setExpanding(false);
+    m_categoryBar->setDrawBase(false);
+    m_categoryBar->setUsesScrollButtons(true);
+    m_categoryBar->setEnabled(false); // there is no list yet that it could filter
+
+    auto *status = new QStatusBar;
+    status->setObjectName(QStringLiteral("StatusBar1"));
+    status->setSizeGripEnabled(false);
+    status->addWidget(m_rowPanel);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_hints, 1);
+    layout->addWidget(m_categoryBar);
+    layout->addWidget(status);
+    if (numericPrefix(settings.get(kSection, QStringLiteral("ShowCategoryBar"), QStringLiteral("1"))) == 0.0)
+        m_categoryBar->hide();
+
+    m_hotKeyWindow.create();
+    m_window = frame.addChild(this);
+    m_window->setWindowIcon(windowIcon());
+    restorePlace();
+    setRow(0, 0);
+    m_forms.add(this);
+}
+
+frmMain::~frmMain()
+{
+    m_forms.remove(this);
+}
+
+QString frmMain::formName() const
+{
+    return QStringLiteral("frmMain");
+}
+
+WindowHandle frmMain::hWnd() const
+{
+    return static_cast<WindowHandle>(m_hotKeyWindow.winId());
+}
+
+void frmMain::unload()
+{
+    savePlace();
+    m_trayIcon->hide();
+    m_forms.remove(this);
+    m_window->hide();
+    m_window->deleteLater();
+}
+
+void frmMain::bringUp()
+{
+    if (m_window->isMinimized())
+        m_window->showNormal();
+    show();
+    m_window->show();
+    m_window->raise();
+    m_window->setFocus();
+}
+
+void frmMain::setRow(int row, int rows)
+{
+    m_rowPanel->setPanelText(QStringLiteral("Row: %1 of %2").arg(row).arg(rows));
+}
+
+void frmMain::setCategoryTabs(const QVector<CategoryTab> &tabs)
+{
+    while (m_categoryBar->count() > 0)
+        m_categoryBar->removeTab(0);
+    for (const CategoryTab &tab : tabs)
+        m_categoryBar->setTabData(m_categoryBar->addTab(tab.caption), tab.key);
+}
+
+int frmMain::categoryTabCount() const
+{
+    return m_categoryBar->count();
+}
+
+void frmMain::selectCategoryTab(int number)
+{
+    m_categoryBar->setCurrentIndex(number - 1);
+}
+
+int frmMain::selectedCategory() const
+{
+    const QString key = m_categoryBar->tabData(m_categoryBar->currentIndex()).toString();
+    return numericPrefixInt(key.mid(1));
+}
+
+void frmMain::setHotKeyTexts(const QString &attach, const QString &detach, const QString &remove,
+                             const QString &browser)
+{
+    m_hints->setHints({{attach, tr("Attach a note to the window in front")},
+                       {detach, tr("Close the note of the window in front")},
+                       {remove, tr("Delete the note of the window in front")},
+                       {browser, tr("Show or hide this window")}});
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    m_window->hide();
+}
+
+void frmMain::restorePlace()
+{
+    const auto value = [this](const char16_t *key, const char16_t *otherwise) {
+        return numericPrefix(
+            m_settings.get(kSection, QString::fromUtf16(key), QString::fromUtf16(otherwise)));
+    };
+    m_window->setGeometry(m_twips.toPixels(QRectF(value(u"Left", u"0"), value(u"Top", u"0"),
+                                                  value(u"Width", u"10000"), value(u"Height", u"7000"))));
+}
+
+void frmMain::savePlace()
+{
+    const QRectF place = m_twips.fromPixels(m_window->geometry());
+    const auto write = [this](const char16_t *key, double number) {
+        m_settings.save(kSection, QString::fromUtf16(key), QString::number(qRound64(number)));
+    };
+    if (!m_window->isMinimized() && !m_window->isMaximized()) {
+        write(u"Top", place.top());
+        write(u"Left", place.left());
+        write(u"Width", place.width());
+        write(u"Height", place.height());
+    }
+    write(u"WindowState", m_window->isMinimized() ? 1 : m_window->isMaximized() ? 2 : 0);
+    write(u"LastCategory", m_categoryBar->currentIndex() + 1);
+}
+
+} // namespace norvane
