@@ -23,12 +23,18 @@ public:
     /// @return the path of the file; empty when it could not be written
     QString rescue(const QString &title, const QByteArray &rtf);
 
+    /// From now on nothing is told: there is no screen any more to tell it on.
+    void silence() { m_silent = true; }
+
 private:
+    void tell(const QString &text, int icon);
+
     const NoteStore &m_store;
     FileSystem &m_files;
     const Clock &m_clock;
     Prompts &m_prompts;
     bool m_told = false;
+    bool m_silent = false;
 };
 
 } // namespace norvane

@@ -95,6 +95,16 @@ TEST_F(Rescuing, isToldOnceAndNamesTheFolder)
     EXPECT_EQ(files.files.size(), 2);
 }
 
+TEST_F(Rescuing, goesOnWithoutAScreen)
+{
+    rescue.silence();
+    EXPECT_FALSE(rescue.rescue(QStringLiteral("One"), "1").isEmpty());
+    files.failAllWrites = 3026;
+    EXPECT_TRUE(rescue.rescue(QStringLiteral("Two"), "2").isEmpty());
+    EXPECT_TRUE(prompts.boxes.isEmpty());
+    EXPECT_EQ(files.files.size(), 1);
+}
+
 TEST_F(Rescuing, saysSoWheneverANoteIsLost)
 {
     files.failAllWrites = 3026;
