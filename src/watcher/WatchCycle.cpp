@@ -24,6 +24,18 @@
 
 namespace norvane {
 
+namespace {
+
+/// Whether the window's own words made the condition fail: asking again cannot go better. Any other
+/// fault (a locked database, say) may pass.
+bool isAboutTheText(const RuntimeError &error)
+{
+    return error.number() == kErrorSyntax || error.number() == kErrorItemNotFound ||
+           error.number() == kErrorTypeMismatch;
+}
+
+} // namespace
+
 WatchCycle::WatchCycle(const WatchParts &parts, QObject *parent)
     : QObject(parent), m_parts(parts), m_loader(parts.store, parts.windows, parts.location, parts.Clips,
                                                 parts.forms, parts.clock, parts.sound, parts.stickies)
@@ -139,7 +151,7 @@ void WatchCycle::openNoteOf(const clsWindow &window)
     try {
         id = noteToOpen(window);
     } catch (const RuntimeError &error) {
-        if (error.number() == kErrorSyntax) {
+        if (isAboutTheText(error)) {
             answer.partialLength = m_parts.settings.PartialMatchLength;
             answer.unparsable = true;
             m_kept.insert(window.hWnd, answer);
