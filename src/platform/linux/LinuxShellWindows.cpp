@@ -32,7 +32,7 @@ struct AwaitedResult
 
 struct LinuxShellWindows::Private
 {
-    Private(LinuxShellWindows *owner, WindowSystem &windows, const Session &session)
+    Private(LinuxShellWindows *owner, WindowSystem &windows, const DesktopSession &session)
         : q(owner), display(session.display), buses(session.busAddress),
           tracker(windows, session.pixelRatio,
                   [this](const LookUpRequest &request) { return startLookUp(request); })
@@ -53,7 +53,7 @@ struct LinuxShellWindows::Private
     std::vector<std::unique_ptr<ProgramQueue>> endingQueues;
 };
 
-LinuxShellWindows::LinuxShellWindows(WindowSystem &windows, const Session &session, QObject *parent)
+LinuxShellWindows::LinuxShellWindows(WindowSystem &windows, const DesktopSession &session, QObject *parent)
     : ShellWindows(parent), m_d(std::make_unique<Private>(this, windows, session))
 {
     Private *d = m_d.get();

@@ -8,6 +8,14 @@ namespace norvane {
 
 class WindowSystem;
 
+/// The session whose windows are looked at.
+struct DesktopSession
+{
+    QString busAddress;   ///< of the session bus; empty: the one that the environment names
+    QString display;      ///< X display of the windows; empty: the one that the environment names
+    qreal pixelRatio = 1; ///< device pixels of the desktop per logical pixel
+};
+
 /// Locations of browser and folder windows on a Linux desktop.
 ///
 /// Browsers and most file managers tell them on the accessibility bus, others on the session bus.
@@ -18,15 +26,9 @@ class LinuxShellWindows final : public ShellWindows
     Q_OBJECT
 
 public:
-    struct Session
-    {
-        QString busAddress;   ///< of the session bus; empty: the one that the environment names
-        QString display;      ///< X display of the windows; empty: the one that the environment names
-        qreal pixelRatio = 1; ///< device pixels of the desktop per logical pixel
-    };
-
     /// @param windows must outlive the object
-    explicit LinuxShellWindows(WindowSystem &windows, const Session &session = {}, QObject *parent = nullptr);
+    explicit LinuxShellWindows(WindowSystem &windows, const DesktopSession &session = {},
+                               QObject *parent = nullptr);
     /// Waits for look-ups under way, a few tenths of a second at most.
     ~LinuxShellWindows() override;
 
