@@ -44,7 +44,7 @@ Program::Watching::Watching(Program &program)
                 .clock = program.m_backends.clock,
                 .sound = program.m_backends.sound,
                 .hotKeys = program.m_backends.hotKeys,
-                .grid = program.m_windows,
+                .grid = program.m_views,
                 .rescue = program.m_rescue,
                 .twips = program.m_twips,
                 .clickSound = program.m_state.DefaultSoundFile}),
@@ -78,26 +78,29 @@ Program::Watching::Watching(Program &program)
               .clock = program.m_backends.clock,
               .sound = program.m_backends.sound,
               .stickies = stickies},
-             cycle, program.m_windows),
+             cycle, program.m_views),
       noteKeys(program.m_state.store, program.m_backends.windows, program.m_location, program.m_state.forms,
-               attach, program.m_windows, program.m_backends.prompts)
+               attach, program.m_views, program.m_backends.prompts)
 {
-    attach.setGrid(&program.m_windows);
-    noteKeys.setGrid(&program.m_windows);
+    attach.setGrid(&program.m_views);
+    noteKeys.setGrid(&program.m_views);
 }
 
 Program::Program()
     : m_state(*m_backends.engine, m_backends.files), m_twips(screenTwips()),
       m_location(m_backends.windows, m_backends.shellWindows, m_backends.processes, m_state.watch),
-      m_hotKeys(m_backends.hotKeys), m_windows({.forms = m_state.forms,
-                                                .store = m_state.store,
-                                                .settings = m_backends.settings,
-                                                .clock = m_backends.clock,
-                                                .windows = m_backends.windows,
-                                                .sound = m_backends.sound,
-                                                .trayHost = m_backends.trayHost,
-                                                .twips = m_twips}),
-      m_rescue(m_state.store, m_backends.files, m_backends.clock, m_backends.notifier),
+      m_hotKeys(m_backends.hotKeys),
+      m_windows({.forms = m_state.forms,
+                 .store = m_state.store,
+                 .settings = m_backends.settings,
+                 .clock = m_backends.clock,
+                 .events = m_backends.events,
+                 .windows = m_backends.windows,
+                 .sound = m_backends.sound,
+                 .trayHost = m_backends.trayHost,
+                 .twips = m_twips,
+                 .version = QVersionNumber::fromString(QCoreApplication::applicationVersion())}),
+      m_views(m_windows), m_rescue(m_state.store, m_backends.files, m_backends.clock, m_backends.notifier),
       m_shutDown({.store = m_state.store,
                   .watch = m_state.watch,
                   .timer = m_backends.timer,
@@ -140,13 +143,13 @@ int Program::run(const QStringList &arguments)
     connect(
         qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { saveDirtyNotes(m_state.forms); },
         Qt::DirectConnection);
-    connectFrame();
     registerHotKeys();
-    connectTray();
+    connectWindows();
+    fillTray();
     connect(&m_backends.shellWindows, &ShellWindows::locationChanged, this, &Program::offerAccessibility);
 
     m_firstStart.show(m_hotKeys.text(HotKeyId::Attach), m_hotKeys.text(HotKeyId::Main),
-                      [this](const QString &text) { m_windows.showFor(text, kFirstNoticeMs); });
+                      [this](const QString &text) { m_windows.showNotice(text, kFirstNoticeMs); });
     const int code = QCoreApplication::exec();
     end(); // when the loop was left by another way than the shut-down
     return code;
@@ -159,13 +162,10 @@ void Program::end()
     m_shutDown.run();
 }
 
-void Program::connectFrame()
+void Program::connectWindows()
 {
-    connect(m_windows.frame(), &mdiMain::shutDownRequested, this, &Program::end, Qt::QueuedConnection);
-    connect(m_windows.frame(), &mdiMain::commandTriggered, this, [this](const QString &key) {
-        if (key == u"NOTEBROWSER" && m_windows.browser())
-            m_windows.browser()->bringUp();
-    });
+    connect(&m_windows, &ShellForms::shutDownRequested, this, &Program::end, Qt::QueuedConnection);
+    connect(&m_windows, &ShellForms::openPageRequested, this, &Program::openPage);
     m_windows.browser()->setHotKeyTexts(m_hotKeys.text(HotKeyId::Attach), m_hotKeys.text(HotKeyId::Detach),
                                         m_hotKeys.text(HotKeyId::Delete), m_hotKeys.text(HotKeyId::Main));
 }
@@ -198,7 +198,7 @@ void Program::hotKeyPressed(int id)
         return;
     switch (*action) {
     case HotKeyAction::ToggleBrowser:
-        m_windows.toggleBrowser();
+        m_windows.ToggleBrowser();
         break;
     case HotKeyAction::AttachFrontWindow:
         m_watching->noteKeys.attachFrontWindow();
@@ -218,15 +218,12 @@ void Program::hotKeyPressed(int id)
 
 // ---- Tray ----
 
-void Program::connectTray()
+void Program::fillTray()
 {
     TrayIcon *tray = m_windows.browser()->trayIcon();
     tray->setMenuSource([this] { return trayEntries(); });
     tray->setPageSource([this] { return trayPages(); });
-    connect(tray, &TrayIcon::activated, this, [this] { m_windows.toggleBrowser(); });
-    connect(tray, &TrayIcon::commandTriggered, this, &Program::trayCommand);
-    connect(tray, &TrayIcon::pageTriggered, this, &Program::openPage);
-    tray->show();
+    tray->rebuildMenu();
 }
 
 QVector<TrayEntry> Program::trayEntries() const
@@ -264,14 +261,6 @@ QVector<TrayPage> Program::trayPages() const
         pages.clear();
     }
     return pages;
-}
-
-void Program::trayCommand(const QString &name)
-{
-    if (name == u"mnu_ControlPanel")
-        m_windows.toggleBrowser();
-    else if (name == u"mnu_exit")
-        end();
 }
 
 void Program::openPage(int id)

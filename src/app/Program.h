@@ -1,12 +1,13 @@
 #pragma once
 
 #include "app/Backends.h"
-#include "app/ProgramWindows.h"
+#include "app/ProgramViews.h"
 #include "options/HotKeyModel.h"
 #include "shell/AccessibilityOffer.h"
 #include "shell/FirstStartNotice.h"
 #include "shell/lifecycle/SharedState.h"
 #include "shell/lifecycle/ShutDown.h"
+#include "shell/windows/ShellForms.h"
 #include "sticky/frmStickyFactory.h"
 #include "store/NoteRescue.h"
 #include "watcher/AttachWindow.h"
@@ -46,12 +47,10 @@ private:
         NoteHotKeys noteKeys;
     };
 
-    bool start(const QStringList &arguments);
-    void connectFrame();
-    void connectTray();
+    void connectWindows();
+    void fillTray();
     void registerHotKeys();
     void hotKeyPressed(int id);
-    void trayCommand(const QString &name);
     void openPage(int id);
     void offerAccessibility();
     void end();
@@ -64,7 +63,8 @@ private:
     Twips m_twips;
     WindowLocation m_location;
     HotKeyModel m_hotKeys;
-    ProgramWindows m_windows;
+    ShellForms m_windows;
+    ProgramViews m_views;
     NoteRescue m_rescue;
     ShutDown m_shutDown;
     FirstStartNotice m_firstStart;

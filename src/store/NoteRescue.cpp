@@ -1,7 +1,7 @@
 #include "store/NoteRescue.h"
 
 #include "platform/Clock.h"
-#include "platform/Prompts.h"
+#include "platform/Notifier.h"
 #include "platform/RuntimeError.h"
 #include "shell/internal_error.h"
 #include "shell/path_rules.h"
@@ -12,8 +12,8 @@
 
 namespace norvane {
 
-NoteRescue::NoteRescue(const NoteStore &store, FileSystem &files, const Clock &clock, Prompts &prompts)
-    : m_store(store), m_files(files), m_clock(clock), m_prompts(prompts)
+NoteRescue::NoteRescue(const NoteStore &store, FileSystem &files, const Clock &clock, Notifier &notifier)
+    : m_store(store), m_files(files), m_clock(clock), m_notifier(notifier)
 {
 }
 
@@ -21,27 +21,22 @@ QString NoteRescue::rescue(const QString &title, const QByteArray &rtf)
 {
     try {
         const QString path = writeRescueFile(m_files, m_store.DatabaseFolder, title, m_clock.now(), rtf);
-        // Before the box: events that run while it stands may bring the next note.
-        const bool first = !std::exchange(m_told, true);
-        if (first)
+        if (!std::exchange(m_told, true))
             tell(QStringLiteral("The note '%1' could not be saved in the note database.\n"
                                 "It was written as a document into the folder '%2', where it can be opened "
                                 "with any word processor.")
-                     .arg(title, withoutSeparator(folderOf(path))),
-                 Prompts::kExclamation);
+                     .arg(title, withoutSeparator(folderOf(path))));
         return path;
     } catch (const RuntimeError &error) {
         tell(QStringLiteral("The note '%1' could not be saved, and its last changes are lost.\n%2")
-                 .arg(title, error.description()),
-             Prompts::kCritical);
+                 .arg(title, error.description()));
         return {};
     }
 }
 
-void NoteRescue::tell(const QString &text, int icon)
+void NoteRescue::tell(const QString &text)
 {
-    if (!m_silent)
-        m_prompts.messageBox(text, icon, kApplicationTitle.toString());
+    m_notifier.notify(kApplicationTitle.toString(), text, [](bool) {});
 }
 
 } // namespace norvane
