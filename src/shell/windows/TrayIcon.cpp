@@ -14,15 +14,17 @@ namespace norvane {
 
 namespace {
 
-const QString kOpen = QStringLiteral("mnu_Open");
+constexpr int kChangeDelayMs = 200;
 
-/// A note's title as it reads: no access keys, no second column.
-QString pageCaption(QString title)
+QString withoutAccessKeys(QString caption)
 {
-    title.replace(u'&', QStringLiteral("&&"));
-    for (const QChar blank : {QChar(u'\t'), QChar(u'\n'), QChar(u'\r')})
-        title.replace(blank, u' ');
-    return title;
+    return caption.replace(u'&', QStringLiteral("&&"));
+}
+
+/// A note's title as it reads: on one line, with no second column.
+QString pageCaption(const QString &title)
+{
+    return withoutAccessKeys(title.simplified());
 }
 
 } // namespace
@@ -30,6 +32,12 @@ QString pageCaption(QString title)
 TrayIcon::TrayIcon(TrayHost &host, QObject *parent) : QObject(parent), m_host(host)
 {
     setObjectName(QStringLiteral("TrayIcon1"));
+    m_changeTimer.setSingleShot(true);
+    m_changeTimer.setInterval(kChangeDelayMs);
+    connect(&m_changeTimer, &QTimer::timeout, this, [this] {
+        rebuild();
+        fillPages();
+    });
     connect(&m_host, &TrayHost::appeared, this, [this] {
         if (m_wanted)
             show();
@@ -41,15 +49,16 @@ TrayIcon::~TrayIcon()
     hide();
 }
 
-void TrayIcon::setMenuSource(std::function<QVector<TrayEntry>()> source)
+void TrayIcon::setMenuSource(std::function<QVector<TrayMenuItem>()> source)
 {
     m_menuSource = std::move(source);
-    rebuildMenu();
+    noteChange();
 }
 
-void TrayIcon::setPageSource(std::function<QVector<TrayPage>()> source)
+void TrayIcon::noteChange()
 {
-    m_pageSource = std::move(source);
+    if (m_host.kind() == TrayHost::Kind::Activates)
+        m_changeTimer.start();
 }
 
 void TrayIcon::show()
@@ -81,15 +90,16 @@ void TrayIcon::make()
     m_menu->setObjectName(QStringLiteral("mnu"));
     m_pages = std::make_unique<QMenu>();
     m_pages->setObjectName(QStringLiteral("mnu_Open_Sub"));
-    rebuildMenu();
-    connect(m_menu.get(), &QMenu::aboutToShow, this, &TrayIcon::rebuildMenu);
-    connect(m_pages.get(), &QMenu::aboutToShow, this, &TrayIcon::fillPages);
+    rebuild();
     if (m_host.kind() == TrayHost::Kind::Activates) {
-        // Such a host may show the menu without a word about its submenus.
-        connect(m_menu.get(), &QMenu::aboutToShow, this, &TrayIcon::fillPages);
+        // Such a host shows a copy of the menu, which must not change while it is open.
+        fillPages();
+    } else {
+        connect(m_menu.get(), &QMenu::aboutToShow, this, &TrayIcon::rebuild);
+        connect(m_pages.get(), &QMenu::aboutToShow, this, &TrayIcon::fillPages);
     }
 
-    m_icon = std::make_unique<QSystemTrayIcon>(applicationIcon());
+    m_icon = std::make_unique<QSystemTrayIcon>(applicationIcon(), this);
     m_icon->setToolTip(QStringLiteral("Norvane"));
     m_icon->setContextMenu(m_menu.get());
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
@@ -107,53 +117,49 @@ void TrayIcon::make()
             });
 }
 
-void TrayIcon::rebuildMenu()
+void TrayIcon::rebuild()
 {
     if (!m_menu || !m_menuSource)
         return;
-    // A menu that is the same is left alone: a host may be showing it.
-    const QVector<TrayEntry> entries = m_menuSource();
-    if (entries != m_entries)
-        fill(entries);
-}
-
-void TrayIcon::fill(const QVector<TrayEntry> &entries)
-{
-    m_entries = entries;
     m_menu->clear();
-    for (const TrayEntry &entry : entries) {
-        QAction *action = addEntry(entry);
-        action->setObjectName(entry.name);
-        action->setEnabled(entry.enabled);
-        if (entry.isDefault)
+    m_pages->clear();
+    m_pageItems.clear();
+    const QVector<TrayMenuItem> items = m_menuSource();
+    for (const TrayMenuItem &item : items) {
+        QAction *action = addItem(item);
+        action->setObjectName(item.name);
+        action->setEnabled(item.enabled);
+        action->setVisible(item.visible);
+        if (item.isDefault)
             m_menu->setDefaultAction(action);
     }
-    m_pages->clear();
-    m_pages->addAction(tr("(Empty)"))->setEnabled(false);
 }
 
-QAction *TrayIcon::addEntry(const TrayEntry &entry)
+QAction *TrayIcon::addItem(const TrayMenuItem &item)
 {
-    if (entry.name.startsWith(u"mnu_sep"))
+    if (item.separator)
         return m_menu->addSeparator();
-    if (entry.name == kOpen) {
-        m_pages->setTitle(entry.caption);
+    const QString caption = withoutAccessKeys(item.caption);
+    if (!item.children.isEmpty()) {
+        m_pageItems = item.children;
+        m_pages->setTitle(caption);
         return m_menu->addMenu(m_pages.get());
     }
-    QAction *action = m_menu->addAction(entry.caption);
-    connect(action, &QAction::triggered, this, [this, name = entry.name] { emit commandTriggered(name); });
+    QAction *action = m_menu->addAction(caption);
+    connect(action, &QAction::triggered, this, [this, name = item.name] { emit commandTriggered(name); });
     return action;
 }
 
+// There may be thousands of pages, and the menu is opened more often than this one.
 void TrayIcon::fillPages()
 {
-    const QVector<TrayPage> pages = m_pageSource ? m_pageSource() : QVector<TrayPage>();
     m_pages->clear();
-    if (pages.isEmpty())
-        m_pages->addAction(tr("(Empty)"))->setEnabled(false);
-    for (const TrayPage &page : pages) {
+    for (const TrayMenuItem &page : std::as_const(m_pageItems)) {
         QAction *action = m_pages->addAction(pageCaption(page.caption));
-        connect(action, &QAction::triggered, this, [this, id = page.id] { emit pageTriggered(id); });
+        action->setObjectName(page.name);
+        action->setEnabled(page.enabled);
+        action->setVisible(page.visible);
+        connect(action, &QAction::triggered, this, [this, id = page.tag] { emit pageTriggered(id); });
     }
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "shell/tray_menu.h"
+
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <QVector>
 #include <functional>
 #include <memory>
@@ -14,24 +17,6 @@ class QSystemTrayIcon;
 namespace norvane {
 
 class TrayHost;
-
-/// An entry of the tray menu `mnu`.
-struct TrayEntry
-{
-    QString name;    ///< "mnu_Search", …; a separator's name starts with "mnu_sep"
-    QString caption; ///< a key's text may stand behind a tab
-    bool enabled = true;
-    bool isDefault = false;
-
-    bool operator==(const TrayEntry &) const = default;
-};
-
-/// An entry of the submenu `mnu_Open_Sub`: a note with a location.
-struct TrayPage
-{
-    QString caption;
-    int id = 0;
-};
 
 /// The icon in the notification area, `TrayIcon1`, with its menu.
 ///
@@ -46,13 +31,11 @@ public:
     explicit TrayIcon(TrayHost &host, QObject *parent = nullptr);
     ~TrayIcon() override;
 
-    /// Where the menu's entries come from; asked at every rebuild and whenever the menu opens.
-    void setMenuSource(std::function<QVector<TrayEntry>()> source);
-    /// Where the pages of "Open Page" come from; asked when that submenu opens.
-    void setPageSource(std::function<QVector<TrayPage>()> source);
-
-    /// To be called when the notes or the hot keys have changed.
-    void rebuildMenu();
+    /// Where the menu comes from: asked whenever it opens, and after changes where the host keeps a
+    /// copy of it. It must not raise: it is called from the event loop.
+    void setMenuSource(std::function<QVector<TrayMenuItem>()> source);
+    /// To be called when notes or hot keys have changed; several calls in a row are one.
+    void noteChange();
     /// Shows the icon, now or when a host comes up.
     void show();
     void hide();
@@ -69,17 +52,17 @@ signals:
 
 private:
     void make();
-    void fill(const QVector<TrayEntry> &entries);
+    void rebuild();
     void fillPages();
-    QAction *addEntry(const TrayEntry &entry);
+    QAction *addItem(const TrayMenuItem &item);
 
     TrayHost &m_host;
-    std::function<QVector<TrayEntry>()> m_menuSource;
-    std::function<QVector<TrayPage>()> m_pageSource;
+    std::function<QVector<TrayMenuItem>()> m_menuSource;
     std::unique_ptr<QMenu> m_menu; ///< outlives the icon, which refers to it
     std::unique_ptr<QMenu> m_pages;
     std::unique_ptr<QSystemTrayIcon> m_icon;
-    QVector<TrayEntry> m_entries; ///< what the menu shows
+    QVector<TrayMenuItem> m_pageItems; ///< what `mnu_Open_Sub` shows when it opens
+    QTimer m_changeTimer;
     QElapsedTimer m_sinceActivation;
     bool m_wanted = false;
 };

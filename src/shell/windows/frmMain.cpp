@@ -1,6 +1,7 @@
 #include "shell/windows/frmMain.h"
 
 #include "platform/SettingsStore.h"
+#include "platform/dao.h"
 #include "shell/numeric_prefix.h"
 #include "shell/windows/KeyHints.h"
 #include "shell/windows/StatusPanel.h"
@@ -9,9 +10,11 @@
 #include "shell/windows/mdiMain.h"
 
 #include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QMdiSubWindow>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace norvane {
@@ -24,7 +27,8 @@ const QString kSection = QStringLiteral("NoteBrowser");
 
 frmMain::frmMain(FormList &forms, SettingsStore &settings, mdiMain &frame, TrayHost &trayHost, Twips twips)
     : m_forms(forms), m_settings(settings), m_twips(twips), m_hints(new KeyHints), m_categoryBar(new QTabBar),
-      m_rowPanel(new StatusPanel(QStringLiteral("ROW"))), m_trayIcon(new TrayIcon(trayHost, this))
+      m_previewButton(new QToolButton), m_rowPanel(new StatusPanel(QStringLiteral("ROW"))),
+      m_trayIcon(new TrayIcon(trayHost, this))
 {
     setObjectName(formName());
     setWindowTitle(tr("Note Browser"));
@@ -43,11 +47,21 @@ frmMain::frmMain(FormList &forms, SettingsStore &settings, mdiMain &frame, TrayH
     status->setSizeGripEnabled(false);
     status->addWidget(m_rowPanel);
 
+    m_previewButton->setObjectName(QStringLiteral("ARButton10"));
+    m_previewButton->setText(tr("Show Preview"));
+    m_previewButton->setToolTip(tr("Show/Hide Note Preview Window"));
+    m_previewButton->setCheckable(true);
+    m_previewButton->setEnabled(false); // the preview shows a row of the list
+    auto *bottom = new QHBoxLayout;
+    bottom->setContentsMargins(2, 0, 4, 0);
+    bottom->addWidget(m_categoryBar, 1);
+    bottom->addWidget(m_previewButton);
+
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_hints, 1);
-    layout->addWidget(m_categoryBar);
+    layout->addLayout(bottom);
     layout->addWidget(status);
     if (numericPrefix(settings.get(kSection, QStringLiteral("ShowCategoryBar"), QStringLiteral("1"))) == 0.0)
         m_categoryBar->hide();
@@ -56,7 +70,7 @@ frmMain::frmMain(FormList &forms, SettingsStore &settings, mdiMain &frame, TrayH
     m_window = frame.addChild(this);
     m_window->setWindowIcon(windowIcon());
     restorePlace();
-    setRow(0, 0);
+    showRow();
     m_forms.add(this);
 }
 
@@ -94,17 +108,36 @@ void frmMain::bringUp()
     m_window->setFocus();
 }
 
-void frmMain::setRow(int row, int rows)
+void frmMain::showRow()
 {
-    m_rowPanel->setPanelText(QStringLiteral("Row: %1 of %2").arg(row).arg(rows));
+    // Without a list there are no rows, whatever the database holds.
+    m_rowPanel->setPanelText(QStringLiteral("Row: %1 of %2").arg(0).arg(0));
 }
 
-void frmMain::setCategoryTabs(const QVector<CategoryTab> &tabs)
+void frmMain::Refresh_tbCAT(dao::Recordset *categories)
 {
     while (m_categoryBar->count() > 0)
         m_categoryBar->removeTab(0);
-    for (const CategoryTab &tab : tabs)
-        m_categoryBar->setTabData(m_categoryBar->addTab(tab.caption), tab.key);
+    addCategoryTab(tr("(All Categories)"), QStringLiteral("K0"));
+    if (categories != nullptr && categories->recordCount() > 0) {
+        for (categories->moveFirst(); !categories->eof(); categories->moveNext()) {
+            QString caption = categories->field(QStringLiteral("Name")).toString();
+            caption.replace(u'&', QStringLiteral("&&"));
+            addCategoryTab(caption, u'K' + QString::number(categories->field(QStringLiteral("ID")).toInt()));
+        }
+    }
+    addCategoryTab(tr("(No Category)"), QStringLiteral("K-1"));
+    m_categoryBar->updateGeometry(); // a hidden bar keeps the height of its last tabs
+}
+
+void frmMain::addCategoryTab(const QString &caption, const QString &key)
+{
+    m_categoryBar->setTabData(m_categoryBar->addTab(caption), key);
+}
+
+void frmMain::pressPreviewButton()
+{
+    m_previewButton->setChecked(true);
 }
 
 int frmMain::categoryTabCount() const

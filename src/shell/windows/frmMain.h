@@ -3,15 +3,18 @@
 #include "shell/Forms.h"
 #include "shell/Twips.h"
 
-#include <QVector>
 #include <QWidget>
 #include <QWindow>
-#include <memory>
 
 class QMdiSubWindow;
 class QTabBar;
+class QToolButton;
 
 namespace norvane {
+
+namespace dao {
+class Recordset;
+}
 
 class KeyHints;
 class SettingsStore;
@@ -19,13 +22,6 @@ class StatusPanel;
 class TrayHost;
 class TrayIcon;
 class mdiMain;
-
-/// A tab of the category bar.
-struct CategoryTab
-{
-    QString caption; ///< an access key's "&" is doubled
-    QString key;     ///< "K" and the filter value: "K0" all, "K-1" none, else the category's ID
-};
 
 /// The note browser, a child window of the frame. It carries the tray icon and the window to which
 /// the system-wide hot keys belong. Closing it hides it.
@@ -46,16 +42,20 @@ public:
 
     /// Brings the browser up within its frame and gives it the keyboard.
     void bringUp();
-    /// Panel "ROW": "Row: " row " of " rows.
-    void setRow(int row, int rows);
+    /// Writes panel "ROW": "Row: ", the current row of the list, " of ", their number.
+    void showRow();
 
-    /// Fills the category bar. The first tab is selected then.
-    void setCategoryTabs(const QVector<CategoryTab> &tabs);
+    /// Fills the category bar: all categories, each category, none. The first tab is selected then.
+    /// @param categories by name; its current record changes. nullptr: there are none.
+    void Refresh_tbCAT(dao::Recordset *categories);
     int categoryTabCount() const;
     /// @param number from 1; another number than that of a tab changes nothing
     void selectCategoryTab(int number);
     /// The filter value of the selected tab: 0 all, -1 none, else the category's ID.
     int selectedCategory() const;
+
+    /// Sets `ARButton10`, which shows and hides the preview, to pressed.
+    void pressPreviewButton();
 
     /// What the hot keys are called, for the page that explains them.
     void setHotKeyTexts(const QString &attach, const QString &detach, const QString &remove,
@@ -67,6 +67,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void addCategoryTab(const QString &caption, const QString &key);
     void restorePlace();
     void savePlace();
 
@@ -77,6 +78,7 @@ private:
     QMdiSubWindow *m_window = nullptr;
     KeyHints *m_hints;
     QTabBar *m_categoryBar;
+    QToolButton *m_previewButton;
     StatusPanel *m_rowPanel;
     TrayIcon *m_trayIcon;
 };

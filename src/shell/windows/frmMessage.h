@@ -47,7 +47,7 @@ private:
     WindowSystem &m_windows;
     Sound &m_sound;
     QLabel *m_label;
-    QTimer m_timer;
+    QTimer m_timer{this};
 };
 
 } // namespace norvane
