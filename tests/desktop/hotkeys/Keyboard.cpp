@@ -140,13 +140,6 @@ void Keyboard::lockGroup(int group)
     sync();
 }
 
-void Keyboard::setRepeat(int delayMs, int intervalMs)
-{
-    QProcess::execute(QStringLiteral("xset"),
-                      {QStringLiteral("-display"), QString::fromLatin1(m_display), QStringLiteral("r"),
-                       QStringLiteral("rate"), QString::number(delayMs), QString::number(1000 / intervalMs)});
-}
-
 void Keyboard::openWindow()
 {
     const xcb_window_t window = xcb_generate_id(m_connection);

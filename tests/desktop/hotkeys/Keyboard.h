@@ -35,7 +35,6 @@ public:
     void swapKeys(xcb_keysym_t one, xcb_keysym_t other);
     bool setLayout(const QString &layout);
     void lockGroup(int group);
-    void setRepeat(int delayMs, int intervalMs);
     /// Key presses of a symbol that reach the window with the keyboard focus, since the last call.
     int takePresses(xcb_keysym_t symbol);
     /// Makes a window that takes the keyboard focus.

@@ -213,7 +213,6 @@ TEST_F(X11HotKeysTest, KeyIsFoundInEveryGroupOfTheKeyboard)
 TEST_F(X11HotKeysTest, HeldKeyCountsOnce)
 {
     registerMarker();
-    keyboard.setRepeat(30, 10);
     keyboard.openWindow();
     ASSERT_TRUE(keys->registerHotKey(kBrowser, 1, kCtrlAlt, 'A'));
     const auto hold = [&](xcb_keysym_t symbol, const std::function<bool()> &enough) {
