@@ -55,6 +55,13 @@ void RowSet::requery()
     transaction.commit();
 }
 
+/// A new password takes a new connection, which has no copy yet.
+void RowSet::ensureCopy()
+{
+    if (m_snapshot && m_generation != m_core->generation())
+        requery();
+}
+
 void RowSet::readAll()
 {
     Connection &database = connection();
@@ -187,6 +194,7 @@ bool RowSet::isBefore(const OrderKey &left, const OrderKey &right) const
 
 int RowSet::find(const SqlText &condition, int from)
 {
+    ensureCopy();
     Statement rows = connection().prepare("SELECT rowid FROM " + m_source + " WHERE " + condition.sql +
                                           (m_ascending ? " AND rowid>=? ORDER BY rowid" : ""));
     QVector<QVariant> values = condition.values;
@@ -229,6 +237,7 @@ int RowSet::firstOf(const QSet<qint64> &keys, int from) const
 
 std::optional<QVector<QVariant>> RowSet::read(qint64 key)
 {
+    ensureCopy();
     Statement row = connection().prepare(m_readSql);
     row.bind({static_cast<qlonglong>(key)});
     if (!row.step())
