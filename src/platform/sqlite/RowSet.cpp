@@ -11,8 +11,12 @@ namespace norvane::dao {
 
 namespace {
 
+/// No version of a file.
+constexpr qint64 kUnknown = -1;
 /// With more changes than that, all rows are read.
 constexpr int kMostChanges = 500;
+/// Up to here it is quicker to look for each.
+constexpr int kFewChanges = 8;
 
 } // namespace
 
@@ -47,6 +51,7 @@ void RowSet::requery()
     Transaction transaction(database, Transaction::Kind::Read);
     const qint64 version = database.foreignVersion();
     const bool known = m_generation == m_core->generation() && version == m_foreignVersion;
+    m_foreignVersion = kUnknown; // a failure half way is made good by the next requery
     if (!known || !readChanged())
         readAll();
     m_generation = m_core->generation();
@@ -111,11 +116,11 @@ bool RowSet::readChanged()
     const auto changed = connection().changesSince(m_changes, m_query.table().name);
     if (!changed || changed->size() > kMostChanges)
         return false;
-    if (changed->size() == 1 && m_ascending) {
-        const auto place = std::lower_bound(m_keys.begin(), m_keys.end(), *changed->begin());
-        if (place != m_keys.end() && *place == *changed->begin())
-            m_keys.erase(place);
-    } else if (!changed->isEmpty()) {
+    if (changed->size() <= kFewChanges) {
+        for (const qint64 key : *changed)
+            if (const auto place = std::find(m_keys.begin(), m_keys.end(), key); place != m_keys.end())
+                m_keys.erase(place);
+    } else {
         std::erase_if(m_keys, [&changed](qint64 key) { return changed->contains(key); });
     }
     for (const qint64 key : *changed)
