@@ -13,9 +13,9 @@ namespace norvane::dao {
 
 namespace {
 
-constexpr int kBusyMilliseconds = 10'000;
+constexpr int kBusyMilliseconds = 5'000;
 /// A condition that takes longer is hostile or hopeless.
-constexpr qint64 kStatementMilliseconds = 15'000;
+constexpr qint64 kStatementMilliseconds = 10'000;
 constexpr int kProgressInstructions = 10'000;
 constexpr std::size_t kCachedStatements = 64;
 constexpr std::size_t kKnownChanges = 4096;

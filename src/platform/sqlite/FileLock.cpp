@@ -16,9 +16,11 @@ namespace norvane::dao {
 
 namespace {
 
-/// Compacting a usual database is done by then.
-constexpr int kWaitMilliseconds = 2'000;
-constexpr long kPauseNanoseconds = 10'000'000;
+/// Whoever opens waits until a usual database is compacted. Whoever wants it alone does not wait
+/// for others to close it, only for one that is just looking.
+constexpr int kWaitToShare = 5'000;
+constexpr int kWaitToBeAlone = 500;
+constexpr long kPauseNanoseconds = 2'000'000;
 
 QByteArray sideFile(const QString &database)
 {
@@ -49,7 +51,7 @@ bool isConflict()
 /// As tryLock(), with some patience.
 bool waitForLock(int descriptor, FileLock::Kind kind)
 {
-    const QDeadlineTimer deadline(kWaitMilliseconds);
+    const QDeadlineTimer deadline(kind == FileLock::Kind::Shared ? kWaitToShare : kWaitToBeAlone);
     for (;;) {
         if (tryLock(descriptor, kind))
             return true;
@@ -78,9 +80,12 @@ std::unique_ptr<FileLock> FileLock::take(const QString &database, Kind kind, boo
     if (descriptor < 0 && kind == Kind::Shared)
         descriptor = open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
     if (descriptor < 0) {
+        const int reason = errno;
+        if (optional && kind == Kind::Alone && isHeld(database))
+            raiseInUse();
         if (optional)
             return nullptr;
-        raiseSystemError(errno, QFileInfo(database).path());
+        raiseSystemError(reason, QFileInfo(database).path());
     }
     std::unique_ptr<FileLock> lock(new FileLock(descriptor));
     if (waitForLock(descriptor, kind))

@@ -11,8 +11,12 @@ namespace norvane::dao {
 
 namespace {
 
+/// No version of a file.
+constexpr qint64 kUnknown = -1;
 /// With more changes than that, all rows are read.
 constexpr int kMostChanges = 500;
+/// Up to here it is quicker to look for each.
+constexpr int kFewChanges = 8;
 
 } // namespace
 
@@ -47,12 +51,20 @@ void RowSet::requery()
     Transaction transaction(database, Transaction::Kind::Read);
     const qint64 version = database.foreignVersion();
     const bool known = m_generation == m_core->generation() && version == m_foreignVersion;
+    m_foreignVersion = kUnknown; // a failure half way is made good by the next requery
     if (!known || !readChanged())
         readAll();
     m_generation = m_core->generation();
     m_foreignVersion = version;
     m_changes = database.changeCount();
     transaction.commit();
+}
+
+/// A new password takes a new connection, which has no copy yet.
+void RowSet::ensureCopy()
+{
+    if (m_snapshot && m_generation != m_core->generation())
+        requery();
 }
 
 void RowSet::readAll()
@@ -104,11 +116,11 @@ bool RowSet::readChanged()
     const auto changed = connection().changesSince(m_changes, m_query.table().name);
     if (!changed || changed->size() > kMostChanges)
         return false;
-    if (changed->size() == 1 && m_ascending) {
-        const auto place = std::lower_bound(m_keys.begin(), m_keys.end(), *changed->begin());
-        if (place != m_keys.end() && *place == *changed->begin())
-            m_keys.erase(place);
-    } else if (!changed->isEmpty()) {
+    if (changed->size() <= kFewChanges) {
+        for (const qint64 key : *changed)
+            if (const auto place = std::find(m_keys.begin(), m_keys.end(), key); place != m_keys.end())
+                m_keys.erase(place);
+    } else {
         std::erase_if(m_keys, [&changed](qint64 key) { return changed->contains(key); });
     }
     for (const qint64 key : *changed)
@@ -187,6 +199,7 @@ bool RowSet::isBefore(const OrderKey &left, const OrderKey &right) const
 
 int RowSet::find(const SqlText &condition, int from)
 {
+    ensureCopy();
     Statement rows = connection().prepare("SELECT rowid FROM " + m_source + " WHERE " + condition.sql +
                                           (m_ascending ? " AND rowid>=? ORDER BY rowid" : ""));
     QVector<QVariant> values = condition.values;
@@ -229,6 +242,7 @@ int RowSet::firstOf(const QSet<qint64> &keys, int from) const
 
 std::optional<QVector<QVariant>> RowSet::read(qint64 key)
 {
+    ensureCopy();
     Statement row = connection().prepare(m_readSql);
     row.bind({static_cast<qlonglong>(key)});
     if (!row.step())

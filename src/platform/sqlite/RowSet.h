@@ -44,6 +44,7 @@ private:
     using OrderKey = QVector<QVariant>;
 
     Connection &connection() const;
+    void ensureCopy();
     void readAll();
     bool readChanged();
     void makeCopy();

@@ -308,7 +308,7 @@ private:
             parameter(expression.value);
             break;
         case Kind::Column:
-            result.sql += quoted(column(expression.name).field.name);
+            columnValue(column(expression.name).field);
             break;
         case Kind::Negate:
             put("(-");
@@ -335,6 +335,13 @@ private:
             truth(expression);
             put(")");
         }
+    }
+
+    /// True is -1 whatever another program wrote, and a Yes/No field is never Null.
+    void columnValue(const FieldDef &field)
+    {
+        const QByteArray name = quoted(field.name);
+        result.sql += field.type == FieldType::Boolean ? "(-(ifnull(" + name + ",0)<>0))" : name;
     }
 
     void sum(const Expression &expression, const char *sign)

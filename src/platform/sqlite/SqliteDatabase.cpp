@@ -94,6 +94,7 @@ void SqliteDatabase::newPassword(const QString &oldPassword, const QString &newP
     if (!m_exclusive)
         alone.emplace(*m_core->lock);
     m_core->disconnect();
+    removeAbandoned(file);
     try {
         TemporaryFile copy(temporaryName(file));
         writeCompactedCopy(file, m_password, copy.name(), newPassword);

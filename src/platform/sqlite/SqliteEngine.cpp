@@ -9,12 +9,8 @@
 #include "platform/sqlite/database_file.h"
 #include "platform/sqlite/file_copy.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QMap>
-#include <cerrno>
-#include <unistd.h>
 
 namespace norvane::dao {
 
@@ -38,16 +34,15 @@ public:
         if (info.exists() || info.isSymLink())
             throw RuntimeError(kErrorFileAccess, QStringLiteral("There is a file '%1' already.").arg(path));
         // Made under another name: a database is there whole or not at all.
-        const TemporaryFile unfinished(temporaryName(path));
+        TemporaryFile unfinished(temporaryName(path));
         const TemporaryFile journal(unfinished.name() + QStringLiteral("-journal"));
         createPrivateFile(unfinished.name());
         {
             Connection connection(unfinished.name(), Connection::Mode::ReadWrite, {});
             createCatalogue(connection);
         }
-        if (link(QFile::encodeName(unfinished.name()).constData(), QFile::encodeName(path).constData()) != 0)
-            raiseSystemError(errno, path);
-        syncFolder(info.path());
+        nameFile(unfinished.name(), path);
+        unfinished.release();
         return std::make_unique<SqliteDatabase>(path, false, false, QString());
     }
 
@@ -88,6 +83,8 @@ public:
         const QString file = existingFile(target);
         const auto alone = FileLock::take(file, FileLock::Kind::Alone);
         checkWritable(file);
+        removeAbandoned(file);
+        checkReplaceable(copy, file);
         const Copy known = m_copies.take(copy);
         if (known.file == file && known.state != fingerprint(file))
             throw RuntimeError(kErrorLocked,

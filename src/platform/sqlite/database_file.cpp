@@ -23,6 +23,7 @@ namespace {
 constexpr int kHeaderSize = 16;
 constexpr int kPageSize = 4096;
 constexpr int kSampleSize = 512;
+constexpr int kAttempts = 3;
 
 [[noreturn]] void raiseFormat(const QString &found)
 {
@@ -109,16 +110,39 @@ void proveOnCopy(const QString &file, const QString &password)
     readFirstPage(copy, Connection::Mode::ReadWrite, password);
 }
 
-void proveKey(const QString &file, const QString &password)
+/// Reads a file beside which an interrupted save waits for its rollback.
+void proveBesideJournal(const QString &file, const QString &password)
 {
-    if (!hasJournal(file)) {
-        readFirstPage(file, Connection::Mode::Immutable, password);
-        return;
-    }
     try {
         readFirstPage(file, Connection::Mode::Immutable, password);
-    } catch (const SqliteError &) {
-        proveOnCopy(file, password);
+    } catch (const SqliteError &first) {
+        try {
+            proveOnCopy(file, password);
+        } catch (const SqliteError &) {
+            throw first; // a rollback with a wrong key ends in damage; the first read tells more
+        }
+    }
+}
+
+/// Reads under SQLite's locks, since others may be writing. Where a rollback is due, a read-only
+/// connection refuses at once, and changes nothing.
+void proveKey(const QString &file, const QString &password)
+{
+    for (int attempt = 1;; ++attempt) {
+        try {
+            readFirstPage(file, Connection::Mode::ReadOnly, password);
+            return;
+        } catch (const SqliteError &error) {
+            if (error.code() != SQLITE_READONLY)
+                throw;
+        }
+        try {
+            proveBesideJournal(file, password);
+            return;
+        } catch (const SqliteError &) {
+            if (attempt == kAttempts) // else someone may have rolled back while we were reading
+                throw;
+        }
     }
 }
 
@@ -209,6 +233,14 @@ void recoverInterruptedSave(const QString &file, const QString &password)
         return;
     Connection connection(file, Connection::Mode::ReadWrite, password);
     connection.single("SELECT count(*) FROM sqlite_schema");
+}
+
+void checkReplaceable(const QString &copy, const QString &file)
+{
+    isPlainDatabase(copy);
+    if (hasJournal(file))
+        throw RuntimeError(kErrorFormat,
+                           QStringLiteral("A save was interrupted. Open the database once and try again."));
 }
 
 QByteArray fingerprint(const QString &path)

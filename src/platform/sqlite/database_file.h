@@ -28,6 +28,10 @@ void writeCompactedCopy(const QString &file, const QString &password, const QStr
 /// password is proven.
 void recoverInterruptedSave(const QString &file, const QString &password);
 
+/// Raises 3343 when @p copy can be no database, and when an interrupted save of @p file is still to
+/// be rolled back, which would spoil what took its place.
+void checkReplaceable(const QString &copy, const QString &file);
+
 /// What changes with every write: two files with the same text are the same state of one file.
 QByteArray fingerprint(const QString &file);
 

@@ -3,12 +3,15 @@
 #include "platform/RuntimeError.h"
 #include "platform/errors.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace norvane::dao {
@@ -120,8 +123,38 @@ void syncFolder(const QString &path)
     sync(folder, path);
 }
 
+void nameFile(const QString &finished, const QString &target)
+{
+    const QByteArray from = QFile::encodeName(finished);
+    const QByteArray to = QFile::encodeName(target);
+    // A link never replaces a file; not all disks have links.
+    if (link(from.constData(), to.constData()) == 0) {
+        unlink(from.constData());
+    } else if (errno == EEXIST || QFileInfo::exists(target)) {
+        raiseSystemError(EEXIST, target);
+    } else if (std::rename(from.constData(), to.constData()) != 0) {
+        raiseSystemError(errno, target);
+    }
+    syncFolder(QFileInfo(target).path());
+}
+
+void removeAbandoned(const QString &path)
+{
+    const QFileInfo info(path);
+    const QString pattern =
+        QStringLiteral("\\A\\.%1\\.\\d+-\\d+(-journal)?\\z").arg(QRegularExpression::escape(info.fileName()));
+    const QRegularExpression ours(pattern);
+    QDir folder(info.path());
+    for (const QString &name : folder.entryList(QDir::Files | QDir::Hidden))
+        if (ours.match(name).hasMatch())
+            folder.remove(name);
+}
+
 void renameOver(const QString &finished, const QString &target)
 {
+    struct stat existing = {};
+    if (stat(QFile::encodeName(target).constData(), &existing) == 0)
+        chmod(QFile::encodeName(finished).constData(), existing.st_mode & 0777);
     if (std::rename(QFile::encodeName(finished).constData(), QFile::encodeName(target).constData()) != 0)
         raiseSystemError(errno, target);
     syncFolder(QFileInfo(target).path());

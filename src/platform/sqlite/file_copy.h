@@ -21,8 +21,15 @@ void copyFile(const QString &source, const QString &target);
 void syncFile(const QString &path);
 void syncFolder(const QString &path);
 
-/// Renames a finished file over @p target in the same folder and syncs the folder.
+/// Renames a finished file over @p target in the same folder, whose permissions it takes, and syncs
+/// the folder.
 void renameOver(const QString &finished, const QString &target);
+
+/// Gives a finished file its name in the same folder. Raises 75 when there is one of that name.
+void nameFile(const QString &finished, const QString &target);
+
+/// Removes what killed programs left of temporaryName(). The caller has the file for itself.
+void removeAbandoned(const QString &path);
 
 /// Removes a file at the end of its life, unless it was released.
 class TemporaryFile

@@ -62,9 +62,23 @@ template <typename View> bool listsEnd(View pattern)
     return true;
 }
 
+/// The text between the stars of "*text*", where it has no wildcards itself; else nothing.
+template <typename View> View starredText(View pattern)
+{
+    if (pattern.size() < 3 || pattern.front() != '*' || pattern.back() != '*')
+        return {};
+    const View inner = pattern.substr(1, pattern.size() - 2);
+    for (const auto unit : inner)
+        if (unit == '*' || unit == '?' || unit == '#' || unit == '[')
+            return {};
+    return inner;
+}
+
 /// Only the last "*" ever needs another try, so the work is at most text times pattern.
 template <typename View> LikeResult match(View text, View pattern)
 {
+    if (const View inner = starredText(pattern); !inner.empty())
+        return text.find(inner) != View::npos ? LikeResult::Yes : LikeResult::No;
     if (!listsEnd(pattern))
         return LikeResult::BadPattern;
     constexpr auto kNone = static_cast<std::size_t>(-1);

@@ -251,7 +251,12 @@ template <bool Upper> void caseFunction(sqlite3_context *context, int, sqlite3_v
 {
     if (isNull(arguments[0]))
         return;
-    const QString text = wide(textOf(arguments[0]));
+    const Bytes bytes = textOf(arguments[0]);
+    if (!Upper && isAscii(bytes)) {
+        giveText(context, Folded(bytes).bytes());
+        return;
+    }
+    const QString text = wide(bytes);
     giveText(context, Upper ? text.toUpper() : text.toLower());
 }
 

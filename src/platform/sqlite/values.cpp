@@ -83,7 +83,15 @@ QDateTime dateFromStored(QStringView text)
 {
     if (text.size() != 19)
         return {};
-    const auto part = [text](int from, int length) { return text.mid(from, length).toInt(); };
+    const auto part = [text](int from, int length) {
+        int number = 0;
+        for (int i = from; i < from + length; ++i) {
+            if (text[i] < u'0' || text[i] > u'9')
+                return -1;
+            number = number * 10 + (text[i].unicode() - u'0');
+        }
+        return number;
+    };
     return {QDate(part(0, 4), part(5, 2), part(8, 2)), QTime(part(11, 2), part(14, 2), part(17, 2))};
 }
 
