@@ -6,7 +6,7 @@
 namespace norvane::tests {
 
 Desk::Desk()
-    : engine(std::make_unique<dao::SqliteEngine>()), store(*engine, files),
+    : engine(dao::makeSqliteEngine()), store(*engine, files),
       location(windows, shellWindows, processes, settings), tasks(windows, shellWindows, location),
       stickies(forms, Clips), parts{store,  settings,    windows, shellWindows, location,
                                     tasks,  LiveWindows, Clips,   forms,        timer,
@@ -21,6 +21,7 @@ Desk::Desk()
     if (!CreateNoteDatabase(*engine, files, store.DatabaseFile))
         qFatal("The test's database could not be made");
     store.open();
+    timer.setEnabled(true);
     timer.setInterval(settings.WatchInterval);
     timer.intervals.clear();
 }
@@ -51,6 +52,7 @@ WindowHandle Desk::openDocument(const QString &title, const QString &program)
 {
     const qint64 process = processes.programs.size() + 1;
     processes.programs.insert(process, program);
+    shell.typeNames.insert(program, QStringLiteral("Application"));
     return windows.open(QStringLiteral("WordPadClass"), title, process);
 }
 
@@ -94,11 +96,11 @@ void Desk::tick(int times)
         timer.fire();
 }
 
-QVector<int> Desk::openNotes() const
+std::vector<int> Desk::openNotes() const
 {
-    QVector<int> ids;
+    std::vector<int> ids;
     for (const fakes::FakeStickyNote *note : stickies.open())
-        ids.append(note->fields.ID);
+        ids.push_back(note->fields.ID);
     return ids;
 }
 

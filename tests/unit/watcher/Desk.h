@@ -22,6 +22,7 @@
 #include <QMap>
 #include <QTemporaryDir>
 #include <memory>
+#include <vector>
 
 namespace norvane::tests {
 
@@ -48,7 +49,7 @@ public:
     /// The interval of the timer is over, @p times times.
     void tick(int times = 1);
     /// IDs of the notes that are open, in the order in which they opened.
-    QVector<int> openNotes() const;
+    std::vector<int> openNotes() const;
     fakes::FakeStickyNote *note(int id) const;
     quint64 statements() const { return store.database()->statementCount(); }
 

@@ -71,7 +71,7 @@ TEST_F(Attach, AddsANoteThatTheNextTickOpens)
     EXPECT_EQ(grid.refreshes, 1);
     EXPECT_EQ(timer.interval(), 400);
     EXPECT_TRUE(timer.fireIfRequested());
-    EXPECT_EQ(openNotes(), QVector<int>{id});
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
 }
 
 TEST_F(Attach, AttachingTwiceChangesNothing)
@@ -93,10 +93,10 @@ TEST_F(Attach, MakesAClosedNoteActiveAgain)
     const int id = addNote(u"Page"_qs, u"http://a/"_qs, {{u"Active"_qs, false}});
     const WindowHandle window = openPage(u"Page"_qs, u"http://a/"_qs);
     tick();
-    EXPECT_EQ(openNotes(), QVector<int>());
+    EXPECT_EQ(openNotes(), std::vector<int>());
     EXPECT_TRUE(attach(QString(), window));
     tick();
-    EXPECT_EQ(openNotes(), QVector<int>{id});
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
     EXPECT_EQ(noteCount(), 1);
     EXPECT_EQ(grid.refreshes, 1);
 }
@@ -107,7 +107,7 @@ TEST_F(Attach, AWindowWithoutALocationGetsTheNotice)
     EXPECT_FALSE(attach(QString(), window));
     EXPECT_EQ(notices.shown, QStringList{u"standing text"_qs});
     EXPECT_EQ(noteCount(), 0);
-    EXPECT_EQ(timer.intervals, QVector<int>()) << "the clock was not touched";
+    EXPECT_TRUE(timer.intervals.isEmpty()) << "the clock was not touched";
 }
 
 TEST_F(Attach, AWindowWithoutARecordIsAnError)
@@ -234,7 +234,7 @@ TEST_F(Attach, HotKeyDeletesOnlyWhenToldYes)
     EXPECT_EQ(prompts.boxes[0].style, 4132);
     EXPECT_EQ(prompts.boxes[0].title, u"Norvane"_qs);
     EXPECT_EQ(noteCount(), 1);
-    EXPECT_EQ(openNotes(), QVector<int>{id});
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
 
     // The window closes while the question stands.
     prompts.answers.enqueue(Prompts::kYes);
