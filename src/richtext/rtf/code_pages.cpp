@@ -27,16 +27,18 @@ void decodeSymbol(QByteArrayView bytes, QString &text)
 
 QStringDecoder decoderFor(int codePage)
 {
+    // A character that is cut off does not wait for the next text.
+    constexpr auto kWhole = QStringConverter::Flag::Stateless;
     // The names that the decoder knows differ by family.
     const QByteArray number = QByteArray::number(codePage);
     if (codePage == 10000)
-        return QStringDecoder("macintosh");
+        return QStringDecoder("macintosh", kWhole);
     if (codePage == 932)
-        return QStringDecoder("windows-31j");
+        return QStringDecoder("windows-31j", kWhole);
     if (codePage == 1361)
-        return QStringDecoder("windows-949"); // an older arrangement of the same script
+        return QStringDecoder("windows-949", kWhole); // an older arrangement of the same script
     for (const char *prefix : {"windows-", "cp", "ibm-"}) {
-        QStringDecoder decoder(QByteArray(prefix + number).constData());
+        QStringDecoder decoder(QByteArray(prefix + number).constData(), kWhole);
         if (decoder.isValid())
             return decoder;
     }
