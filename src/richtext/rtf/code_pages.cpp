@@ -27,18 +27,16 @@ void decodeSymbol(QByteArrayView bytes, QString &text)
 
 QStringDecoder decoderFor(int codePage)
 {
-    // A character that is cut off does not wait for the next text.
-    constexpr auto kWhole = QStringConverter::Flag::Stateless;
     // The names that the decoder knows differ by family.
     const QByteArray number = QByteArray::number(codePage);
     if (codePage == 10000)
-        return QStringDecoder("macintosh", kWhole);
+        return QStringDecoder("macintosh");
     if (codePage == 932)
-        return QStringDecoder("windows-31j", kWhole);
+        return QStringDecoder("windows-31j");
     if (codePage == 1361)
-        return QStringDecoder("windows-949", kWhole); // an older arrangement of the same script
+        return QStringDecoder("windows-949"); // an older arrangement of the same script
     for (const char *prefix : {"windows-", "cp", "ibm-"}) {
-        QStringDecoder decoder(QByteArray(prefix + number).constData(), kWhole);
+        QStringDecoder decoder(QByteArray(prefix + number).constData());
         if (decoder.isValid())
             return decoder;
     }
@@ -115,7 +113,7 @@ void CodePages::decode(QByteArrayView bytes, int codePage, QString &text)
         decodeWestern(bytes, text);
         return;
     }
-    known->second.resetState();
+    known->second.resetState(); // half a character does not wait for the next text
     text += known->second.decode(bytes);
 }
 

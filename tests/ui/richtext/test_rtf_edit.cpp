@@ -58,6 +58,19 @@ TEST_F(RtfEditTest, TheBoxFillsWhatTheToolBarLeaves)
     EXPECT_EQ(edit.box()->geometry(), QRect(0, li()->height(), 400, 200 - li()->height()));
 }
 
+TEST_F(RtfEditTest, NewTextIsInTheControlsFont)
+{
+    show();
+    EXPECT_EQ(edit.SelFontName(), u"Arial"_qs);
+    EXPECT_EQ(edit.SelFontSize(), 10.0);
+    edit.setFont(QFont(u"Courier New"_qs, 14));
+    QApplication::setFont(QFont(u"Times New Roman"_qs, 20)); // the desktop's font is another thing
+    QTest::keyClicks(edit.box(), u"x"_qs);
+    EXPECT_EQ(edit.SelFontName(), u"Courier New"_qs);
+    EXPECT_TRUE(edit.TextRTF().contains("Courier New")) << edit.TextRTF().toStdString();
+    EXPECT_TRUE(edit.TextRTF().contains("\\fs28"));
+}
+
 TEST_F(RtfEditTest, FontsAreLookedUpWhenTheToolBarIsSeen)
 {
     edit.setToolBar(false);
