@@ -16,15 +16,16 @@ using namespace norvane;
 
 namespace {
 
-/// Rich text of about that size, in short runs: a change of format every 26 bytes.
+/// Rich text of about that size, as dense as real letters are: a change of format every 28 bytes.
 QByteArray generatedRtf(qsizetype size)
 {
     QByteArray rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil\\fcharset0 Arial;}"
                      "{\\f1\\fnil\\fcharset0 Times New Roman;}}\r\n{\\colortbl ;\\red255\\green0\\blue0;"
                      "\\red0\\green0\\blue255;}\r\n\\viewkind4\\uc1\\pard\\f0\\fs20 ";
-    static const char *const kRuns[] = {"\\b some bold words \\b0 ", "plain words between ",
-                                        "\\i leaning \\i0 ",         "\\cf1 a red word \\cf0 ",
-                                        "caf\\'e9 \\u8364?5 ",       "{\\f1\\fs28 large} "};
+    static const char *const kRuns[] = {
+        "\\b some words in bold face \\b0 ", "plain words that stand between ",
+        "\\i words that lean \\i0 ",         "\\cf1 these words are red \\cf0 ",
+        "caf\\'e9 \\u8364?5 and more text ", "{\\f1\\fs28 large words here} "};
     for (int i = 0; rtf.size() < size; ++i) {
         rtf += kRuns[i % std::size(kRuns)];
         if (i % 20 == 19)

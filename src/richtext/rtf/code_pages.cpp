@@ -113,7 +113,7 @@ void CodePages::decode(QByteArrayView bytes, int codePage, QString &text)
         decodeWestern(bytes, text);
         return;
     }
-    known->second.resetState();
+    known->second.resetState(); // half a character does not wait for the next text
     text += known->second.decode(bytes);
 }
 

@@ -159,7 +159,9 @@ struct Describer
             .arg(picture.displayWidth)
             .arg(picture.displayHeight)
             .arg(QString::fromLatin1(picture.bytes.toHex()),
-                 picture.original.isEmpty() ? QString() : QStringLiteral(" for ") + QString::fromLatin1(picture.original));
+                 picture.original.isEmpty()
+                     ? QString()
+                     : QStringLiteral(" for ") + QString::fromLatin1(picture.original));
     }
 };
 

@@ -51,9 +51,9 @@ TEST(RtfReader, DecodesText)
         {"caf\\'e9", u"café"_qs},
         {"\\f1 \\'cf\\'f0", u"Пр"_qs},
         {"\\f2 \\'93\\'fa\\'96\\'7b", u"日本"_qs},
-        {"\\f2 \\'83A", u"ア"_qs},       // the second byte as itself
-        {"\\f2 \\'83\\\\", u"ソ"_qs},    // the second byte escaped
-        {"{\\f2 \\'83}x", u"\uFFFDx"_qs}, // half a character
+        {"\\f2 \\'83A", u"ア"_qs},    // the second byte as itself
+        {"\\f2 \\'83\\\\", u"ソ"_qs}, // the second byte escaped
+        {"{\\f2 \\'83}x", u"x"_qs},   // half a character is none
         {"\\f4 \\'e1", u"α"_qs},
         {"\\f5 \\'d6\\'d0", u"中"_qs},
         {"\\f6 \\'f9\\'ec", u"של"_qs},
