@@ -7,7 +7,7 @@
 namespace norvane {
 
 Backends::Backends()
-    : sound([] { QApplication::beep(); }), engine(makeSqliteEngine()),
+    : sound([] { QApplication::beep(); }), engine(dao::makeSqliteEngine()),
       shellWindows(windows, {{}, {}, qApp->devicePixelRatio()})
 {
 }

@@ -138,8 +138,8 @@ int Program::run(const QStringList &arguments)
     m_watching = std::make_unique<Watching>(*this);
     // The display may go, or the session end, without time for the windows.
     const ExitGuard guard([this] { m_shutDown.saveAndClose(); });
-    EndSignals signals;
-    connect(&signals, &EndSignals::endAsked, this, &Program::end);
+    EndSignals endSignals;
+    connect(&endSignals, &EndSignals::endAsked, this, &Program::end);
     connect(
         qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { saveDirtyNotes(m_state.forms); },
         Qt::DirectConnection);
@@ -221,46 +221,22 @@ void Program::hotKeyPressed(int id)
 void Program::fillTray()
 {
     TrayIcon *tray = m_windows.browser()->trayIcon();
-    tray->setMenuSource([this] { return trayEntries(); });
-    tray->setPageSource([this] { return trayPages(); });
-    tray->rebuildMenu();
+    tray->setMenuSource([this] { return trayItems(); });
+    tray->noteChange();
 }
 
-QVector<TrayEntry> Program::trayEntries() const
+QVector<TrayMenuItem> Program::trayItems() const
 {
-    bool anyPage = false;
+    QVector<OpenPageEntry> pages;
     try {
-        if (m_state.store.database()) {
-            const auto pages = m_state.store.database()->openRecordset(
-                QStringLiteral("select ID from Memos where URL <> ''"), dao::RecordsetType::ForwardOnly);
-            anyPage = !pages->eof();
-        }
+        if (m_state.store.database())
+            pages = openPageEntries(*m_state.store.database());
     } catch (const RuntimeError &) {
-        // The menu is there without pages.
+        pages.clear(); // the menu is there without them
     }
-    const QVector<TrayMenuItem> items =
-        trayMenu({m_hotKeys.text(HotKeyId::Main), m_hotKeys.text(HotKeyId::AttachDetachWindow),
-                  m_hotKeys.text(HotKeyId::Search)},
-                 kTrayCommands, anyPage ? QVector<OpenPageEntry>(1) : QVector<OpenPageEntry>());
-    QVector<TrayEntry> entries;
-    for (const TrayMenuItem &item : items)
-        entries.append({item.name, item.caption, item.enabled, item.isDefault});
-    return entries;
-}
-
-QVector<TrayPage> Program::trayPages() const
-{
-    QVector<TrayPage> pages;
-    try {
-        if (m_state.store.database()) {
-            const QVector<OpenPageEntry> entries = openPageEntries(*m_state.store.database());
-            for (const OpenPageEntry &entry : entries)
-                pages.append({entry.caption, entry.ID});
-        }
-    } catch (const RuntimeError &) {
-        pages.clear();
-    }
-    return pages;
+    return trayMenu({m_hotKeys.text(HotKeyId::Main), m_hotKeys.text(HotKeyId::AttachDetachWindow),
+                     m_hotKeys.text(HotKeyId::Search)},
+                    kTrayCommands, pages);
 }
 
 void Program::openPage(int id)

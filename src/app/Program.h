@@ -19,8 +19,7 @@
 
 namespace norvane {
 
-struct TrayEntry;
-struct TrayPage;
+struct TrayMenuItem;
 
 /// The running program: owns the backends, the shared state and the windows, and ties hot keys,
 /// tray and frame to what they do.
@@ -55,8 +54,7 @@ private:
     void offerAccessibility();
     void end();
 
-    QVector<TrayEntry> trayEntries() const;
-    QVector<TrayPage> trayPages() const;
+    QVector<TrayMenuItem> trayItems() const;
 
     Backends m_backends;
     SharedState m_state;

@@ -19,7 +19,7 @@ void ProgramViews::show(const QString &text)
 void ProgramViews::Refresh_Grid()
 {
     if (frmMain *browser = m_forms.browser())
-        browser->trayIcon()->rebuildMenu();
+        browser->trayIcon()->noteChange();
 }
 
 int ProgramViews::category() const
