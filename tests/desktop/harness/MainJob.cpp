@@ -1,12 +1,16 @@
 #include "MainJob.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <cstdio>
 
 namespace norvane::test {
 
 namespace {
+
+/// Longer than any repaint, shorter than the blinking of a text cursor needs to be seen twice.
+constexpr int kSettledMs = 400;
 
 const QString kText = QStringLiteral("Ask Ada about the second draft.");
 
@@ -70,6 +74,20 @@ QRect MainJob::noteInTarget() const
 QImage MainJob::notePicture() const
 {
     return m_x.screenshot().copy(m_x.geometry(note()));
+}
+
+QImage MainJob::settledPicture() const
+{
+    QImage picture;
+    QElapsedTimer same;
+    waitFor([&] {
+        const QImage now = notePicture();
+        if (now != picture || !same.isValid())
+            same.start();
+        picture = now;
+        return same.hasExpired(kSettledMs);
+    });
+    return picture;
 }
 
 bool MainJob::looksAsBefore() const
@@ -145,11 +163,8 @@ bool MainJob::attachAndType()
 
 bool MainJob::leaveAndReturn()
 {
-    if (!m_target.noteFollowsThing()) {
-        m_target.show(m_desktop, 2);
-        return step(QStringLiteral("another document keeps the note in one window"),
-                    [this] { return findTarget(2) != 0 && note() != 0; });
-    }
+    if (!m_target.noteFollowsThing())
+        return openSecondWindow();
     m_target.show(m_desktop, 2);
     if (!step(QStringLiteral("the second place has no note"),
               [this] { return findTarget(2) == m_window && note() == 0; }))
@@ -163,6 +178,20 @@ bool MainJob::leaveAndReturn()
                 [this] { return note() != 0; }) &&
            step(QStringLiteral("with its text, place and size"),
                 [this] { return noteInTarget() == m_place && looksAsBefore(); });
+}
+
+bool MainJob::openSecondWindow()
+{
+    m_target.show(m_desktop, 2);
+    xcb_window_t second = 0;
+    const bool once = step(QStringLiteral("a second document leaves the note in one window"), [&] {
+        second = findTarget(2);
+        return second != 0 && m_x.isViewable(second) && note() != 0;
+    });
+    if (second != m_window)
+        m_x.closeWindow(second);
+    return once && step(QStringLiteral("where it stays when the second is closed"),
+                        [&] { return (second == m_window || !m_x.exists(second)) && note() != 0; });
 }
 
 bool MainJob::moveAndMinimise()

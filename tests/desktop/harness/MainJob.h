@@ -46,6 +46,7 @@ private:
     bool openTarget();
     bool attachAndType();
     bool leaveAndReturn();
+    bool openSecondWindow();
     bool moveAndMinimise();
     bool closeAndReopen();
     bool detachAndAttach();
@@ -56,6 +57,8 @@ private:
     xcb_window_t note() const;
     QRect noteInTarget() const;
     QImage notePicture() const;
+    /// What the note looks like when it has stopped changing.
+    QImage settledPicture() const;
     bool looksAsBefore() const;
 
     VirtualDesktop &m_desktop;

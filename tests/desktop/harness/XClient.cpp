@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
-#include <QThread>
+#include <QTimer>
 #include <algorithm>
 #include <cstdlib>
 #include <xcb/xcb_keysyms.h>
@@ -11,14 +11,21 @@
 
 namespace norvane::test {
 
+namespace {
+
+constexpr int kLookAgainMs = 20;
+
+} // namespace
+
 bool waitFor(const std::function<bool()> &condition, int timeoutMs)
 {
     const QDeadlineTimer deadline(timeoutMs);
     while (!condition()) {
         if (deadline.hasExpired())
             return condition();
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-        QThread::yieldCurrentThread();
+        QEventLoop turn;
+        QTimer::singleShot(kLookAgainMs, &turn, &QEventLoop::quit);
+        turn.exec();
     }
     return true;
 }
