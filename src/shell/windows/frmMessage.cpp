@@ -48,7 +48,7 @@ frmMessage::frmMessage(FormList &forms, WindowSystem &windows, Sound &sound)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint), m_forms(forms),
       m_windows(windows), m_sound(sound), m_label(new QLabel)
 {
-    setObjectName(formName());
+    setObjectName(QStringLiteral("frmMessage"));
     setWindowTitle(QStringLiteral("Norvane"));
     SetFormIcon(this);
     setFocusPolicy(Qt::StrongFocus);
