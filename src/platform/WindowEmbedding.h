@@ -34,8 +34,8 @@ signals:
     /// The target of an embedded window was destroyed. The window has been freed and hidden, and
     /// is still there; its owner decides what becomes of it.
     void targetDestroyed(norvane::WindowHandle window);
-    /// The window manager moved or sized the window inside its target. Never emitted for
-    /// moveWindow(), for following the target, for clipping or for a change of workspace.
+    /// The window manager moved or sized the window by itself, as in a drag that it carries out;
+    /// windowRect() is the new place. Never for following the target, clipping or moveWindow().
     void moved(norvane::WindowHandle window);
 };
 

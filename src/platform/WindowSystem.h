@@ -77,7 +77,8 @@ public:
 
     /// The window that the user works in; while one of our notes has the keyboard, its target.
     virtual WindowHandle foregroundWindow() const = 0;
-    /// Brings the window to the front and gives it the keyboard, changing workspace if need be.
+    /// Brings the window to the front and gives it the keyboard, changing workspace if need be. It
+    /// may wait a tenth of a second for that to happen, so that foregroundWindow() tells how it went.
     virtual void setForegroundWindow(WindowHandle window) = 0;
     /// Gives the keyboard to @p window, if one of our notes has it; else does nothing.
     virtual void setFocus(WindowHandle window) = 0;

@@ -168,7 +168,8 @@ public:
     virtual void compactDatabase(const QString &source, const QString &target, const QString &password) = 0;
     /// Puts a verified copy in the place of a database: copied beside it, synced, renamed.
     virtual void replaceDatabase(const QString &source, const QString &target) = 0;
-    /// Whether the file is there and another process holds it for itself. Never opens the file.
+    /// Whether the file is there and someone, in this process or another, has it open as a database.
+    /// Never opens the file.
     virtual bool isLocked(const QString &path) const = 0;
 };
 

@@ -17,6 +17,10 @@ enum ErrorNumber {
     kErrorItemNotFound = 3265,      ///< no such field, table or collection member
     kErrorNoCurrentRecord = 3021,   ///< a record was read or changed where there is none
     kErrorUpdateWithoutEdit = 3020, ///< Update without AddNew or Edit before it
+    kErrorRecordDeleted = 3167,     ///< the current record is deleted
+    kErrorFieldNotUpdatable = 3164, ///< a field whose value only the engine gives
+    kErrorInvalidOperation = 3219,  ///< the object does not allow this
+    kErrorDuplicate = 3022,         ///< a value is there already where each may be there once
     kErrorDiskFull = 3026,          ///< no room left on the disk
     kErrorReadOnly = 3027,          ///< the database or object is read-only
     kErrorNotAPassword = 3031,      ///< the database does not open with this password

@@ -1,6 +1,7 @@
 #include "richtext/NV_RTFEdit.h"
 
 #include "richtext/EditToolBar.h"
+#include "richtext/format_conversion.h"
 #include "richtext/virtual_keys.h"
 
 #include <QAction>
@@ -171,7 +172,7 @@ void NV_RTFEdit::boxMouseUp(int button, int shift, double x, double y)
 {
     emit MouseUp(button, shift, x, y);
     if (button == kRightButton)
-        popUpMenu(m_box->viewport()->mapFromGlobal(QCursor::pos()));
+        popUpMenu((QPointF(x, y) / twipsPerPixel()).toPoint());
 }
 
 void NV_RTFEdit::popUpMenu(const QPoint &position)

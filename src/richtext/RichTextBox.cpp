@@ -53,7 +53,7 @@ RichTextBox::RichTextBox(FileSystem &files, QWidget *parent) : QTextEdit(parent)
     setFrameShape(QFrame::NoFrame);
     setTabChangesFocus(false);
     viewport()->setMouseTracking(true);
-    document()->setDefaultFont(standardFont());
+    setFont(standardFont());
     setMousePointer(0);
 
     connect(document(), &QTextDocument::contentsChanged, this, [this] {
@@ -70,7 +70,6 @@ RichTextBox::~RichTextBox() = default;
 
 void RichTextBox::selectionMayHaveChanged()
 {
-    m_selectionFormat.reset();
     emit SelChange();
 }
 
@@ -265,7 +264,7 @@ QFont RichTextBox::Font() const
 
 void RichTextBox::setFont(const QFont &font)
 {
-    document()->setDefaultFont(font);
+    QTextEdit::setFont(font); // of the widget: the document follows it
     m_selectionFormat.reset();
 }
 

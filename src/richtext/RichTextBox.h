@@ -151,6 +151,15 @@ private:
     using MouseSignal = void (RichTextBox::*)(int, int, double, double);
     using ParagraphChange = std::function<void(rtf::ParagraphFormat &)>;
 
+    /// The format of a selection, as long as it stays the same.
+    struct KnownFormat
+    {
+        int anchor = 0;
+        int position = 0;
+        QTextCharFormat typing;
+        SelectionFormat format;
+    };
+
     const QString &plainText() const;
     const SelectionFormat &selectionFormat() const;
     void selectionMayHaveChanged();
@@ -168,7 +177,7 @@ private:
     quint32 m_backColor = kSystemWindowColor;
     int m_mousePointer = 0;
     bool m_leftPressed = false;
-    mutable std::optional<SelectionFormat> m_selectionFormat;
+    mutable std::optional<KnownFormat> m_selectionFormat; ///< nothing after an edit
     mutable std::optional<QString> m_plainText;
 };
 

@@ -6,6 +6,8 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextList>
+#include <optional>
+#include <vector>
 
 namespace norvane {
 namespace {
@@ -24,23 +26,31 @@ public:
     {
         m_cursor.beginEditBlock();
         m_cursor.removeSelectedText();
-        const auto &operations = m_source.operations;
-        auto last = operations.end();
-        if (extent == Extent::WholeDocument && !operations.empty() &&
-            std::holds_alternative<rtf::ParagraphEnd>(operations.back()))
-            --last;
+        // What stands behind a piece stays a paragraph as it was.
+        const rtf::ParagraphFormat around =
+            extent == Extent::Piece ? paragraphFormat(m_cursor.block()) : rtf::ParagraphFormat();
+        const QTextCharFormat typing = m_cursor.charFormat();
 
-        // The paragraph that the cursor stands in gets a format only from a paragraph end.
-        for (auto operation = operations.begin(); operation != last; ++operation)
-            std::visit([this](const auto &value) { add(value); }, *operation);
-        if (last != operations.end()) {
-            const auto &end = std::get<rtf::ParagraphEnd>(*last);
-            giveFormat(end);
-            if (m_cursor.block().length() <= 1)
-                m_cursor.setBlockCharFormat(characters(end.format));
-        } else if (extent == Extent::WholeDocument && m_cursor.blockNumber() > 0) {
-            m_cursor.setBlockFormat({});
+        // A paragraph's format comes at its end and is needed at its begin.
+        const auto &operations = m_source.operations;
+        auto operation = operations.begin();
+        while (operation != operations.end()) {
+            auto end = operation;
+            while (end != operations.end() && !std::holds_alternative<rtf::ParagraphEnd>(*end))
+                ++end;
+            if (end == operations.end())
+                beginParagraph(around, typing);
+            else
+                beginParagraph(std::get<rtf::ParagraphEnd>(*end));
+            for (; operation != end; ++operation)
+                std::visit([this](const auto &value) { add(value); }, *operation);
+            if (operation != operations.end())
+                ++operation;
         }
+        const bool endsWithParagraph =
+            !operations.empty() && std::holds_alternative<rtf::ParagraphEnd>(operations.back());
+        if (extent == Extent::Piece && endsWithParagraph)
+            beginParagraph(around, typing);
         m_cursor.endEditBlock();
     }
 
@@ -49,32 +59,36 @@ private:
 
     void add(const rtf::PictureRun &run)
     {
-        QTextImageFormat image = m_pictures.add(run.picture);
         QTextCharFormat format = characters(run.format);
-        format.merge(image);
-        m_cursor.insertText(QString(QChar::ObjectReplacementCharacter), format);
+        format.merge(m_pictures.add(run.picture));
+        m_cursor.insertImage(format.toImageFormat());
     }
 
-    void add(const rtf::ParagraphEnd &end)
+    void add(const rtf::ParagraphEnd &) {} // its paragraph has begun with it
+
+    void beginParagraph(const rtf::ParagraphEnd &end)
     {
-        giveFormat(end);
-        m_cursor.insertBlock({}, characters(end.format));
+        beginParagraph(m_source.paragraphFormats.at(end.paragraphFormat), characters(end.format));
     }
 
-    void giveFormat(const rtf::ParagraphEnd &end)
+    /// @param mark format of what is typed into the paragraph while it is empty
+    void beginParagraph(const rtf::ParagraphFormat &format, const QTextCharFormat &mark)
     {
-        const rtf::ParagraphFormat &format = m_source.paragraphFormats.at(end.paragraphFormat);
         QTextBlockFormat block = blockFormat(format);
-        if (!format.bullet) {
+        if (!format.bullet)
             m_list = nullptr;
-            m_cursor.setBlockFormat(block);
-        } else if (m_list) {
+        else if (m_list)
             block.setObjectIndex(m_list->objectIndex());
+        if (m_isFirst) {
             m_cursor.setBlockFormat(block);
+            if (m_cursor.block().length() <= 1)
+                m_cursor.setBlockCharFormat(mark);
         } else {
-            m_cursor.setBlockFormat(block);
-            m_list = m_cursor.createList(bulletListFormat());
+            m_cursor.insertBlock(block, mark);
         }
+        m_isFirst = false;
+        if (format.bullet && !m_list)
+            m_list = m_cursor.createList(bulletListFormat());
     }
 
     const QTextCharFormat &characters(int index)
@@ -90,6 +104,7 @@ private:
     PictureStore &m_pictures;
     std::vector<std::optional<QTextCharFormat>> m_characters;
     QTextList *m_list = nullptr; ///< of the bulleted paragraph before
+    bool m_isFirst = true;
 };
 
 } // namespace

@@ -128,7 +128,7 @@ void RichTextBox::emitMouse(MouseSignal signal, int button, const QMouseEvent &f
 {
     const double twips = twipsPerPixel();
     emit(this->*signal)(button, shiftState(from.modifiers()), from.position().x() * twips,
-                       from.position().y() * twips);
+                        from.position().y() * twips);
 }
 
 void RichTextBox::mousePressEvent(QMouseEvent *event)

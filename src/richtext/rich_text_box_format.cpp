@@ -24,9 +24,13 @@ void setFlag(QTextCharFormat &format, int property, bool on)
 
 const SelectionFormat &RichTextBox::selectionFormat() const
 {
-    if (!m_selectionFormat)
-        m_selectionFormat = selectionFormatOf(textCursor(), currentCharFormat());
-    return *m_selectionFormat;
+    // One change of the selection is told of several times, and asked about by several properties.
+    const QTextCursor cursor = textCursor();
+    const QTextCharFormat typing = currentCharFormat();
+    if (!m_selectionFormat || m_selectionFormat->anchor != cursor.anchor() ||
+        m_selectionFormat->position != cursor.position() || m_selectionFormat->typing != typing)
+        m_selectionFormat = {cursor.anchor(), cursor.position(), typing, selectionFormatOf(cursor, typing)};
+    return m_selectionFormat->format;
 }
 
 void RichTextBox::changeCharacters(const CharacterChange &change)

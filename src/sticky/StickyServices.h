@@ -3,7 +3,6 @@
 #include "shell/Twips.h"
 
 #include <QString>
-#include <functional>
 
 namespace norvane {
 
@@ -13,6 +12,8 @@ class EventLoop;
 class FileSystem;
 class FormList;
 class HotKeys;
+class NoteGridView;
+class NoteRescue;
 class NoteStore;
 class Sound;
 class WatchTimer;
@@ -35,12 +36,10 @@ struct StickyServices
     Clock &clock;
     Sound &sound;
     HotKeys &hotKeys;
+    NoteGridView &grid;
+    NoteRescue &rescue;
     Twips twips;
-    QString clickSound;                ///< wave file of the type effect
-    std::function<void()> refreshGrid; ///< `Refresh_Grid` of the browser; does nothing without one
-    /// Tells the user of a note that had to be rescued, without waiting for an answer.
-    std::function<void(const QString &)> tellRescue;
-    bool rescueTold = false; ///< whether the user knows of the rescue folder
+    QString clickSound; ///< wave file of the type effect
 };
 
 } // namespace norvane

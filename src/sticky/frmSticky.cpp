@@ -13,9 +13,10 @@
 #include "richtext/NV_RTFEdit.h"
 #include "sticky/NoteStrip.h"
 #include "sticky/PinButton.h"
+#include "store/NoteRescue.h"
 #include "store/NoteStore.h"
 #include "store/note_row.h"
-#include "store/rescue_file.h"
+#include "watcher/NoteGridView.h"
 #include "watcher/WatchSettings.h"
 #include "watcher/clsClips.h"
 
@@ -68,7 +69,7 @@ Qt::CursorShape pointerOf(NoteGrip grip)
 
 } // namespace
 
-frmSticky::frmSticky(StickyServices &services)
+frmSticky::frmSticky(const StickyServices &services)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint), m_services(services),
       m_strip(new NoteStrip(this)), m_text(new NV_RTFEdit(services.files, this))
 {
@@ -318,7 +319,7 @@ void frmSticky::showGrip(NoteGrip grip)
 
 void frmSticky::writeNote()
 {
-    SaveNoteRow(m_services.store, fields.ID, rectTwips(), m_text->Text(), m_services.clock.now());
+    SaveNoteRow(m_services.store, fields.ID, {m_services.clock.now(), rectTwips(), m_text->Text()});
     m_text->SaveFile(m_services.store.bodyFile(fields.ID), kRichText);
 }
 
@@ -329,7 +330,7 @@ void frmSticky::SaveNote()
         const quint64 saved = m_changes;
         writeNote();
         m_services.store.requeryNoteIndex();
-        m_services.refreshGrid();
+        m_services.grid.Refresh_Grid();
         m_services.events.yield();
         // What was typed meanwhile is not in the file.
         if (m_changes == saved)
@@ -339,17 +340,16 @@ void frmSticky::SaveNote()
     }
 }
 
-bool frmSticky::saveAtExit()
+void frmSticky::saveAtExit()
 {
     if (!fields.AutoSave || !isDirty())
-        return true;
+        return;
     try {
         writeNote();
         resetSaveState();
     } catch (const RuntimeError &) {
-        rescue();
+        m_services.rescue.rescue(fields.FriendlyName, m_text->TextRTF());
     }
-    return !isDirty();
 }
 
 void frmSticky::mnuFile_Close_Click()
@@ -365,7 +365,7 @@ void frmSticky::mnuFile_Close_Click()
             row->setField(QStringLiteral("ACTIVE"), false);
             row->update();
             m_services.store.requeryNoteIndex();
-            m_services.refreshGrid();
+            m_services.grid.Refresh_Grid();
         }
         unload();
     } catch (const RuntimeError &) {
@@ -391,7 +391,7 @@ void frmSticky::unload()
     if (fields.AutoSave && isDirty()) {
         SaveNote();
         if (isDirty())
-            rescue();
+            m_services.rescue.rescue(fields.FriendlyName, m_text->TextRTF());
     }
     m_services.clips.RemoveByHwnd(m_handle);
     m_services.forms.remove(this);
@@ -400,21 +400,6 @@ void frmSticky::unload()
     hide();
     m_services.embedding.setParent(m_handle, kNoWindow);
     deleteLater();
-}
-
-void frmSticky::rescue()
-{
-    QString text;
-    try {
-        const QString file = WriteRescueFile(m_services.files, m_services.store.DatabaseFolder, fields.FriendlyName,
-                                             m_services.clock.now(), m_text->TextRTF());
-        text = tr("A note could not be saved. Its text was written to the file\n%1").arg(file);
-    } catch (const RuntimeError &error) {
-        text = tr("A note could not be saved, and neither could a copy of it:\n%1").arg(error.description());
-    }
-    if (!m_services.rescueTold)
-        m_services.tellRescue(text);
-    m_services.rescueTold = true;
 }
 
 } // namespace norvane

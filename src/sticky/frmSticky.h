@@ -24,7 +24,7 @@ class frmSticky : public QWidget, public StickyNote
     Q_OBJECT
 
 public:
-    explicit frmSticky(StickyServices &services);
+    explicit frmSticky(const StickyServices &services);
     ~frmSticky() override;
 
     // Form
@@ -56,9 +56,7 @@ public:
     void mnuFile_Close_Click() override;
     /// Writes row and body file. An error ends it quietly: the note stays dirty.
     void SaveNote() override;
-    /// Saves a dirty note with `AutoSave`, or rescues it, without a yield and without the screen.
-    /// False when the note is still unsaved in its own place.
-    bool saveAtExit();
+    void saveAtExit() override;
 
     NV_RTFEdit *Text1() const { return m_text; }
 
@@ -80,10 +78,9 @@ private:
     /// A move or resize by hand begins: geometry counts as an edit.
     void geometryEdited();
     void targetDestroyed();
-    void rescue();
     void showGrip(NoteGrip grip);
 
-    StickyServices &m_services;
+    const StickyServices &m_services;
     WindowHandle m_handle = kNoWindow;
     NoteStrip *m_strip;
     NV_RTFEdit *m_text;

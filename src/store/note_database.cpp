@@ -2,6 +2,9 @@
 
 #include "platform/FileSystem.h"
 #include "shell/path_rules.h"
+#include "store/note_schema.h"
+
+#include <algorithm>
 
 namespace norvane {
 
@@ -64,6 +67,15 @@ bool CompactNoteDatabase(dao::Engine &engine, FileSystem &files, const QString &
 
 void repairNoteDatabase(dao::Database &database)
 {
+    const QVector<dao::TableDef> present = database.tableDefs();
+    for (const dao::TableDef &table : {categoryTable(), memosTable()}) {
+        const bool isThere =
+            std::any_of(present.begin(), present.end(), [&table](const dao::TableDef &other) {
+                return other.name.compare(table.name, Qt::CaseInsensitive) == 0;
+            });
+        if (!isThere)
+            database.appendTable(table);
+    }
     database.setAllowZeroLength(QStringLiteral("Memos"), QStringLiteral("WindowName"), true);
 }
 

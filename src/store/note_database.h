@@ -31,8 +31,9 @@ std::optional<RuntimeError> openingFault(dao::Engine &engine, const QString &pat
 bool CompactNoteDatabase(dao::Engine &engine, FileSystem &files, const QString &path,
                          const QString &programFolder, const QString &password);
 
-/// Lets Memos.WindowName hold the empty text, which files of earlier builds refuse. Writes only
-/// when the file is such a one.
+/// Makes an open database what this build expects: adds a table that is not there since the program
+/// was killed while it made the database, and lets Memos.WindowName hold the empty text, which files
+/// of earlier builds refuse. Writes only when something is to be changed.
 void repairNoteDatabase(dao::Database &database);
 
 } // namespace norvane

@@ -68,6 +68,9 @@ public:
     /// Ends the note's attachment without a question: `mnuFile_Close`.
     virtual void mnuFile_Close_Click() = 0;
     virtual void SaveNote() = 0;
+    /// Saves a dirty note with `AutoSave`, or rescues it, needing neither screen nor event loop: for
+    /// the end of the program. Raises nothing.
+    virtual void saveAtExit() = 0;
 };
 
 } // namespace norvane

@@ -24,6 +24,18 @@
 
 namespace norvane {
 
+namespace {
+
+/// Whether the window's own words made the condition fail: asking again cannot go better. Any other
+/// fault (a locked database, say) may pass.
+bool isAboutTheText(const RuntimeError &error)
+{
+    return error.number() == kErrorSyntax || error.number() == kErrorItemNotFound ||
+           error.number() == kErrorTypeMismatch;
+}
+
+} // namespace
+
 WatchCycle::WatchCycle(const WatchParts &parts, QObject *parent)
     : QObject(parent), m_parts(parts), m_loader(parts.store, parts.windows, parts.location, parts.Clips,
                                                 parts.forms, parts.clock, parts.sound, parts.stickies)
@@ -125,7 +137,11 @@ void WatchCycle::openNoteOf(const clsWindow &window)
 {
     KeptAnswer answer = question(window);
     const auto kept = m_kept.constFind(window.hWnd);
-    if (kept != m_kept.constEnd() && kept->sameQuestion(answer)) {
+    // Whether a note is open, and the window minimised, only matters where there is a note.
+    const bool holds = kept != m_kept.constEnd() && kept->sameQuestion(answer) &&
+                       (kept->note == 0 || (kept->minimized == answer.minimized &&
+                                            kept->noteOpen == ClipExists(kept->note, window.hWnd)));
+    if (holds) {
         // The length goes from window to window and is what closing compares with, so a kept answer
         // leaves it as asking would have.
         m_parts.settings.PartialMatchLength = kept->partialLength;
@@ -135,30 +151,32 @@ void WatchCycle::openNoteOf(const clsWindow &window)
     }
     m_kept.remove(window.hWnd);
 
-    std::optional<int> id;
+    FoundNote found;
     try {
-        id = noteToOpen(window);
+        found = noteOf(window);
     } catch (const RuntimeError &error) {
-        if (error.number() == kErrorSyntax) {
+        if (isAboutTheText(error)) {
             answer.partialLength = m_parts.settings.PartialMatchLength;
             answer.unparsable = true;
             m_kept.insert(window.hWnd, answer);
         }
         throw;
     }
-    if (!id) {
-        answer.partialLength = m_parts.settings.PartialMatchLength;
-        m_kept.insert(window.hWnd, answer);
-        return;
-    }
-    dao::Recordset &notes = *m_parts.store.NoteSet();
-    notes.findFirst(QStringLiteral("ID=") + QString::number(*id));
-    if (!notes.noMatch())
+    answer.partialLength = m_parts.settings.PartialMatchLength;
+    if (found.id != 0 && found.mayOpen && !answer.minimized && !ClipExists(found.id, window.hWnd)) {
+        dao::Recordset &notes = *m_parts.store.NoteSet();
+        notes.findFirst(QStringLiteral("ID=") + QString::number(found.id));
+        if (notes.noMatch())
+            return;
         m_loader.load(readNoteRow(notes), window);
+    }
+    answer.note = found.id;
+    answer.noteOpen = ClipExists(found.id, window.hWnd);
+    m_kept.insert(window.hWnd, answer);
 }
 
-/// The note of the window, if it is one that has to be opened now.
-std::optional<int> WatchCycle::noteToOpen(const clsWindow &window)
+/// The first note that belongs to the window.
+WatchCycle::FoundNote WatchCycle::noteOf(const clsWindow &window)
 {
     const QString criteria = BuildMatchCriteria(
         window, matchFacts(window, m_parts.windows, m_parts.location, m_parts.shell, m_parts.settings),
@@ -172,27 +190,24 @@ std::optional<int> WatchCycle::noteToOpen(const clsWindow &window)
         database->openRecordset(QStringLiteral("select count(*) as mMemos from Memos where ") + text,
                                 dao::RecordsetType::ForwardOnly);
     if (count->field(QStringLiteral("mMemos")).toInt() == 0)
-        return std::nullopt;
+        return {};
     count->close();
 
     dao::Recordset &index = *m_parts.store.NoteIndex();
     index.findFirst(text);
     if (index.noMatch())
-        return std::nullopt;
+        return {};
     const int id = index.field(QStringLiteral("ID")).toInt();
     // The added condition belongs to the last alternative alone: a plain note or one that was closed
     // can be found by its title all the same.
     const bool plain = trimBlanks(index.field(QStringLiteral("URL")).toString()).isEmpty();
     const bool active = index.field(QStringLiteral("Active")).toBool();
-    if (plain || !active || ClipExists(id, window.hWnd) || m_parts.windows.isMinimized(window.hWnd))
-        return std::nullopt;
-    return id;
+    return {id, active && !plain};
 }
 
 bool WatchCycle::KeptAnswer::sameQuestion(const KeptAnswer &other) const
 {
-    return notes == other.notes && clips == other.clips && exact == other.exact &&
-           minimized == other.minimized && windowTitle == other.windowTitle &&
+    return notes == other.notes && exact == other.exact && windowTitle == other.windowTitle &&
            documentName == other.documentName && className == other.className;
 }
 
@@ -204,7 +219,6 @@ WatchCycle::KeptAnswer WatchCycle::question(const clsWindow &window) const
     asked.documentName = window.DocumentName;
     asked.className = window.ClassName;
     asked.notes = m_parts.store.noteChangeCount();
-    asked.clips = m_parts.Clips.changeCount();
     asked.exact = m_parts.settings.ExactWindowName;
     asked.minimized = m_parts.windows.isMinimized(window.hWnd);
     return asked;

@@ -77,6 +77,11 @@ private:
         qint16 partialLength = 0;
         bool operator==(const CloseState &) const = default;
     };
+    struct FoundNote
+    {
+        int id = 0; ///< 0 is none
+        bool mayOpen = false;
+    };
     /// The answer "nothing to open" for one window, and all that it depends on.
     struct KeptAnswer
     {
@@ -84,9 +89,10 @@ private:
         QString documentName;
         QString className;
         quint64 notes = 0;
-        quint64 clips = 0;
         bool exact = false;
         bool minimized = false;
+        int note = 0; ///< the note that belongs to the window; 0 is none
+        bool noteOpen = false;
         bool unparsable = false; ///< the pass ends here
         qint16 partialLength = 0;
         bool sameQuestion(const KeptAnswer &other) const;
@@ -94,7 +100,7 @@ private:
 
     void OpenMatchingNotes();
     void openNoteOf(const clsWindow &window);
-    std::optional<int> noteToOpen(const clsWindow &window);
+    FoundNote noteOf(const clsWindow &window);
     KeptAnswer question(const clsWindow &window) const;
     CloseState closeState() const;
 

@@ -77,7 +77,7 @@ QString BuildMatchCriteria(const clsWindow &window, const MatchFacts &facts, Wat
             return titleCondition(title, facts.friendlyTitle);
         return partialCondition(window.StrippedTitle, length, location);
     }
-    const QString byTitle = titleCondition(title, facts.friendlyTitle);
+    QString byTitle = titleCondition(title, facts.friendlyTitle);
     if (location.isEmpty())
         return byTitle;
     return byTitle + QStringLiteral(" or LCASE(URL)=\"") + location.toLower() + QStringLiteral("\"");

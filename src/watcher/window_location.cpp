@@ -19,27 +19,18 @@ constexpr qsizetype kLongestClass = 49;
 constexpr qsizetype kLongestProgram = 260;
 constexpr int kFreshLocationTimeout = 300;
 
-/// The class names of the two levels between a frame of the "Afx:400000:" family and its address bar.
-struct FrameLevels
+/// The class of the child that holds the address bar in a frame of the "Afx:400000:" family.
+std::optional<QString> barHolderClass(const QString &frameClass)
 {
-    QString level1;
-    QString level2;
-};
-
-std::optional<FrameLevels> frameLevels(const QString &className)
-{
-    const QString number = className.left(19);
-    if (className.startsWith(QStringLiteral("Afx:400000:b:14"))) {
-        const QString s = number.mid(number.indexOf(QStringLiteral(":14")) + 3);
-        return FrameLevels{QStringLiteral("Afx:400000:808:14") + s + QStringLiteral(":10:0"),
-                           QStringLiteral("Afx:400000:809:14") + s + QStringLiteral(":10:0")};
+    const QString number = frameClass.left(19);
+    if (frameClass.startsWith(QStringLiteral("Afx:400000:b:14"))) {
+        const QString rest = number.mid(number.indexOf(QStringLiteral(":14")) + 3);
+        return QStringLiteral("Afx:400000:808:14") + rest + QStringLiteral(":10:0");
     }
     if (number == QStringLiteral("Afx:400000:b:10008:"))
-        return FrameLevels{QStringLiteral("Afx:400000:808:10008:10:0"),
-                           QStringLiteral("Afx:400000:809:10008:10:0")};
+        return QStringLiteral("Afx:400000:808:10008:10:0");
     if (number == QStringLiteral("Afx:400000:b:10011:"))
-        return FrameLevels{QStringLiteral("Afx:400000:808:10011:10:0"),
-                           QStringLiteral("Afx:400000:809:10011:10:0")};
+        return QStringLiteral("Afx:400000:808:10011:10:0");
     return std::nullopt;
 }
 
@@ -171,16 +162,12 @@ QString WindowLocation::addressBarText(WindowHandle hWnd) const
     return trimBlanks(GetControlText(h));
 }
 
-QString WindowLocation::frameAddressText(WindowHandle hWnd, const QString &level1,
-                                         const QString &level2) const
+QString WindowLocation::frameAddressText(WindowHandle hWnd, const QString &holderClass) const
 {
-    const WindowHandle h1 = FindChildByClass(hWnd, level1);
-    WindowHandle h2 = FindChildByClass(h1, level2);
-    if (h2 == kNoWindow)
-        h2 = FindChildByTitle(h1, QString());
-    // Whatever was found, the address bar stands in the second child.
+    const WindowHandle h1 = FindChildByClass(hWnd, holderClass);
+    // Its second child, whatever that is called, is the bar.
     const QVector<WindowHandle> parts = h1 == kNoWindow ? QVector<WindowHandle>() : m_windows.children(h1);
-    h2 = parts.size() > 1 ? parts[1] : kNoWindow;
+    const WindowHandle h2 = parts.size() > 1 ? parts[1] : kNoWindow;
 
     WindowHandle h3 = FindChildByTitle(h2, QString());
     if (h3 == kNoWindow)
@@ -194,8 +181,8 @@ QString WindowLocation::locationWithoutShell(WindowHandle hWnd, const QString &c
 {
     if (isShellWindow(className))
         return addressBarText(hWnd);
-    if (const std::optional<FrameLevels> levels = frameLevels(className))
-        return frameAddressText(hWnd, levels->level1, levels->level2);
+    if (const std::optional<QString> holder = barHolderClass(className))
+        return frameAddressText(hWnd, *holder);
     return trimBlanks(GetWindowProgram(hWnd));
 }
 

@@ -52,7 +52,7 @@ public:
 private:
     bool isShellWindow(const QString &className) const;
     QString addressBarText(WindowHandle hWnd) const;
-    QString frameAddressText(WindowHandle hWnd, const QString &level1, const QString &level2) const;
+    QString frameAddressText(WindowHandle hWnd, const QString &holderClass) const;
     QString locationWithoutShell(WindowHandle hWnd, const QString &className) const;
 
     const WindowSystem &m_windows;

@@ -4,7 +4,7 @@
 
 #include <QHash>
 
-namespace norvane {
+namespace norvane::fakes {
 
 /// Keeps who stands where in whom, and moves nothing on a screen.
 class FakeEmbedding : public WindowEmbedding
@@ -43,4 +43,4 @@ private:
     QHash<WindowHandle, Place> m_places;
 };
 
-} // namespace norvane
+} // namespace norvane::fakes

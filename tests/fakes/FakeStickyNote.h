@@ -123,6 +123,11 @@ public:
         call(QStringLiteral("mnuFile_Close_Click"));
         unload();
     }
+    void saveAtExit() override
+    {
+        if (fields.AutoSave && dirty)
+            SaveNote();
+    }
     void SaveNote() override
     {
         call(QStringLiteral("SaveNote"));

@@ -29,10 +29,8 @@ template <typename Step> void ignoringErrors(Step step)
 void saveDirtyNotes(const FormList &forms)
 {
     for (Form *form : forms.named(QStringLiteral("frmSticky"))) {
-        // Saving a note lets events run, which may take another note away.
-        auto *note = forms.contains(form) ? dynamic_cast<StickyNote *>(form) : nullptr;
-        if (note && note->fields.AutoSave && note->isDirty())
-            ignoringErrors([note] { note->SaveNote(); });
+        if (auto *note = dynamic_cast<StickyNote *>(form))
+            note->saveAtExit();
     }
 }
 

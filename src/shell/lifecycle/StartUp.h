@@ -6,7 +6,6 @@
 
 namespace norvane {
 
-class Clock;
 class EventLoop;
 class InstanceLock;
 class Prompts;

@@ -41,7 +41,7 @@ bool VirtualDesktop::start(const Options &options)
         QFile::setPermissions(home() + folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         m_environment.insert(name, home() + folder);
     }
-    if (!startServer(options.size) || !startBuses(options.accessibility))
+    if (!startServer(options.size) || !startSessionBus() || (options.accessibility && !startAccessibility()))
         return false;
     run(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
     m_x = std::make_unique<XClient>(m_display);
@@ -73,7 +73,7 @@ bool VirtualDesktop::startServer(const QSize &size)
     return true;
 }
 
-bool VirtualDesktop::startBuses(bool accessibility)
+bool VirtualDesktop::startSessionBus()
 {
     QProcess *bus =
         run(QStringLiteral("dbus-daemon"),
@@ -85,11 +85,19 @@ bool VirtualDesktop::startBuses(bool accessibility)
         }))
         return fail(QStringLiteral("the session bus did not start"));
     m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(address).trimmed());
-    if (!accessibility)
-        return true;
-    QProcess *launcher =
+    return true;
+}
+
+bool VirtualDesktop::stopAccessibility()
+{
+    return end(m_accessibility);
+}
+
+bool VirtualDesktop::startAccessibility()
+{
+    m_accessibility =
         run(QStringLiteral("/usr/libexec/at-spi-bus-launcher"), {QStringLiteral("--launch-immediately")});
-    if (launcher == nullptr)
+    if (m_accessibility == nullptr)
         return fail(QStringLiteral("the accessibility bus did not start"));
     const auto switchedOn = [this] {
         QProcess call;

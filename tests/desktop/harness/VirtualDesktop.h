@@ -43,13 +43,17 @@ public:
     bool end(QProcess *process, int timeoutMs = 10000);
     /// What a program has written on its standard error so far.
     QString errorOutput(const QProcess *process) const;
+    /// Starts the accessibility bus, switched on. start() does so where it is wanted.
+    bool startAccessibility();
+    /// Ends the accessibility bus under the programs that use it.
+    bool stopAccessibility();
     /// Ends the X server under everything.
     void killDisplay();
 
 private:
     bool fail(const QString &what);
     bool startServer(const QSize &size);
-    bool startBuses(bool accessibility);
+    bool startSessionBus();
 
     QTemporaryDir m_home;
     QString m_error;
@@ -57,6 +61,7 @@ private:
     QProcessEnvironment m_environment;
     std::unique_ptr<XClient> m_x;
     QProcess *m_server = nullptr;
+    QProcess *m_accessibility = nullptr;
     std::vector<std::unique_ptr<QProcess>> m_processes; ///< in the order of their start
 };
 

@@ -1,6 +1,6 @@
 #include "fakes/FakeClock.h"
 #include "fakes/FakeFileSystem.h"
-#include "fakes/FakePrompts.h"
+#include "fakes/FakeNotifier.h"
 #include "store/NoteRescue.h"
 #include "store/NoteStore.h"
 #include "store/rescue_file.h"
@@ -80,18 +80,18 @@ protected:
     NoEngine engine;
     fakes::FakeFileSystem files;
     fakes::FakeClock clock;
-    fakes::FakePrompts prompts;
+    fakes::FakeNotifier notifier;
     NoteStore store{engine, files};
-    NoteRescue rescue{store, files, clock, prompts};
+    NoteRescue rescue{store, files, clock, notifier};
 };
 
 TEST_F(Rescuing, isToldOnceAndNamesTheFolder)
 {
     EXPECT_FALSE(rescue.rescue(QStringLiteral("One"), "1").isEmpty());
     EXPECT_FALSE(rescue.rescue(QStringLiteral("Two"), "2").isEmpty());
-    ASSERT_EQ(prompts.boxes.size(), 1);
-    EXPECT_TRUE(prompts.boxes.constFirst().text.contains(u"'One'"));
-    EXPECT_TRUE(prompts.boxes.constFirst().text.contains(u"'/data/Notes/Rescued'"));
+    ASSERT_EQ(notifier.shown.size(), 1);
+    EXPECT_TRUE(notifier.shown.constFirst().contains(u"'One'"));
+    EXPECT_TRUE(notifier.shown.constFirst().contains(u"'/data/Notes/Rescued'"));
     EXPECT_EQ(files.files.size(), 2);
 }
 
@@ -100,9 +100,8 @@ TEST_F(Rescuing, saysSoWheneverANoteIsLost)
     files.failAllWrites = 3026;
     EXPECT_TRUE(rescue.rescue(QStringLiteral("One"), "1").isEmpty());
     EXPECT_TRUE(rescue.rescue(QStringLiteral("Two"), "2").isEmpty());
-    ASSERT_EQ(prompts.boxes.size(), 2);
-    EXPECT_TRUE(prompts.boxes.at(1).text.contains(u"'Two'"));
-    EXPECT_EQ(prompts.boxes.at(1).style, Prompts::kCritical);
+    ASSERT_EQ(notifier.shown.size(), 2);
+    EXPECT_TRUE(notifier.shown.at(1).contains(u"'Two'"));
 }
 
 } // namespace

@@ -1,0 +1,122 @@
+// Figures of the rich text path: reading, filling a document, writing, opening an editor.
+
+#include "richtext/NV_RTFEdit.h"
+#include "richtext/PictureStore.h"
+#include "richtext/document_builder.h"
+#include "richtext/document_reader.h"
+#include "richtext/rtf/read.h"
+#include "richtext/rtf/writer.h"
+
+#include <QApplication>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <benchmark/benchmark.h>
+
+using namespace norvane;
+
+namespace {
+
+/// Rich text of about that size, as dense as real letters are: a change of format every 28 bytes.
+QByteArray generatedRtf(qsizetype size)
+{
+    QByteArray rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil\\fcharset0 Arial;}"
+                     "{\\f1\\fnil\\fcharset0 Times New Roman;}}\r\n{\\colortbl ;\\red255\\green0\\blue0;"
+                     "\\red0\\green0\\blue255;}\r\n\\viewkind4\\uc1\\pard\\f0\\fs20 ";
+    static const char *const kRuns[] = {
+        "\\b some words in bold face \\b0 ", "plain words that stand between ",
+        "\\i words that lean \\i0 ",         "\\cf1 these words are red \\cf0 ",
+        "caf\\'e9 \\u8364?5 and more text ", "{\\f1\\fs28 large words here} "};
+    for (int i = 0; rtf.size() < size; ++i) {
+        rtf += kRuns[i % std::size(kRuns)];
+        if (i % 20 == 19)
+            rtf += "\\par\r\n";
+    }
+    return rtf + "\\par}";
+}
+
+class NoFiles final : public FileSystem
+{
+public:
+    bool exists(const QString &) const override { return false; }
+    QByteArray read(const QString &) const override { return {}; }
+    void write(const QString &, const QByteArray &) override {}
+    void makeFolder(const QString &) override {}
+    void remove(const QString &) override {}
+};
+
+void readRtf(benchmark::State &state)
+{
+    const QByteArray rtf = generatedRtf(state.range(0));
+    for ([[maybe_unused]] auto unused : state)
+        benchmark::DoNotOptimize(rtf::read(rtf));
+    state.SetBytesProcessed(state.iterations() * rtf.size());
+}
+
+void loadDocument(benchmark::State &state)
+{
+    const QByteArray rtf = generatedRtf(state.range(0));
+    for ([[maybe_unused]] auto unused : state) {
+        QTextDocument document;
+        document.setUndoRedoEnabled(false);
+        QTextCursor cursor(&document);
+        PictureStore pictures;
+        buildDocument(*rtf::read(rtf), cursor, pictures, Extent::WholeDocument);
+        benchmark::DoNotOptimize(document.characterCount());
+    }
+    state.SetBytesProcessed(state.iterations() * rtf.size());
+}
+
+void loadIntoBox(benchmark::State &state)
+{
+    const QByteArray rtf = generatedRtf(state.range(0));
+    NoFiles files;
+    for ([[maybe_unused]] auto unused : state) {
+        RichTextBox box(files);
+        box.resize(340, 250);
+        box.setTextRTF(rtf);
+    }
+}
+
+void saveDocument(benchmark::State &state)
+{
+    const QByteArray rtf = generatedRtf(state.range(0));
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    PictureStore pictures;
+    buildDocument(*rtf::read(rtf), cursor, pictures, Extent::WholeDocument);
+    for ([[maybe_unused]] auto unused : state)
+        benchmark::DoNotOptimize(rtf::write(readDocument(document)));
+}
+
+/// What a note without a tool bar costs until it is on the screen.
+void openEditor(benchmark::State &state)
+{
+    const QByteArray rtf = generatedRtf(2'000);
+    NoFiles files;
+    for ([[maybe_unused]] auto unused : state) {
+        NV_RTFEdit editor(files);
+        editor.setToolBar(false);
+        editor.setBackColor(0xC0FFFF);
+        editor.setTextRTF(rtf);
+        editor.resize(340, 250);
+        editor.show();
+        QCoreApplication::processEvents();
+    }
+}
+
+BENCHMARK(readRtf)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMillisecond);
+BENCHMARK(loadDocument)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMillisecond);
+BENCHMARK(loadIntoBox)->Arg(1 << 20)->Unit(benchmark::kMillisecond);
+BENCHMARK(saveDocument)->Arg(1 << 20)->Unit(benchmark::kMillisecond);
+BENCHMARK(openEditor)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,15 @@
+#include "app/Backends.h"
+
+#include "platform/sqlite/SqliteEngine.h"
+
+#include <QApplication>
+
+namespace norvane {
+
+Backends::Backends()
+    : sound([] { QApplication::beep(); }), engine(dao::makeSqliteEngine()),
+      shellWindows(windows, {{}, {}, qApp->devicePixelRatio()})
+{
+}
+
+} // namespace norvane

@@ -1,0 +1,263 @@
+#include "app/Program.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/linux/ExitGuard.h"
+#include "shell/hot_key_actions.h"
+#include "shell/internal_error.h"
+#include "shell/lifecycle/StartUp.h"
+#include "shell/tray_menu.h"
+#include "shell/windows/TrayIcon.h"
+#include "shell/windows/frmMain.h"
+#include "shell/windows/mdiMain.h"
+#include "watcher/open_location.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace norvane {
+
+namespace {
+
+/// Commands of the tray that can be used now; the others wait for their windows.
+const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_exit")};
+
+constexpr int kFirstNoticeMs = 10000;
+
+Twips screenTwips()
+{
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    return screen ? Twips(screen->logicalDotsPerInchX(), screen->logicalDotsPerInchY()) : Twips();
+}
+
+} // namespace
+
+Program::Watching::Watching(Program &program)
+    : stickies({.store = program.m_state.store,
+                .files = program.m_backends.files,
+                .forms = program.m_state.forms,
+                .clips = program.m_state.Clips,
+                .windows = program.m_backends.windows,
+                .embedding = program.m_backends.embedding,
+                .timer = program.m_backends.timer,
+                .watch = program.m_state.watch,
+                .events = program.m_backends.events,
+                .clock = program.m_backends.clock,
+                .sound = program.m_backends.sound,
+                .hotKeys = program.m_backends.hotKeys,
+                .grid = program.m_views,
+                .rescue = program.m_rescue,
+                .twips = program.m_twips,
+                .clickSound = program.m_state.DefaultSoundFile}),
+      cycle({.store = program.m_state.store,
+             .settings = program.m_state.watch,
+             .windows = program.m_backends.windows,
+             .shellWindows = program.m_backends.shellWindows,
+             .location = program.m_location,
+             .tasks = *program.m_state.TaskList,
+             .LiveWindows = program.m_state.LiveWindows,
+             .Clips = program.m_state.Clips,
+             .forms = program.m_state.forms,
+             .timer = program.m_backends.timer,
+             .events = program.m_backends.events,
+             .shell = program.m_backends.shell,
+             .clock = program.m_backends.clock,
+             .sound = program.m_backends.sound,
+             .stickies = stickies}),
+      attach({.store = program.m_state.store,
+              .settings = program.m_state.watch,
+              .windows = program.m_backends.windows,
+              .shellWindows = program.m_backends.shellWindows,
+              .location = program.m_location,
+              .tasks = *program.m_state.TaskList,
+              .LiveWindows = program.m_state.LiveWindows,
+              .Clips = program.m_state.Clips,
+              .forms = program.m_state.forms,
+              .timer = program.m_backends.timer,
+              .events = program.m_backends.events,
+              .shell = program.m_backends.shell,
+              .clock = program.m_backends.clock,
+              .sound = program.m_backends.sound,
+              .stickies = stickies},
+             cycle, program.m_views),
+      noteKeys(program.m_state.store, program.m_backends.windows, program.m_location, program.m_state.forms,
+               attach, program.m_views, program.m_backends.prompts)
+{
+    attach.setGrid(&program.m_views);
+    noteKeys.setGrid(&program.m_views);
+}
+
+Program::Program()
+    : m_state(*m_backends.engine, m_backends.files), m_twips(screenTwips()),
+      m_location(m_backends.windows, m_backends.shellWindows, m_backends.processes, m_state.watch),
+      m_hotKeys(m_backends.hotKeys),
+      m_windows({.forms = m_state.forms,
+                 .store = m_state.store,
+                 .settings = m_backends.settings,
+                 .clock = m_backends.clock,
+                 .events = m_backends.events,
+                 .windows = m_backends.windows,
+                 .sound = m_backends.sound,
+                 .trayHost = m_backends.trayHost,
+                 .twips = m_twips,
+                 .version = QVersionNumber::fromString(QCoreApplication::applicationVersion())}),
+      m_views(m_windows), m_rescue(m_state.store, m_backends.files, m_backends.clock, m_backends.notifier),
+      m_shutDown({.store = m_state.store,
+                  .watch = m_state.watch,
+                  .timer = m_backends.timer,
+                  .forms = m_state.forms,
+                  .unloadPreview = {},
+                  .endProcess = [] { QCoreApplication::quit(); }}),
+      m_firstStart(m_backends.settings, m_backends.notifier),
+      m_accessibility(m_backends.settings, m_backends.prompts, m_backends.shellWindows)
+{
+}
+
+Program::~Program() = default;
+
+int Program::run(const QStringList &arguments)
+{
+    const StartUp::Result result = StartUp({.state = m_state,
+                                            .instanceLock = m_backends.instanceLock,
+                                            .settings = m_backends.settings,
+                                            .shell = m_backends.shell,
+                                            .prompts = m_backends.prompts,
+                                            .events = m_backends.events,
+                                            .windowSystem = m_backends.windows,
+                                            .shellWindows = m_backends.shellWindows,
+                                            .shellWindowsAvailable = true,
+                                            .windowLookup = m_location,
+                                            .timer = m_backends.timer,
+                                            .windows = m_windows,
+                                            .twips = m_twips})
+                                       .run(arguments);
+    if (result == StartUp::Result::AlreadyRunning)
+        return 0;
+    if (result == StartUp::Result::Failed)
+        return 1;
+
+    m_watching = std::make_unique<Watching>(*this);
+    // The display may go, or the session end, without time for the windows.
+    const ExitGuard guard([this] { m_shutDown.saveAndClose(); });
+    EndSignals endSignals;
+    connect(&endSignals, &EndSignals::endAsked, this, &Program::end);
+    connect(
+        qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { saveDirtyNotes(m_state.forms); },
+        Qt::DirectConnection);
+    registerHotKeys();
+    connectWindows();
+    fillTray();
+    connect(&m_backends.shellWindows, &ShellWindows::locationChanged, this, &Program::offerAccessibility);
+
+    m_firstStart.show(m_hotKeys.text(HotKeyId::Attach), m_hotKeys.text(HotKeyId::Main),
+                      [this](const QString &text) { m_windows.showNotice(text, kFirstNoticeMs); });
+    const int code = QCoreApplication::exec();
+    end(); // when the loop was left by another way than the shut-down
+    return code;
+}
+
+void Program::end()
+{
+    if (m_watching)
+        m_watching->cycle.end();
+    m_shutDown.run();
+}
+
+void Program::connectWindows()
+{
+    connect(&m_windows, &ShellForms::shutDownRequested, this, &Program::end, Qt::QueuedConnection);
+    connect(&m_windows, &ShellForms::openPageRequested, this, &Program::openPage);
+    m_windows.browser()->setHotKeyTexts(m_hotKeys.text(HotKeyId::Attach), m_hotKeys.text(HotKeyId::Detach),
+                                        m_hotKeys.text(HotKeyId::Delete), m_hotKeys.text(HotKeyId::Main));
+}
+
+// ---- Hot keys ----
+
+void Program::registerHotKeys()
+{
+    m_hotKeys.records.load(m_backends.settings);
+    const WindowHandle owner = m_windows.browser()->hWnd();
+    m_hotKeys.registerAll(owner);
+    connect(&m_backends.hotKeys, &HotKeys::pressed, this, [this, owner](WindowHandle window, int id) {
+        if (window == owner)
+            hotKeyPressed(id);
+    });
+    QStringList refused;
+    for (const int id : m_hotKeys.refused())
+        refused.append(m_hotKeys.text(static_cast<HotKeyId>(id)));
+    if (!refused.isEmpty())
+        m_backends.notifier.notify(
+            kApplicationTitle.toString(),
+            tr("These keys belong to another program: %1").arg(refused.join(QStringLiteral(", "))),
+            [](bool) {});
+}
+
+void Program::hotKeyPressed(int id)
+{
+    const auto action = hotKeyAction(id);
+    if (!action || m_shutDown.begun())
+        return;
+    switch (*action) {
+    case HotKeyAction::ToggleBrowser:
+        m_windows.ToggleBrowser();
+        break;
+    case HotKeyAction::AttachFrontWindow:
+        m_watching->noteKeys.attachFrontWindow();
+        break;
+    case HotKeyAction::CloseFrontNote:
+        m_watching->noteKeys.closeFrontNote();
+        break;
+    case HotKeyAction::DeleteFrontNote:
+        m_watching->noteKeys.deleteFrontNote();
+        break;
+    case HotKeyAction::ToggleWindowList:
+    case HotKeyAction::ShowSearch:
+        // Registered, so that no other program takes them; their windows are still to come.
+        break;
+    }
+}
+
+// ---- Tray ----
+
+void Program::fillTray()
+{
+    TrayIcon *tray = m_windows.browser()->trayIcon();
+    tray->setMenuSource([this] { return trayItems(); });
+    tray->noteChange();
+}
+
+QVector<TrayMenuItem> Program::trayItems() const
+{
+    QVector<OpenPageEntry> pages;
+    try {
+        if (m_state.store.database())
+            pages = openPageEntries(*m_state.store.database());
+    } catch (const RuntimeError &) {
+        pages.clear(); // the menu is there without them
+    }
+    return trayMenu({m_hotKeys.text(HotKeyId::Main), m_hotKeys.text(HotKeyId::AttachDetachWindow),
+                     m_hotKeys.text(HotKeyId::Search)},
+                    kTrayCommands, pages);
+}
+
+void Program::openPage(int id)
+{
+    try {
+        const auto note = m_state.store.database()->openRecordset(
+            QStringLiteral("select URL from Memos where ID=%1").arg(id), dao::RecordsetType::ForwardOnly);
+        if (!note->eof())
+            OpenLocation(m_backends.shell, note->field(QStringLiteral("URL")).toString());
+    } catch (const RuntimeError &error) {
+        m_backends.prompts.messageBox(error.description(), Prompts::kExclamation,
+                                      kApplicationTitle.toString());
+    }
+}
+
+// ---- Accessibility ----
+
+void Program::offerAccessibility()
+{
+    if (m_backends.shellWindows.needsAccessibility())
+        m_accessibility.noticeBrowserWithoutLocation();
+}
+
+} // namespace norvane

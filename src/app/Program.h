@@ -1,0 +1,73 @@
+#pragma once
+
+#include "app/Backends.h"
+#include "app/ProgramViews.h"
+#include "options/HotKeyModel.h"
+#include "shell/AccessibilityOffer.h"
+#include "shell/FirstStartNotice.h"
+#include "shell/lifecycle/SharedState.h"
+#include "shell/lifecycle/ShutDown.h"
+#include "shell/windows/ShellForms.h"
+#include "sticky/frmStickyFactory.h"
+#include "store/NoteRescue.h"
+#include "watcher/AttachWindow.h"
+#include "watcher/NoteHotKeys.h"
+#include "watcher/WatchCycle.h"
+#include "watcher/window_location.h"
+
+#include <memory>
+
+namespace norvane {
+
+struct TrayMenuItem;
+
+/// The running program: owns the backends, the shared state and the windows, and ties hot keys,
+/// tray and frame to what they do.
+class Program : public QObject
+{
+    Q_OBJECT
+
+public:
+    Program();
+    ~Program() override;
+
+    /// Starts, runs the event loop and ends. @return the exit code of the process
+    int run(const QStringList &arguments);
+
+private:
+    /// What watches the desktop; made when start-up is over.
+    struct Watching
+    {
+        explicit Watching(Program &program);
+
+        frmStickyFactory stickies;
+        WatchCycle cycle;
+        AttachWindow attach;
+        NoteHotKeys noteKeys;
+    };
+
+    void connectWindows();
+    void fillTray();
+    void registerHotKeys();
+    void hotKeyPressed(int id);
+    void openPage(int id);
+    void offerAccessibility();
+    void end();
+
+    QVector<TrayMenuItem> trayItems() const;
+
+    Backends m_backends;
+    SharedState m_state;
+    Twips m_twips;
+    WindowLocation m_location;
+    HotKeyModel m_hotKeys;
+    ShellForms m_windows;
+    ProgramViews m_views;
+    NoteRescue m_rescue;
+    ShutDown m_shutDown;
+    FirstStartNotice m_firstStart;
+    AccessibilityOffer m_accessibility;
+    std::unique_ptr<Watching> m_watching;
+};
+
+} // namespace norvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "watcher/NoteGridView.h"
+#include "watcher/Notices.h"
+
+namespace norvane {
+
+class ShellForms;
+
+/// The shell's windows as the watcher knows them: short notices, and what shows the notes.
+class ProgramViews : public Notices, public NoteGridView
+{
+public:
+    /// @p forms must outlive this object.
+    explicit ProgramViews(ShellForms &forms) : m_forms(forms) {}
+
+    // Notices
+    void showStandingText() override;
+    void show(const QString &text) override;
+
+    // NoteGridView
+    /// Until there is a grid, the tray menu is what shows notes.
+    void Refresh_Grid() override;
+    int category() const override;
+
+private:
+    ShellForms &m_forms;
+};
+
+} // namespace norvane

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/dao.h"
+#include "platform/sqlite/Connection.h"
+#include "platform/sqlite/FileLock.h"
+
+#include <memory>
+
+namespace norvane::dao {
+
+/// What a database shares with its recordsets, which may outlive it: the connection while it is
+/// open.
+class DatabaseCore
+{
+public:
+    DatabaseCore(QString file, bool readOnly) : m_file(std::move(file)), m_readOnly(readOnly) {}
+
+    const QString &file() const { return m_file; }
+    bool readOnly() const { return m_readOnly; }
+
+    /// Opens the connection; the password is proven.
+    void connect(const QString &password);
+    void disconnect();
+    /// Raises 91 when the database is closed.
+    Connection &connection() const;
+    bool isOpen() const { return m_connection != nullptr; }
+    /// Grows with every connect(): temporary tables and change counts of the one before are gone.
+    int generation() const { return m_generation; }
+    quint64 statementCount() const;
+
+    const QVector<TableDef> &tables() const { return m_tables; }
+    void readTables();
+    /// The table with this name in any case. Raises 3265.
+    const TableDef &table(const QString &name);
+
+    /// A name for a temporary table.
+    QByteArray newTemporaryTable() { return "temp.snapshot" + QByteArray::number(++m_temporaryTables); }
+
+    std::unique_ptr<FileLock> lock;
+
+private:
+    const TableDef *findTable(const QString &name) const;
+
+    QString m_file;
+    bool m_readOnly;
+    std::unique_ptr<Connection> m_connection;
+    QVector<TableDef> m_tables;
+    int m_generation = 0;
+    int m_temporaryTables = 0;
+    quint64 m_statementsBefore = 0; ///< of connections that are closed
+};
+
+} // namespace norvane::dao

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "platform/sqlite/EditBuffer.h"
+#include "platform/sqlite/RowSet.h"
+
+#include <QHash>
+#include <memory>
+
+namespace norvane::dao {
+
+class DatabaseCore;
+
+/// A dynaset or a snapshot.
+class KeysetRecordset : public Recordset
+{
+public:
+    KeysetRecordset(std::shared_ptr<DatabaseCore> core, std::unique_ptr<SelectQuery> query,
+                    RecordsetType type, bool readOnly);
+    ~KeysetRecordset() override;
+
+    bool bof() const override;
+    bool eof() const override;
+    bool noMatch() const override;
+    void moveFirst() override;
+    void moveLast() override;
+    void moveNext() override;
+    void movePrevious() override;
+    void findFirst(const QString &condition) override;
+    void findNext(const QString &condition) override;
+    QVariant field(const QString &name) const override;
+    QStringList fieldNames() const override;
+    void addNew() override;
+    void edit() override;
+    void setField(const QString &name, const QVariant &value) override;
+    void update() override;
+    void cancelUpdate() override;
+    void remove() override;
+    void requery() override;
+    int recordCount() const override;
+    void setCacheSize(int records) override;
+    void fillCache() override;
+    void setFilter(const QString &condition) override;
+    QString filter() const override;
+    std::unique_ptr<Recordset> openRecordset(RecordsetType type) override;
+    void close() override;
+
+private:
+    using Row = QVector<QVariant>;
+
+    void checkOpen() const;
+    void checkUpdatable() const;
+    void checkCurrent() const;
+    void checkNotEmpty() const;
+    void moveTo(int position);
+    void find(const QString &condition, int from);
+    const Row &currentRow() const;
+    void readAhead() const;
+
+    std::shared_ptr<DatabaseCore> m_core;
+    std::unique_ptr<SelectQuery> m_query;
+    RecordsetType m_type;
+    bool m_readOnly;
+    std::unique_ptr<RowSet> m_rows; ///< nullptr when closed
+    int m_position = 0;             ///< -1 before the first record, size() behind the last
+    bool m_currentDeleted = false;  ///< the current record stood before the one at m_position
+    bool m_noMatch = false;
+    bool m_walking = false; ///< the last move was to the next record
+    std::unique_ptr<EditBuffer> m_edit;
+    QString m_filter;
+    int m_cacheSize;
+
+    mutable QHash<qint64, Row> m_cache;
+    mutable quint64 m_cacheChanges = 0; ///< changes of the connection when the cache was filled
+    mutable int m_cacheGeneration = 0;
+};
+
+} // namespace norvane::dao

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QVariant>
+#include <QVector>
+
+struct sqlite3_stmt;
+
+namespace norvane::dao {
+
+class Connection;
+
+/// A compiled statement, kept by its connection.
+struct PreparedStatement
+{
+    PreparedStatement() = default;
+    ~PreparedStatement();
+    PreparedStatement(const PreparedStatement &) = delete;
+    PreparedStatement &operator=(const PreparedStatement &) = delete;
+
+    sqlite3_stmt *handle = nullptr;
+    bool busy = false;
+    quint64 lastUse = 0;
+};
+
+/// The use of a compiled statement from binding to its last row.
+class Statement
+{
+public:
+    ~Statement();
+    Statement(Statement &&other) noexcept;
+    Statement(const Statement &) = delete;
+    Statement &operator=(const Statement &) = delete;
+    Statement &operator=(Statement &&) = delete;
+
+    void bind(const QVector<QVariant> &values);
+    /// Whether there is a (further) row.
+    bool step();
+    int columnCount() const;
+    bool isNull(int column) const;
+    qint64 integer(int column) const;
+    double real(int column) const;
+    QString text(int column) const;
+    /// An integer, a double, a text, or an invalid value.
+    QVariant value(int column) const;
+
+private:
+    friend class Connection;
+    Statement(Connection &connection, PreparedStatement &prepared);
+
+    Connection &m_connection;
+    PreparedStatement *m_prepared;
+    bool m_started = false;
+};
+
+} // namespace norvane::dao

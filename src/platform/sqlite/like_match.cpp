@@ -1,0 +1,132 @@
+#include "platform/sqlite/like_match.h"
+
+#include <cstddef>
+
+namespace norvane::dao {
+
+namespace {
+
+/// Comparisons for one text: a pattern with many wildcards against a very long text ends here.
+constexpr std::size_t kMostSteps = 50'000'000;
+
+/// One element of a pattern that is not "*".
+struct Element
+{
+    std::size_t size = 1; ///< units of the pattern; 0 when the list does not end
+    bool matches = false;
+};
+
+template <typename View> Element elementAt(View pattern, std::size_t place, char32_t unit)
+{
+    const auto at = [&pattern](std::size_t i) { return static_cast<char32_t>(pattern[i]); };
+    switch (at(place)) {
+    case U'?':
+        return {1, true};
+    case U'#':
+        return {1, unit >= U'0' && unit <= U'9'};
+    case U'[':
+        break;
+    default:
+        return {1, at(place) == unit};
+    }
+    std::size_t i = place + 1;
+    const bool negated = i < pattern.size() && at(i) == U'!';
+    if (negated)
+        ++i;
+    bool found = false;
+    bool empty = true;
+    for (; i < pattern.size() && at(i) != U']'; ++i) {
+        const char32_t low = at(i);
+        char32_t high = low;
+        if (i + 2 < pattern.size() && at(i + 1) == U'-' && at(i + 2) != U']') {
+            high = at(i + 2);
+            i += 2;
+        }
+        found = found || (unit >= low && unit <= high);
+        empty = false;
+    }
+    if (i >= pattern.size())
+        return {0, false};
+    // "[]" is the empty text; it takes no character, and is not used by anyone.
+    return {i + 1 - place, !empty && found != negated};
+}
+
+template <typename View> bool listsEnd(View pattern)
+{
+    for (std::size_t i = 0; i < pattern.size();) {
+        const std::size_t size = elementAt(pattern, i, U' ').size;
+        if (size == 0)
+            return false;
+        i += size;
+    }
+    return true;
+}
+
+/// The text between the stars of "*text*", where it has no wildcards itself; else nothing.
+template <typename View> View starredText(View pattern)
+{
+    if (pattern.size() < 3 || pattern.front() != '*' || pattern.back() != '*')
+        return {};
+    const View inner = pattern.substr(1, pattern.size() - 2);
+    for (const auto unit : inner)
+        if (unit == '*' || unit == '?' || unit == '#' || unit == '[')
+            return {};
+    return inner;
+}
+
+/// Only the last "*" ever needs another try, so the work is at most text times pattern.
+template <typename View> LikeResult match(View text, View pattern)
+{
+    if (const View inner = starredText(pattern); !inner.empty())
+        return text.find(inner) != View::npos ? LikeResult::Yes : LikeResult::No;
+    if (!listsEnd(pattern))
+        return LikeResult::BadPattern;
+    constexpr auto kNone = static_cast<std::size_t>(-1);
+    std::size_t t = 0;
+    std::size_t p = 0;
+    std::size_t star = kNone;
+    std::size_t retry = 0;
+    std::size_t steps = 0;
+    while (t < text.size()) {
+        if (++steps > kMostSteps)
+            return LikeResult::TooMuchWork;
+        if (p < pattern.size() && pattern[p] == '*') {
+            star = p++;
+            retry = t;
+            continue;
+        }
+        if (p < pattern.size()) {
+            const Element element = elementAt(pattern, p, static_cast<char32_t>(text[t]));
+            if (element.matches) {
+                p += element.size;
+                ++t;
+                continue;
+            }
+        }
+        if (star == kNone)
+            return LikeResult::No;
+        p = star + 1;
+        t = ++retry;
+    }
+    while (p < pattern.size() && pattern[p] == '*')
+        ++p;
+    return p == pattern.size() ? LikeResult::Yes : LikeResult::No;
+}
+
+} // namespace
+
+LikeResult likeMatch(std::string_view text, std::string_view pattern)
+{
+    return match(text, pattern);
+}
+
+LikeResult likeMatch(const QString &text, const QString &pattern)
+{
+    // By whole characters, so that "?" takes an emoji.
+    const auto units = [](const QString &from) { return from.toStdU32String(); };
+    const std::u32string wideText = units(text);
+    const std::u32string widePattern = units(pattern);
+    return match(std::u32string_view(wideText), std::u32string_view(widePattern));
+}
+
+} // namespace norvane::dao

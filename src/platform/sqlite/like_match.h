@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+#include <string_view>
+
+namespace norvane::dao {
+
+enum class LikeResult { No, Yes, BadPattern, TooMuchWork };
+
+/// Whether the whole text has the form of the pattern: "*" any text, "?" one character, "#" one
+/// digit, "[a-c]" one of a list, "[!a-c]" one that is not in it. Both are folded already.
+LikeResult likeMatch(std::string_view text, std::string_view pattern);
+LikeResult likeMatch(const QString &text, const QString &pattern);
+
+} // namespace norvane::dao

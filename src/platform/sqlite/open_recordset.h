@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/sqlite/SelectQuery.h"
+
+#include <memory>
+
+namespace norvane::dao {
+
+class DatabaseCore;
+
+/// The recordset of this type for a checked statement.
+std::unique_ptr<Recordset> openRows(const std::shared_ptr<DatabaseCore> &core,
+                                    std::unique_ptr<SelectQuery> query, RecordsetType type, bool readOnly);
+
+} // namespace norvane::dao

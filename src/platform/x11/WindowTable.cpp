@@ -1,0 +1,518 @@
+#include "platform/x11/WindowTable.h"
+
+#include <QSocketNotifier>
+#include <algorithm>
+
+namespace norvane::x11 {
+
+namespace {
+
+constexpr quint32 kMaxWindows = 65536; ///< of a list; a longer one is cut
+constexpr quint32 kWindowEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+constexpr quint32 kRootEvents = XCB_EVENT_MASK_PROPERTY_CHANGE;
+/// Programs answer a ping by a message to the root, which only listeners to its children receive.
+constexpr quint32 kPongEvents = kRootEvents | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+/// The facts that ShownFacts are made of.
+constexpr quint32 kShownFacts = kCaptionFact | kClassFact | kStateFact | kOwnerFact | kTypeFact;
+/// Window managers put a window into one frame, some into two.
+constexpr int kMaxFrameDepth = 8;
+
+/// Changes come in bursts (a new window has a dozen): wait for the end of one, then tell it.
+constexpr int kSettleMs = 5;
+/// A window may change its title hundreds of times a second; that is told ten times.
+constexpr int kPauseMs = 100;
+
+constexpr uint8_t kEventMask = 0x7f; ///< without the mark of events that were sent by programs
+
+} // namespace
+
+WindowTable::WindowTable()
+{
+    m_now.setSingleShot(true);
+    m_settled.setSingleShot(true);
+    m_pause.setSingleShot(true);
+    connect(&m_now, &QTimer::timeout, this, &WindowTable::tellNow);
+    connect(&m_settled, &QTimer::timeout, this, &WindowTable::tellChanged);
+    connect(&m_pause, &QTimer::timeout, this, &WindowTable::tellChanged);
+    if (!m_connection.isAlive()) {
+        return;
+    }
+    m_notifier = std::make_unique<QSocketNotifier>(m_connection.fileDescriptor(), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &WindowTable::takeIn);
+    m_connection.selectEvents(m_connection.root(), kRootEvents);
+    update();
+    m_toldCount = m_changeCount;
+}
+
+WindowTable::~WindowTable() = default;
+
+void WindowTable::update()
+{
+    takeIn();
+    if (!m_connection.isAlive()) {
+        return;
+    }
+    if (m_listStale || m_activeStale || m_supportedStale) {
+        readRoot();
+    }
+    if (!m_staleWindows.isEmpty()) {
+        readFacts();
+    }
+    if (!m_staleRects.isEmpty()) {
+        readRects();
+    }
+    // Events that came along with the replies wake no notifier.
+    while (const auto event = m_connection.queuedEvent()) {
+        handle(*event);
+    }
+}
+
+bool WindowTable::supports(AtomName name) const
+{
+    return m_supported.contains(m_connection.atom(name));
+}
+
+const WindowFacts *WindowTable::facts(xcb_window_t window)
+{
+    update();
+    if (!m_records.contains(window)) {
+        if (window == XCB_NONE || window == m_connection.root() || m_dead.contains(window) ||
+            !m_connection.isAlive()) {
+            return nullptr;
+        }
+        addRecord(window);
+        update();
+    }
+    return knownFacts(window);
+}
+
+const WindowFacts *WindowTable::knownFacts(xcb_window_t window) const
+{
+    const auto record = m_records.constFind(window);
+    return record == m_records.constEnd() ? nullptr : &record->facts;
+}
+
+QRect WindowTable::deviceRect(xcb_window_t window)
+{
+    if (!facts(window)) {
+        return {};
+    }
+    Record &record = m_records[window];
+    if (record.following == Following::No) {
+        follow(window, record);
+        update();
+    }
+    return m_records.value(window).deviceRect;
+}
+
+void WindowTable::setEmbedded(xcb_window_t window, xcb_window_t target)
+{
+    if (target == XCB_NONE) {
+        m_embedded.remove(window);
+    } else {
+        m_embedded.insert(window, target);
+        const auto record = m_records.find(window);
+        if (record != m_records.end() && record->following == Following::No) {
+            follow(window, *record);
+            tellPlacement(window);
+        }
+    }
+    setOrder();
+}
+
+void WindowTable::ping(xcb_window_t window)
+{
+    m_connection.selectEvents(m_connection.root(), kPongEvents);
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = m_connection.atom(AtomName::WmProtocols);
+    event.data.data32[0] = m_connection.atom(AtomName::NetWmPing);
+    event.data.data32[1] = ++m_lastPing;
+    event.data.data32[2] = window;
+    xcb_send_event(m_connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char *>(&event));
+    m_connection.flush();
+    m_pinged.insert(window, m_lastPing);
+}
+
+// ---- Events -------------------------------------------------------------------------------------
+
+void WindowTable::takeIn()
+{
+    while (const auto event = m_connection.pollEvent()) {
+        handle(*event);
+    }
+    if (!m_connection.isAlive()) {
+        stop();
+    }
+}
+
+void WindowTable::stop()
+{
+    // The server has gone. What is known stays as the last answer; nothing more will come.
+    m_notifier.reset();
+    m_now.stop();
+    m_settled.stop();
+    m_pause.stop();
+}
+
+void WindowTable::handle(const xcb_generic_event_t &event)
+{
+    switch (event.response_type & kEventMask) {
+    case XCB_PROPERTY_NOTIFY:
+        handleProperty(reinterpret_cast<const xcb_property_notify_event_t &>(event));
+        break;
+    case XCB_CONFIGURE_NOTIFY:
+        handleConfigure(reinterpret_cast<const xcb_configure_notify_event_t &>(event).window);
+        break;
+    case XCB_GRAVITY_NOTIFY:
+        handleConfigure(reinterpret_cast<const xcb_gravity_notify_event_t &>(event).window);
+        break;
+    case XCB_REPARENT_NOTIFY: {
+        const xcb_window_t window = reinterpret_cast<const xcb_reparent_notify_event_t &>(event).window;
+        const auto record = m_records.find(window);
+        if (record != m_records.end() && record->following != Following::No) {
+            m_frames.remove(record->frame);
+            record->frame = XCB_NONE;
+            record->following = Following::Wanted;
+            handleConfigure(window);
+        }
+        break;
+    }
+    case XCB_DESTROY_NOTIFY:
+        handleDestroy(reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window);
+        break;
+    case XCB_CLIENT_MESSAGE:
+        handlePong(reinterpret_cast<const xcb_client_message_event_t &>(event));
+        break;
+    default: // errors about windows that have gone are among these
+        break;
+    }
+}
+
+void WindowTable::handleProperty(const xcb_property_notify_event_t &event)
+{
+    const std::optional<AtomName> property = m_connection.nameOf(event.atom);
+    if (!property) {
+        return;
+    }
+    if (event.window == m_connection.root()) {
+        handleRootProperty(*property);
+    } else {
+        makeStale(event.window, factsToldBy(*property));
+    }
+}
+
+void WindowTable::handleRootProperty(AtomName property)
+{
+    switch (property) {
+    case AtomName::NetClientList:
+    case AtomName::NetClientListStacking:
+        m_listStale = true;
+        scheduleChanged();
+        // A window inside another one may have come or gone with its list.
+        if (!m_embedded.isEmpty()) {
+            m_now.start(0);
+        }
+        break;
+    case AtomName::NetActiveWindow:
+    case AtomName::NetCurrentDesktop:
+        m_activeStale = true;
+        break;
+    case AtomName::NetSupported:
+        m_supportedStale = true;
+        break;
+    default:
+        break;
+    }
+}
+
+void WindowTable::handleConfigure(xcb_window_t window)
+{
+    const xcb_window_t inside = m_frames.value(window, window);
+    const auto record = m_records.constFind(inside);
+    if (record != m_records.constEnd() && record->following != Following::No) {
+        m_staleRects.insert(inside);
+        tellPlacement(inside);
+    }
+}
+
+void WindowTable::handleDestroy(xcb_window_t window)
+{
+    const auto record = m_records.constFind(window);
+    if (record == m_records.constEnd()) {
+        return;
+    }
+    if (record->known) {
+        m_dead.insert(window);
+        m_destroyed.append(window);
+        m_now.start(0);
+    }
+    m_frames.remove(record->frame);
+    m_records.erase(record);
+    m_staleWindows.remove(window);
+    m_staleRects.remove(window);
+    m_placements.remove(window);
+    m_pinged.remove(window);
+    m_listed.remove(window);
+    setOrder();
+}
+
+void WindowTable::handlePong(const xcb_client_message_event_t &event)
+{
+    if (event.type != m_connection.atom(AtomName::WmProtocols) || event.format != 32 ||
+        event.data.data32[0] != m_connection.atom(AtomName::NetWmPing)) {
+        return;
+    }
+    if (m_pinged.remove(event.data.data32[2]) > 0 && m_pinged.isEmpty()) {
+        m_connection.selectEvents(m_connection.root(), kRootEvents);
+        m_connection.flush();
+    }
+}
+
+// ---- Reading ------------------------------------------------------------------------------------
+
+void WindowTable::readRoot()
+{
+    const xcb_window_t root = m_connection.root();
+    const auto clientsCookie = m_connection.requestProperty(root, AtomName::NetClientList, kMaxWindows);
+    const auto stackingCookie =
+        m_connection.requestProperty(root, AtomName::NetClientListStacking, kMaxWindows);
+    const auto activeCookie = m_connection.requestProperty(root, AtomName::NetActiveWindow, 1);
+    const auto desktopCookie = m_connection.requestProperty(root, AtomName::NetCurrentDesktop, 1);
+    const auto supportedCookie = m_connection.requestProperty(root, AtomName::NetSupported, kMaxWindows);
+    const QVector<quint32> clients = numbersOf(m_connection.property(clientsCookie));
+    const QVector<quint32> stacking = numbersOf(m_connection.property(stackingCookie));
+    const QVector<quint32> active = numbersOf(m_connection.property(activeCookie));
+    const QVector<quint32> desktop = numbersOf(m_connection.property(desktopCookie));
+    const QVector<quint32> supported = numbersOf(m_connection.property(supportedCookie));
+    if (!m_connection.isAlive()) {
+        return;
+    }
+    m_listStale = false;
+    m_activeStale = false;
+    m_supportedStale = false;
+    m_active = active.isEmpty() ? XCB_NONE : active.first();
+    m_desktop = desktop.isEmpty() ? 0 : desktop.first();
+    if (supported != m_supported) {
+        // Another window manager: it may tell states in another way.
+        m_supported = supported;
+        for (auto record = m_records.constBegin(); record != m_records.constEnd(); ++record) {
+            makeStale(record.key(), kStateFact);
+        }
+    }
+    setLists(clients, stacking);
+}
+
+void WindowTable::setLists(const QVector<xcb_window_t> &clients, const QVector<xcb_window_t> &stacking)
+{
+    const QSet<xcb_window_t> before = m_listed;
+    m_clients = clients;
+    m_stacking = stacking.isEmpty() ? clients : stacking;
+    m_listed = QSet<xcb_window_t>(clients.begin(), clients.end());
+    for (const xcb_window_t window : clients) {
+        if (!m_records.contains(window)) {
+            // An id that was destroyed is given out again to a later window.
+            m_dead.remove(window);
+            addRecord(window);
+        }
+        if (!before.contains(window)) {
+            tellPlacement(window);
+        }
+    }
+    for (const xcb_window_t window : before) {
+        if (!m_listed.contains(window)) {
+            tellPlacement(window);
+        }
+    }
+    setOrder();
+}
+
+void WindowTable::setOrder()
+{
+    QVector<xcb_window_t> order;
+    const auto take = [&](xcb_window_t window) {
+        if (m_listed.contains(window) && !m_embedded.contains(window) && !order.contains(window)) {
+            order.append(window);
+        }
+    };
+    std::for_each(m_stacking.crbegin(), m_stacking.crend(), take);
+    // The two lists are two properties: a new window may be in one of them only.
+    if (order.size() < m_listed.size()) {
+        std::for_each(m_clients.crbegin(), m_clients.crend(), take);
+    }
+    if (order != m_zOrder) {
+        m_zOrder = order;
+        ++m_changeCount;
+        scheduleChanged();
+    }
+}
+
+void WindowTable::addRecord(xcb_window_t window)
+{
+    // Events first, facts after: a change in between is then told.
+    m_connection.selectEvents(window, kWindowEvents);
+    m_staleWindows.insert(window);
+    Record &record = m_records[window];
+    if (m_embedded.contains(window)) {
+        follow(window, record);
+    }
+}
+
+void WindowTable::follow(xcb_window_t window, Record &record)
+{
+    record.following = Following::Wanted;
+    m_staleRects.insert(window);
+}
+
+void WindowTable::readFacts()
+{
+    const bool hiddenIsTold = supports(AtomName::NetWmStateHidden);
+    QVector<std::pair<xcb_window_t, FactRequest>> requests;
+    requests.reserve(m_staleWindows.size());
+    for (const xcb_window_t window : std::as_const(m_staleWindows)) {
+        Record &record = m_records[window];
+        requests.append({window, FactRequest(m_connection, window, record.stale)});
+        record.stale = 0;
+    }
+    m_staleWindows.clear();
+    for (const auto &[window, request] : requests) {
+        Record &record = m_records[window];
+        const ShownFacts before = record.facts.shown;
+        if (!request.read(m_connection, hiddenIsTold, record.facts)) {
+            if (m_connection.isAlive()) {
+                handleDestroy(window);
+            }
+            continue;
+        }
+        record.known = true;
+        if (m_listed.contains(window) && !m_embedded.contains(window) && record.facts.shown != before) {
+            ++m_changeCount;
+            scheduleChanged();
+        }
+    }
+}
+
+void WindowTable::readRects()
+{
+    const QVector<xcb_window_t> windows(m_staleRects.begin(), m_staleRects.end());
+    m_staleRects.clear();
+    findFrames(windows);
+    struct Request
+    {
+        xcb_window_t window;
+        xcb_translate_coordinates_cookie_t place;
+        xcb_get_geometry_cookie_t size;
+    };
+    QVector<Request> requests;
+    for (const xcb_window_t window : windows) {
+        xcb_connection_t *connection = m_connection.get();
+        const auto place =
+            m_connection.sent(xcb_translate_coordinates(connection, window, m_connection.root(), 0, 0));
+        const auto size = m_connection.sent(xcb_get_geometry(connection, window));
+        requests.append({window, place, size});
+    }
+    for (const Request &request : requests) {
+        const auto place = m_connection.reply(request.place, xcb_translate_coordinates_reply);
+        const auto size = m_connection.reply(request.size, xcb_get_geometry_reply);
+        const auto record = m_records.find(request.window);
+        if (place && size && record != m_records.end()) {
+            record->deviceRect = QRect(place->dst_x, place->dst_y, size->width, size->height);
+        }
+    }
+}
+
+void WindowTable::findFrames(const QVector<xcb_window_t> &windows)
+{
+    // From each window upwards, all windows one step at a time.
+    QHash<xcb_window_t, xcb_window_t> climbing;
+    for (const xcb_window_t window : windows) {
+        if (m_records[window].following == Following::Wanted) {
+            climbing.insert(window, window);
+        }
+    }
+    for (int depth = 0; depth < kMaxFrameDepth && !climbing.isEmpty(); ++depth) {
+        QVector<std::pair<xcb_window_t, xcb_query_tree_cookie_t>> requests;
+        for (auto step = climbing.constBegin(); step != climbing.constEnd(); ++step) {
+            requests.append(
+                {step.key(), m_connection.sent(xcb_query_tree(m_connection.get(), step.value()))});
+        }
+        for (const auto &[window, cookie] : requests) {
+            const auto answer = m_connection.reply(cookie, xcb_query_tree_reply);
+            if (answer && answer->parent != m_connection.root() && answer->parent != XCB_NONE) {
+                climbing[window] = answer->parent;
+                continue;
+            }
+            Record &record = m_records[window];
+            record.frame = climbing.take(window);
+            record.following = Following::Yes;
+            if (record.frame != window) {
+                // In a drag by the mouse only the frame tells every step.
+                m_connection.selectEvents(record.frame, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+                m_frames.insert(record.frame, window);
+            }
+        }
+    }
+}
+
+// ---- Telling ------------------------------------------------------------------------------------
+
+void WindowTable::makeStale(xcb_window_t window, quint32 facts)
+{
+    const auto record = m_records.find(window);
+    if (record == m_records.end() || facts == 0) {
+        return;
+    }
+    record->stale |= facts;
+    m_staleWindows.insert(window);
+    if (facts & kShownFacts) {
+        scheduleChanged();
+    }
+    if (facts & kPlacementFacts) {
+        tellPlacement(window);
+    }
+}
+
+void WindowTable::tellPlacement(xcb_window_t window)
+{
+    const auto record = m_records.constFind(window);
+    if (record != m_records.constEnd() && record->following != Following::No) {
+        m_placements.insert(window);
+        m_now.start(0);
+    }
+}
+
+void WindowTable::scheduleChanged()
+{
+    if (!m_settled.isActive() && !m_pause.isActive()) {
+        m_settled.start(kSettleMs);
+    }
+}
+
+void WindowTable::tellNow()
+{
+    update();
+    const QVector<xcb_window_t> destroyedWindows = std::exchange(m_destroyed, {});
+    const QSet<xcb_window_t> placements = std::exchange(m_placements, {});
+    for (const xcb_window_t window : destroyedWindows) {
+        emit destroyed(window);
+    }
+    for (const xcb_window_t window : placements) {
+        emit placementChanged(window);
+    }
+}
+
+void WindowTable::tellChanged()
+{
+    update();
+    if (m_changeCount != m_toldCount) {
+        m_toldCount = m_changeCount;
+        m_settled.stop();
+        m_pause.start(kPauseMs);
+        emit changed();
+    }
+}
+
+} // namespace norvane::x11

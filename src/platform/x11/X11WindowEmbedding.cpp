@@ -1,0 +1,301 @@
+#include "platform/x11/X11WindowEmbedding.h"
+
+#include "platform/x11/OwnWindow.h"
+#include "platform/x11/WindowTable.h"
+#include "platform/x11/X11WindowSystem.h"
+#include "platform/x11/window_geometry.h"
+
+#include <QEvent>
+#include <QTimer>
+
+namespace norvane {
+
+using x11::AtomName;
+using x11::WindowFacts;
+
+namespace {
+
+/// The window manager answers a request for a place in a few milliseconds. What the window has
+/// after this time is the answer, and only what comes then is the window manager's own doing.
+constexpr int kAcceptanceMs = 300;
+
+/// Source of a request to the window manager: a program that acts for the user, as a pager does.
+constexpr quint32 kUserSource = 2;
+
+} // namespace
+
+struct X11WindowEmbedding::Note
+{
+    explicit Note(WindowHandle window) : own(window) {}
+
+    x11::OwnWindow own;
+    WindowHandle target = kNoWindow;
+    QRect rect;             ///< inside the target, as it was asked for
+    QRect placed;           ///< on the desktop: asked of the window manager, or taken from it
+    bool awaiting = false;  ///< whether the window manager has not answered yet
+    bool retried = false;   ///< whether the present place was asked for a second time
+    bool hasTarget = false; ///< whether the target was among the listed windows when last looked at
+};
+
+X11WindowEmbedding::X11WindowEmbedding(X11WindowSystem &windows)
+    : m_windows(windows), m_acceptance(std::make_unique<QTimer>())
+{
+    m_acceptance->setSingleShot(true);
+    m_acceptance->setInterval(kAcceptanceMs);
+    connect(m_acceptance.get(), &QTimer::timeout, this, &X11WindowEmbedding::accept);
+    connect(&windows.table(), &x11::WindowTable::placementChanged, this,
+            [this](quint32 window) { takePlacement(window); });
+    connect(&windows, &WindowSystem::windowDestroyed, this, &X11WindowEmbedding::takeDestroyed);
+}
+
+X11WindowEmbedding::~X11WindowEmbedding() = default;
+
+X11WindowEmbedding::Note *X11WindowEmbedding::find(WindowHandle window) const
+{
+    return m_notes.value(window).get();
+}
+
+void X11WindowEmbedding::setParent(WindowHandle window, WindowHandle target)
+{
+    if (target == kNoWindow) {
+        free(window);
+        return;
+    }
+    Note *note = find(window);
+    if (!note) {
+        const auto added = std::make_shared<Note>(window);
+        if (!added->own.window()) {
+            return;
+        }
+        note = added.get();
+        m_notes.insert(window, added);
+        note->own.window()->installEventFilter(this);
+        connect(note->own.window(), &QObject::destroyed, this, [this, window] {
+            m_notes.remove(window);
+            m_windows.table().setEmbedded(static_cast<xcb_window_t>(window), XCB_NONE);
+        });
+    }
+    note->target = target;
+    m_windows.table().setEmbedded(static_cast<xcb_window_t>(window), static_cast<xcb_window_t>(target));
+    if (!m_windows.isWindow(target)) {
+        // It went between the look at it and this call: the same as if it went right after.
+        QTimer::singleShot(0, this, [this, target] { takeDestroyed(target); });
+        return;
+    }
+    note->hasTarget = m_windows.isVisible(target);
+    note->own.setTransientParent(target);
+    note->placed = note->own.geometry();
+    note->rect = note->placed.translated(-m_windows.clientRect(target).topLeft());
+    keepWorkspace(*note);
+    clip(*note);
+}
+
+WindowHandle X11WindowEmbedding::parentOf(WindowHandle window) const
+{
+    const Note *note = find(window);
+    return note ? note->target : kNoWindow;
+}
+
+void X11WindowEmbedding::moveWindow(WindowHandle window, const QRect &rect)
+{
+    if (Note *note = find(window)) {
+        note->rect = rect;
+        arrange(*note);
+    }
+}
+
+QRect X11WindowEmbedding::windowRect(WindowHandle window) const
+{
+    const Note *note = find(window);
+    return note ? note->rect : QRect();
+}
+
+void X11WindowEmbedding::free(WindowHandle window)
+{
+    const std::shared_ptr<Note> note = m_notes.take(window);
+    m_windows.table().setEmbedded(static_cast<xcb_window_t>(window), XCB_NONE);
+    if (!note || !note->own.window()) {
+        return;
+    }
+    note->own.window()->removeEventFilter(this);
+    note->own.window()->disconnect(this);
+    note->own.hide();
+    note->own.setTransientParent(kNoWindow);
+    note->own.clip({});
+}
+
+bool X11WindowEmbedding::eventFilter(QObject *watched, QEvent *event)
+{
+    // It comes right before the toolkit maps the window. A window manager forgets states and
+    // workspace of a window that is taken from the screen.
+    if (event->type() == QEvent::Show) {
+        const auto notes = m_notes.values();
+        for (const auto &note : notes) {
+            if (note->own.window() == watched) {
+                prepareForMap(*note);
+            }
+        }
+    }
+    return WindowEmbedding::eventFilter(watched, event);
+}
+
+void X11WindowEmbedding::prepareForMap(Note &note)
+{
+    const auto target = static_cast<xcb_window_t>(note.target);
+    if (const WindowFacts *facts = m_windows.table().facts(target)) {
+        note.own.writeHints(m_windows.table().connection(), {note.target, facts->desktop});
+    }
+}
+
+// ---- Place --------------------------------------------------------------------------------------
+
+void X11WindowEmbedding::arrange(Note &note)
+{
+    const QRect target = m_windows.clientRect(note.target);
+    if (target.isNull()) {
+        return;
+    }
+    const QRect wanted = note.rect.translated(target.topLeft());
+    if (wanted != note.placed) {
+        note.retried = false;
+        place(note, wanted);
+    }
+    clip(note);
+}
+
+void X11WindowEmbedding::place(Note &note, const QRect &rect)
+{
+    note.own.setGeometry(rect);
+    note.placed = note.own.geometry(); // sizes have limits
+    note.awaiting = true;
+    m_acceptance->start();
+}
+
+void X11WindowEmbedding::clip(Note &note)
+{
+    if (targetIsSeen(note)) {
+        note.own.clip(x11::clipInside(note.placed, m_windows.clientRect(note.target)));
+    } else {
+        note.own.clip(x11::kNothingSeen);
+    }
+}
+
+bool X11WindowEmbedding::targetIsSeen(const Note &note) const
+{
+    if (!m_windows.isVisible(note.target)) {
+        return false;
+    }
+    // A window manager that minimises the note along needs no help, and brings it back whole.
+    return !m_windows.isMinimized(note.target) || !m_windows.isVisible(note.own.handle()) ||
+           m_windows.isMinimized(note.own.handle());
+}
+
+void X11WindowEmbedding::keepWorkspace(const Note &note)
+{
+    x11::WindowTable &table = m_windows.table();
+    const auto window = static_cast<xcb_window_t>(note.own.handle());
+    const auto target = static_cast<xcb_window_t>(note.target);
+    table.update();
+    const WindowFacts *facts = table.knownFacts(window);
+    const WindowFacts *targetFacts = table.knownFacts(target);
+    if (facts && targetFacts && table.isListed(window) && table.isListed(target) &&
+        facts->desktop != targetFacts->desktop) {
+        table.connection().tellWindowManager(window, AtomName::NetWmDesktop,
+                                             {targetFacts->desktop, kUserSource, 0, 0, 0});
+    }
+}
+
+// ---- What windows did ---------------------------------------------------------------------------
+
+void X11WindowEmbedding::takePlacement(WindowHandle window)
+{
+    if (Note *note = find(window)) {
+        keepWorkspace(*note);
+        takeOwnPlacement(*note);
+        return;
+    }
+    // A copy: a note that is moved may do anything, up to leaving its target.
+    const auto notes = m_notes.values();
+    for (const auto &note : notes) {
+        if (note->target != window) {
+            continue;
+        }
+        const bool hasTarget = m_windows.isVisible(window);
+        if (hasTarget && !note->hasTarget) {
+            // For the window manager this is a new window: it has to learn again whose it is.
+            note->own.setTransientParent(window);
+        }
+        note->hasTarget = hasTarget;
+        arrange(*note);
+        keepWorkspace(*note);
+    }
+}
+
+void X11WindowEmbedding::takeOwnPlacement(Note &note)
+{
+    const WindowHandle window = note.own.handle();
+    if (!m_windows.isVisible(window)) {
+        return;
+    }
+    const QRect rect = m_windows.clientRect(window);
+    if (rect.isNull()) {
+        return;
+    }
+    if (note.awaiting) {
+        if (rect == note.placed) {
+            note.awaiting = false;
+        } else if (!m_acceptance->isActive()) {
+            m_acceptance->start();
+        }
+        clip(note);
+        return;
+    }
+    if (rect == note.placed) {
+        clip(note);
+        return;
+    }
+    note.placed = rect;
+    note.rect = rect.translated(-m_windows.clientRect(note.target).topLeft());
+    clip(note);
+    emit moved(window);
+}
+
+void X11WindowEmbedding::accept()
+{
+    const auto notes = m_notes.values();
+    for (const auto &note : notes) {
+        if (!note->awaiting || !m_windows.isVisible(note->own.handle())) {
+            continue; // a hidden one has its place when it is shown
+        }
+        const QRect rect = m_windows.clientRect(note->own.handle());
+        if (rect.isNull()) {
+            continue;
+        }
+        if (rect != note->placed && !note->retried) {
+            note->retried = true;
+            place(*note, note->rect.translated(m_windows.clientRect(note->target).topLeft()));
+            continue;
+        }
+        note->awaiting = false;
+        note->placed = rect;
+        clip(*note);
+    }
+}
+
+void X11WindowEmbedding::takeDestroyed(WindowHandle target)
+{
+    QVector<WindowHandle> orphans;
+    for (const auto &note : std::as_const(m_notes)) {
+        if (note->target == target) {
+            orphans.append(note->own.handle());
+        }
+    }
+    for (const WindowHandle window : orphans) {
+        free(window);
+    }
+    for (const WindowHandle window : orphans) {
+        emit targetDestroyed(window);
+    }
+}
+
+} // namespace norvane

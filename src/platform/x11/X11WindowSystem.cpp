@@ -1,0 +1,316 @@
+#include "platform/x11/X11WindowSystem.h"
+
+#include "platform/x11/WindowTable.h"
+#include "platform/x11/window_geometry.h"
+#include "platform/x11/window_text.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QScreen>
+#include <unistd.h>
+
+namespace norvane {
+
+using x11::AtomName;
+using x11::WindowFacts;
+
+namespace {
+
+/// Source of a request to the window manager: a program that acts for the user, as a pager does.
+constexpr quint32 kUserSource = 2;
+/// The workspace of a window that is on all of them.
+constexpr quint32 kAllWorkspaces = 0xffffffff;
+/// How long the window manager gets to bring a window to the front.
+constexpr int kActivationMs = 100;
+
+xcb_window_t idOf(WindowHandle window)
+{
+    return static_cast<xcb_window_t>(window);
+}
+
+QVector<x11::ScreenScale> screenScales()
+{
+    QVector<x11::ScreenScale> scales;
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    for (const QScreen *screen : screens) {
+        const QRect logical = screen->geometry();
+        const QSize size = (QSizeF(logical.size()) * screen->devicePixelRatio()).toSize();
+        scales.append({QRect(logical.topLeft(), size), screen->devicePixelRatio()});
+    }
+    return scales;
+}
+
+} // namespace
+
+X11WindowSystem::X11WindowSystem() : m_table(std::make_unique<x11::WindowTable>())
+{
+    connect(m_table.get(), &x11::WindowTable::changed, this, &WindowSystem::changed);
+    connect(m_table.get(), &x11::WindowTable::destroyed, this,
+            [this](quint32 window) { emit windowDestroyed(window); });
+}
+
+X11WindowSystem::~X11WindowSystem() = default;
+
+QVector<WindowHandle> X11WindowSystem::topLevelWindows() const
+{
+    m_table->update();
+    return QVector<WindowHandle>(m_table->zOrder().begin(), m_table->zOrder().end());
+}
+
+quint64 X11WindowSystem::changeCount() const
+{
+    m_table->update();
+    return m_table->changeCount();
+}
+
+bool X11WindowSystem::isWindow(WindowHandle window) const
+{
+    return m_table->facts(idOf(window)) != nullptr;
+}
+
+bool X11WindowSystem::isVisible(WindowHandle window) const
+{
+    m_table->update();
+    return m_table->isListed(idOf(window));
+}
+
+bool X11WindowSystem::isMinimized(WindowHandle window) const
+{
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    return facts && facts->shown.minimized;
+}
+
+bool X11WindowSystem::isToolWindow(WindowHandle window) const
+{
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    return facts && facts->shown.toolWindow;
+}
+
+WindowHandle X11WindowSystem::ownerOf(WindowHandle window) const
+{
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    return facts ? facts->shown.owner : kNoWindow;
+}
+
+WindowHandle X11WindowSystem::parentOf(WindowHandle window) const
+{
+    return m_table->targetOf(idOf(window));
+}
+
+QString X11WindowSystem::className(WindowHandle window) const
+{
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    return facts ? facts->shown.className : QString();
+}
+
+QString X11WindowSystem::caption(WindowHandle window) const
+{
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    return facts ? facts->shown.caption : QString();
+}
+
+QString X11WindowSystem::withoutProgramSuffix(const QString &title) const
+{
+    return x11::withoutProgramSuffix(title);
+}
+
+std::optional<QString> X11WindowSystem::requestCaption(WindowHandle window, int) const
+{
+    // The caption lies in the server, and a program that hangs cannot have changed it: nobody has
+    // to be waited for.
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    return facts ? std::optional(facts->shown.caption) : std::nullopt;
+}
+
+bool X11WindowSystem::responds(WindowHandle window, int timeoutMs) const
+{
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    if (!facts) {
+        return false;
+    }
+    // A program that takes no pings cannot be asked; we ourselves could not answer while we wait.
+    if (!facts->answersPing || facts->processId == getpid()) {
+        return true;
+    }
+    // One that still owes an answer was waited for already.
+    const bool owesAnswer = !m_table->heardFrom(idOf(window));
+    m_table->ping(idOf(window));
+    QElapsedTimer clock;
+    clock.start();
+    while (!owesAnswer && !m_table->heardFrom(idOf(window)) && !clock.hasExpired(timeoutMs)) {
+        const int left = qMax(0, timeoutMs - static_cast<int>(clock.elapsed()));
+        if (!m_table->connection().waitForInput(left) || !m_table->connection().isAlive()) {
+            break;
+        }
+        m_table->update();
+    }
+    return isWindow(window) && m_table->heardFrom(idOf(window));
+}
+
+IconHandle X11WindowSystem::icon(WindowHandle window, IconSize, int) const
+{
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    return facts && facts->hasIcon ? window : 0;
+}
+
+QVector<WindowHandle> X11WindowSystem::children(WindowHandle window) const
+{
+    x11::DesktopConnection &connection = m_table->connection();
+    const auto tree = connection.reply(connection.sent(xcb_query_tree(connection.get(), idOf(window))),
+                                       xcb_query_tree_reply);
+    if (!tree) {
+        return {};
+    }
+    // The server tells them from the back to the front.
+    const xcb_window_t *first = xcb_query_tree_children(tree.get());
+    QVector<WindowHandle> handles(first, first + xcb_query_tree_children_length(tree.get()));
+    std::reverse(handles.begin(), handles.end());
+    return handles;
+}
+
+QString X11WindowSystem::controlText(WindowHandle) const
+{
+    // Controls of today's programs are no windows of the server.
+    return {};
+}
+
+QRect X11WindowSystem::windowRect(WindowHandle window) const
+{
+    const QRect rect = m_table->deviceRect(idOf(window));
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    if (!facts || rect.isNull()) {
+        return {};
+    }
+    const QRect outer = rect.marginsRemoved(facts->shadowExtents).marginsAdded(facts->frameExtents);
+    return x11::toLogical(outer, screenScales());
+}
+
+QRect X11WindowSystem::clientRect(WindowHandle window) const
+{
+    const QRect rect = m_table->deviceRect(idOf(window));
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    if (!facts || rect.isNull()) {
+        return {};
+    }
+    return x11::toLogical(rect.marginsRemoved(facts->shadowExtents), screenScales());
+}
+
+QRect X11WindowSystem::workArea() const
+{
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    return screen ? screen->availableGeometry() : QRect();
+}
+
+WindowHandle X11WindowSystem::desktopWindow() const
+{
+    return m_table->connection().root();
+}
+
+WindowHandle X11WindowSystem::findWindowByTitle(const QString &title) const
+{
+    const QString wanted = x11::foldedCaption(title);
+    if (wanted.isEmpty()) {
+        return kNoWindow;
+    }
+    m_table->update();
+    for (const xcb_window_t window : m_table->zOrder()) {
+        const WindowFacts *facts = m_table->knownFacts(window);
+        if (facts && facts->foldedCaption == wanted) {
+            return window;
+        }
+    }
+    return kNoWindow;
+}
+
+WindowHandle X11WindowSystem::foregroundWindow() const
+{
+    m_table->update();
+    const xcb_window_t active = m_table->activeWindow();
+    return m_table->isEmbedded(active) ? m_table->targetOf(active) : active;
+}
+
+void X11WindowSystem::setForegroundWindow(WindowHandle window)
+{
+    m_table->update();
+    const xcb_window_t active = m_table->activeWindow();
+    if (active == idOf(window) || !m_table->connection().isAlive()) {
+        return;
+    }
+    // Not every window manager goes to another workspace for a window by itself.
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    if (facts && facts->desktop != m_table->currentDesktop() && facts->desktop != kAllWorkspaces) {
+        m_table->connection().tellWindowManager(m_table->connection().root(), AtomName::NetCurrentDesktop,
+                                                {facts->desktop, XCB_CURRENT_TIME, 0, 0, 0});
+    }
+    m_table->connection().tellWindowManager(idOf(window), AtomName::NetActiveWindow,
+                                            {kUserSource, XCB_CURRENT_TIME, active, 0, 0});
+    // The question that follows is whether it worked.
+    QElapsedTimer clock;
+    clock.start();
+    while (m_table->activeWindow() != idOf(window) && !clock.hasExpired(kActivationMs)) {
+        const int left = qMax(0, kActivationMs - static_cast<int>(clock.elapsed()));
+        if (!m_table->connection().waitForInput(left) || !m_table->connection().isAlive()) {
+            break;
+        }
+        m_table->update();
+    }
+}
+
+void X11WindowSystem::setFocus(WindowHandle window)
+{
+    m_table->update();
+    if (m_table->isEmbedded(m_table->activeWindow())) {
+        setForegroundWindow(window);
+    }
+}
+
+bool X11WindowSystem::standsAboveTarget(WindowHandle window, WindowHandle target) const
+{
+    const QVector<xcb_window_t> &stacking = m_table->stacking();
+    qsizetype place = stacking.indexOf(idOf(window)) - 1;
+    // Notes of the same target may lie between.
+    while (place >= 0 && m_table->targetOf(stacking[place]) == target) {
+        --place;
+    }
+    return place >= 0 && stacking[place] == target;
+}
+
+void X11WindowSystem::bringWindowToTop(WindowHandle window)
+{
+    m_table->update();
+    const WindowHandle target = parentOf(window);
+    // A window that was just shown may not be in the list yet; it arrives above its target.
+    if (target == kNoWindow || !isVisible(window) || standsAboveTarget(window, target)) {
+        return;
+    }
+    m_table->connection().tellWindowManager(
+        idOf(window), AtomName::NetRestackWindow,
+        {kUserSource, idOf(target), static_cast<quint32>(XCB_STACK_MODE_ABOVE), 0, 0});
+}
+
+void X11WindowSystem::restoreWindow(WindowHandle window)
+{
+    if (isMinimized(window)) {
+        // Mapping an iconic window asks the window manager to show it again.
+        xcb_map_window(m_table->connection().get(), idOf(window));
+        m_table->connection().flush();
+    }
+}
+
+void X11WindowSystem::lockWindowUpdate(WindowHandle)
+{
+    // A window that is built hidden and mapped once appears whole.
+}
+
+qint64 X11WindowSystem::processId(WindowHandle window) const
+{
+    const WindowFacts *facts = m_table->facts(idOf(window));
+    return facts ? facts->processId : 0;
+}
+
+quint64 X11WindowSystem::roundTrips() const
+{
+    return m_table->connection().roundTrips();
+}
+
+} // namespace norvane

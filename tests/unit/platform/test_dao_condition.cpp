@@ -1,0 +1,271 @@
+#include "unit/platform/dao_fixture.h"
+
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+
+namespace norvane::dao {
+namespace {
+
+class ConditionTest : public DaoTest
+{
+protected:
+    void SetUp() override
+    {
+        createNotes();
+        add(QStringLiteral("Page - One"), QStringLiteral("http://a.example/"), QStringLiteral("Page - One"));
+        add(QStringLiteral("page - one  "), QStringLiteral("http://A.example/"),
+            QStringLiteral("Straße Ärger"));
+        add(QStringLiteral(" Page - One"), QStringLiteral(""), QStringLiteral("100% [x] #7"));
+        add(QStringLiteral("ЖУК \U0001f600"), QStringLiteral("/home/Жук/file"), QStringLiteral(""));
+        const auto note = rows(QStringLiteral("select * from Memos where ID=4"));
+        note->edit();
+        note->setField(QStringLiteral("Active"), false);
+        note->setField(QStringLiteral("CAT_ID"), 7);
+        note->setField(QStringLiteral("LastUpdate"), QDateTime(QDate(2024, 3, 5), QTime(17, 4, 9)));
+        note->update();
+    }
+
+    int numberOf(const QString &condition)
+    {
+        const int find = errorOf([&] { rows(QStringLiteral("select * from Memos"))->findFirst(condition); });
+        const int where = errorOf([&] { idsWhere(condition); });
+        EXPECT_EQ(find, where) << condition.toStdString();
+        return where;
+    }
+};
+
+TEST_F(ConditionTest, GivesTheRightNotes)
+{
+    const struct
+    {
+        const char16_t *condition;
+        const char16_t *ids;
+    } cases[] = {
+        // Case by Unicode and blanks at the end do not count, blanks in front do.
+        {u"WindowName='PAGE - ONE'", u"1 2 "},
+        {u"WindowName=\"page - one     \"", u"1 2 "},
+        {u"WindowName<>'page - one'", u"3 4 "},
+        {u"WindowName='жук \U0001f600'", u"4 "},
+        {u"LocationName='STRAße äRGER'", u"2 "},
+        {u"WindowName < 'page - one'", u"3 "},
+        {u"WindowName >= 'PAGE - ONE'", u"1 2 4 "},
+        // The column URL compares exactly with "=".
+        {u"URL='http://a.example/'", u"1 "},
+        {u"url=\"http://A.example/\"", u"2 "},
+        {u"URL in ('http://A.example/', 'x')", u"2 "},
+        {u"LCASE(URL)='http://a.example/'", u"1 2 "},
+        {u"URL <> ''", u"1 2 4 "},
+        {u"URL like 'HTTP:*'", u"1 2 "},
+        // InStr: without case; an empty text is nowhere.
+        {u"instr(1,\"see http://a.example/page\",URL)<>0", u"1 2 "},
+        {u"instr(WindowName,'ONE')=8", u"1 2 "},
+        {u"instr(9,WindowName,'one')", u"3 "},
+        {u"instr(1,'x',URL)=0", u"1 2 3 4 "},
+        {u"instr(WindowName,'уК')=2", u"4 "},
+        {u"left(LocationName,6)=\"PAGE -\"", u"1 "},
+        {u"left(LocationName,0)=\"\"", u"1 2 3 4 "},
+        {u"right(WindowName,2)='\U0001f600'", u"4 "},
+        {u"mid(LocationName,5,2)='ße' or mid(LocationName,8)='one'", u"1 2 "},
+        {u"len(WindowName)=6", u"4 "},
+        {u"len(trim(WindowName))=10", u"1 2 3 "},
+        {u"ucase(WindowName) like 'ЖУК ?'", u"4 "},
+        // Wildcards.
+        {u"LocationName like '*e*'", u"1 2 "},
+        {u"LocationName like '1##% [[]x] [#]#'", u"3 "},
+        {u"LocationName like '[o-q]*[!a-d]'", u"1 "},
+        {u"LocationName like '100%*' or LocationName like '%'", u"3 "},
+        {u"not LocationName like '?*'", u"4 "},
+        {u"LocationName not like '*'", u""},
+        // Yes/No, numbers, dates, Null.
+        {u"Active=True", u"1 2 3 "},
+        {u"Active", u"1 2 3 "},
+        {u"not Active or Active=-1", u"1 2 3 4 "},
+        {u"(CAT_ID=7)=True", u"4 "},
+        {u"CAT_ID= 0", u"1 2 3 "},
+        {u"CAT_ID-7=0 or -CAT_ID+1.5>1", u"1 2 3 4 "},
+        {u"CAT_ID between 1 and 7", u"4 "},
+        {u"CAT_ID not between 1 and 7 and ID in (1,3,5)", u"1 3 "},
+        {u"FriendlyName is null", u"1 2 3 4 "},
+        {u"FriendlyName=Null or FriendlyName<>'x'", u""},
+        {u"FriendlyName & WindowName like 'page*'", u"1 2 "},
+        {u"LocationName + '!' = 'page - one!'", u"1 "},
+        {u"LastUpdate is not null", u"4 "},
+        {u"LastUpdate=#2024-03-05 17:04:09#", u"4 "},
+        {u"LastUpdate>#3/5/2024 5:04 PM# and LastUpdate<'2024-03-06'", u"4 "},
+        {u"format(LastUpdate,'yyyy-mm-dd') >= '2024-03-05' AND format(LastUpdate,'yyyy-mm-dd') "
+         u"<='2024-03-05'",
+         u"4 "},
+        {u"format(ID,'000')='002'", u"2 "},
+        // "and" binds before "or", "not" before both; names, words and brackets in any form.
+        {u"ID=1 or ID=4 and Active=True", u"1 "},
+        {u"(ID=1 or ID=4) and not Active", u"4 "},
+        {u"NOT ID=1 aNd [memos].[id]<4", u"2 3 "},
+        {u"true", u"1 2 3 4 "},
+        {u"false", u""},
+        {u"WindowName='it''s' or WindowName=\"a\"\"b\" or ID=1", u"1 "},
+    };
+    for (const auto &each : cases) {
+        const QString condition = QStringView(each.condition).toString();
+        EXPECT_EQ(idsWhere(condition), QStringView(each.ids)) << condition.toStdString();
+        // Found in a snapshot as in the table.
+        const auto snapshot = rows(QStringLiteral("select * from Memos"), RecordsetType::Snapshot);
+        QString found;
+        for (snapshot->findFirst(condition); !snapshot->noMatch(); snapshot->findNext(condition))
+            found += snapshot->field(QStringLiteral("ID")).toString() + u' ';
+        EXPECT_EQ(found, QStringView(each.ids)) << condition.toStdString();
+    }
+}
+
+TEST_F(ConditionTest, RefusesWhatItDoesNotUnderstand)
+{
+    const struct
+    {
+        const char16_t *condition;
+        int number;
+    } cases[] = {
+        {u"", kErrorSyntax},
+        {u"WindowName='it's'", kErrorSyntax},
+        {u"WindowName=\"say \"hi\"\"", kErrorSyntax},
+        {u"WindowName=\"", kErrorSyntax},
+        {u"ID=1;", kErrorSyntax},
+        {u"ID=1; drop table Memos", kErrorSyntax},
+        {u"ID=1 -- tail", kErrorItemNotFound}, // minus minus a name,
+        {u"ID=1 union select 1", kErrorSyntax},
+        {u"ID=(select 1)", kErrorSyntax},
+        {u"ID=1 ID=2", kErrorSyntax},
+        {u"ID=?", kErrorSyntax},
+        {u"ID=1x", kErrorSyntax},
+        {u"(ID=1", kErrorSyntax},
+        {u"ID=1)", kErrorSyntax},
+        {u"ID=#2024-02-30#", kErrorSyntax},
+        {u"[ID=1", kErrorSyntax},
+        {u"and ID=1", kErrorSyntax},
+        {u"WindowName like", kErrorSyntax},
+        {u"WindowName like '[a'", kErrorSyntax},
+        {u"left(WindowName,-1)='a'", kErrorSyntax},
+        {u"instr(0,WindowName,'a')", kErrorSyntax},
+        {u"load_extension('x')", kErrorSyntax},
+        {u"randomblob(1000000000)", kErrorSyntax},
+        {u"nv_key('x')='x'", kErrorSyntax},
+        {u"len()=1", kErrorSyntax},
+        {u"Title='x'", kErrorItemNotFound},
+        {u"rowid=1", kErrorItemNotFound},
+        {u"\u0416=1", kErrorItemNotFound},
+        {u"WindowName=1", kErrorTypeMismatch},
+        {u"ID='1'", kErrorTypeMismatch},
+        {u"WindowName='a' or 'b'", kErrorTypeMismatch},
+        {u"LastUpdate='soon'", kErrorTypeMismatch},
+        {u"'a'", kErrorTypeMismatch},
+    };
+    for (const auto &each : cases) {
+        const QString condition = QStringView(each.condition).toString();
+        EXPECT_EQ(numberOf(condition), each.number) << condition.toStdString();
+    }
+    EXPECT_EQ(numberOf(QStringLiteral("WindowName=") + QChar(0) + QStringLiteral("'a'")), kErrorSyntax);
+    EXPECT_EQ(ids(QStringLiteral("select ID from Memos")), u"1 2 3 4 ");
+}
+
+TEST_F(ConditionTest, StatementsOfOtherKindsAreRefused)
+{
+    for (const char16_t *sql :
+         {u"delete from Memos", u"select * from Memos; select * from Memos", u"select * from Memos, Memos",
+          u"select * from Memos where", u"select * from Memos order by", u"select from Memos",
+          u"select * Memos", u"select ID from Memos group by ID", u"select count(*), ID from Memos",
+          u"select max(WindowName) from Memos", u"select * from Memos limit 1", u"select ID as from Memos",
+          u"pragma user_version", u""})
+        EXPECT_EQ(errorOf([&] { rows(QStringView(sql).toString()); }), kErrorSyntax)
+            << QStringView(sql).toString().toStdString();
+    for (const char16_t *sql :
+         {u"select * from sqlite_schema", u"select * from norvane_fields", u"select * from Notes",
+          u"select Title from Memos", u"select * from Memos order by Title"})
+        EXPECT_EQ(errorOf([&] { rows(QStringView(sql).toString()); }), kErrorItemNotFound)
+            << QStringView(sql).toString().toStdString();
+}
+
+TEST_F(ConditionTest, TakesLongAndStrangeTexts)
+{
+    const QString emoji = QString::fromUcs4(U"\U0001f600\u202e\u05d0|%_*?[");
+    for (const QString &title :
+         {QString(4000, u'x'), QString(emoji).repeated(500), QString(u'a') + QChar(0) + u'b'}) {
+        EXPECT_EQ(idsWhere(QStringLiteral(
+                               "WindowName=\"%1\" or instr(1,\"%1\",URL)<>0 or left(LocationName,9)=\"%1\"")
+                               .arg(title)),
+                  QString());
+        const QString kept = title.left(255);
+        const int id = add(kept);
+        EXPECT_EQ(idsWhere(QStringLiteral("WindowName='%1'").arg(kept)), QString::number(id) + u' ');
+    }
+}
+
+TEST_F(ConditionTest, HostileConditionsEndSoon)
+{
+    QElapsedTimer timer;
+    timer.start();
+    const QString deep = QString(u'(').repeated(5000) + QStringLiteral("ID=1") + QString(u')').repeated(5000);
+    EXPECT_EQ(numberOf(deep), kErrorSyntax);
+    EXPECT_EQ(numberOf(QStringLiteral("not ").repeated(5000) + QStringLiteral("ID=1")), kErrorSyntax);
+    EXPECT_EQ(numberOf(QStringLiteral("ID=") + QStringLiteral("- ").repeated(5000) + QStringLiteral("1")),
+              kErrorSyntax);
+    EXPECT_EQ(numberOf(QStringLiteral("ID=1") + QStringLiteral("=1").repeated(500)), kErrorSyntax);
+    EXPECT_EQ(numberOf(QStringLiteral("ID=1") + QStringLiteral("+1").repeated(500)), kErrorSyntax);
+    EXPECT_EQ(numberOf(QStringLiteral("ID=1") + QStringLiteral(" or ID=2").repeated(100'000)), kErrorSyntax);
+    EXPECT_EQ(numberOf(QStringLiteral("left(").repeated(60) + QStringLiteral("'a'") +
+                       QStringLiteral(",1)").repeated(60) + QStringLiteral("='a'")),
+              kErrorSyntax);
+    // Wide is not deep.
+    EXPECT_EQ(idsWhere(QStringLiteral("ID=1") + QStringLiteral(" or ID=2").repeated(2000)), u"1 2 ");
+    // The deepest that is allowed runs.
+    EXPECT_EQ(
+        idsWhere(QStringLiteral("(not ").repeated(24) + QStringLiteral("ID=1") + QString(u')').repeated(24)),
+        u"1 ");
+    add(QStringLiteral("long"), QString(100'000, u'a'));
+    EXPECT_EQ(idsWhere(QStringLiteral("URL like '%1b'").arg(QStringLiteral("*a").repeated(40))), QString());
+    EXPECT_LT(timer.elapsed(), 60'000);
+}
+
+TEST_F(ConditionTest, MutatedConditionsRaiseOnlyOurErrors)
+{
+    const QString pieces[] = {
+        QStringLiteral("WindowName"), QStringLiteral("URL"),
+        QStringLiteral("ID"),         QStringLiteral("LastUpdate"),
+        QStringLiteral("="),          QStringLiteral("<>"),
+        QStringLiteral(" like "),     QStringLiteral("'"),
+        QStringLiteral("\""),         QStringLiteral("("),
+        QStringLiteral(")"),          QStringLiteral(","),
+        QStringLiteral(" and "),      QStringLiteral(" or "),
+        QStringLiteral(" not "),      QStringLiteral("instr("),
+        QStringLiteral("left("),      QStringLiteral("#"),
+        QStringLiteral("["),          QStringLiteral("]"),
+        QStringLiteral("12"),         QStringLiteral("&"),
+        QStringLiteral("-"),          QStringLiteral("'*a?'"),
+        QStringLiteral(" between "),  QStringLiteral(" in "),
+        QStringLiteral(" is null"),   QString(QChar(0)),
+        QStringLiteral("\U0001f600"), QStringLiteral("[!a-"),
+        QStringLiteral("True"),       QStringLiteral(";"),
+    };
+    QRandomGenerator random(20240305);
+    const QString seed = QStringLiteral("left(LocationName,6)=\"Page -\" or instr(1,\"http://x\",URL)<>0 and "
+                                        "Active=True And URL <> ''");
+    int understood = 0;
+    int refused = 0;
+    for (int round = 0; round < 3000; ++round) {
+        QString condition = round % 2 == 0 ? seed : QString();
+        for (int i = random.bounded(1, 7); i > 0; --i) {
+            const auto place = random.bounded(static_cast<int>(condition.size()) + 1);
+            if (random.bounded(4) == 0)
+                condition.remove(place, random.bounded(8));
+            condition.insert(place, pieces[random.bounded(static_cast<int>(std::size(pieces)))]);
+        }
+        const int number = errorOf([&] { idsWhere(condition); });
+        ASSERT_TRUE(number == 0 || number == kErrorSyntax || number == kErrorItemNotFound ||
+                    number == kErrorTypeMismatch)
+            << number << condition.toStdString();
+        ++(number == 0 ? understood : refused);
+    }
+    EXPECT_GT(understood, 30);
+    EXPECT_GT(refused, 1000);
+    EXPECT_EQ(ids(QStringLiteral("select ID from Memos")), u"1 2 3 4 ");
+}
+
+} // namespace
+} // namespace norvane::dao

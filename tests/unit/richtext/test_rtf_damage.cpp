@@ -1,0 +1,133 @@
+#include "richtext/rtf/limits.h"
+#include "richtext/rtf/read.h"
+#include "richtext/rtf/writer.h"
+#include "sample_documents.h"
+
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+#include <gtest/gtest.h>
+
+using namespace norvane::rtf;
+
+namespace {
+
+/// Reads a damaged file and what is written of it: the second time nothing changes any more.
+void expectStable(const QByteArray &rtf)
+{
+    const std::optional<Document> document = read(rtf);
+    if (!document)
+        return;
+    const QByteArray once = write(*document);
+    const std::optional<Document> again = read(once);
+    ASSERT_TRUE(again);
+    ASSERT_EQ(again->plainText().toStdString(), document->plainText().toStdString()) << rtf.toStdString();
+    ASSERT_EQ(write(*again).toStdString(), once.toStdString()) << rtf.toStdString();
+}
+
+} // namespace
+
+TEST(RtfDamage, FilesCutAtEveryByte)
+{
+    const QByteArray whole = write(sampleDocument(7));
+    for (qsizetype length = 0; length < whole.size(); ++length)
+        ASSERT_NO_FATAL_FAILURE(expectStable(whole.left(length))) << length;
+}
+
+TEST(RtfDamage, BytesChangedAtRandom)
+{
+    static const char *const kPieces[] = {"{",
+                                          "}",
+                                          "\\",
+                                          "\\'",
+                                          "\\u-1 ",
+                                          "\\u55357 ",
+                                          "{\\*\\x ",
+                                          "\\uc9 ",
+                                          "\\bin9 ",
+                                          "{\\pict ",
+                                          "{\\upr{",
+                                          "{\\*\\ud ",
+                                          "{\\pntext ",
+                                          "\\par ",
+                                          "\\plain ",
+                                          "\\pard ",
+                                          "{\\object",
+                                          "{\\result ",
+                                          "{\\fonttbl ",
+                                          "\\f1\\fcharset128 ",
+                                          "{\\colortbl",
+                                          "\\cell\\row ",
+                                          "{\\*\\pn\\pnlvlblt ",
+                                          "\\page ",
+                                          "{\\shppict",
+                                          "{\\nonshppict ",
+                                          ";",
+                                          "\xE9",
+                                          "\\'83"};
+    QRandomGenerator random(11);
+    for (int round = 0; round < 1500; ++round) {
+        QByteArray rtf = write(sampleDocument(quint32(round % 40)));
+        for (int i = random.bounded(1, 12); i > 0; --i) {
+            const qsizetype at = random.bounded(6, int(rtf.size()));
+            switch (random.bounded(3)) {
+            case 0:
+                rtf[at] = char(random.bounded(256));
+                break;
+            case 1:
+                rtf.remove(at, random.bounded(1, 20));
+                break;
+            default:
+                rtf.insert(at, kPieces[random.bounded(int(std::size(kPieces)))]);
+                break;
+            }
+        }
+        ASSERT_NO_FATAL_FAILURE(expectStable(rtf)) << round;
+    }
+}
+
+TEST(RtfDamage, DeepGroups)
+{
+    // As deep as real files go, all is there; far beyond, the rest is.
+    const auto nested = [](int depth) {
+        return "{\\rtf1 a" + QByteArray(depth, '{') + "\\b b" + QByteArray(depth, '}') + "c}";
+    };
+    EXPECT_EQ(read(nested(2'714))->plainText().toStdString(), "abc");
+    EXPECT_EQ(read(nested(kMaximumDepth + 1))->plainText().toStdString(), "ac");
+    EXPECT_EQ(read(nested(1'000'000))->plainText().toStdString(), "ac");
+    EXPECT_EQ(read("{\\rtf1 a" + QByteArray(1'000'000, '{'))->plainText().toStdString(), "a");
+}
+
+TEST(RtfDamage, HugeTablesOfFontsAndColours)
+{
+    QByteArray rtf = "{\\rtf1{\\fonttbl{\\f0 A;}";
+    for (int i = 1; i < 200'000; ++i)
+        rtf += "{\\f" + QByteArray::number(i) + " F;}";
+    rtf += "}{\\colortbl" + QByteArray(1'000'000, ';') + "}\\f199999\\cf999999 x\\f2 y}";
+    const std::optional<Document> document = read(rtf);
+    EXPECT_EQ(describe(*document).toStdString(), "text \"x\" (A 24)\ntext \"y\" (F 24)\n");
+}
+
+TEST(RtfDamage, ManyOfEverythingInTimeThatGrowsWithTheSize)
+{
+    // Each is a second or less; were any of them quadratic, it would be minutes.
+    QElapsedTimer timer;
+    timer.start();
+    QByteArray formats = "{\\rtf1 ";
+    for (int i = 0; i < 100'000; ++i)
+        formats +=
+            "\\fs" + QByteArray::number(2 + i % 3000) + "\\li" + QByteArray::number(i % 20'000) + " x\\par";
+    EXPECT_EQ(read(formats)->plainText().size(), 200'000);
+    QByteArray tabs = "{\\rtf1 ";
+    for (int i = 0; i < 300'000; ++i)
+        tabs += "\\tx" + QByteArray::number(i);
+    EXPECT_EQ(describe(*read(tabs + "\\par}")).count(u"tab0"), kMaximumTabs);
+    QByteArray bytes = "{\\rtf1 ";
+    for (int i = 0; i < 500'000; ++i)
+        bytes += "\\'e9";
+    EXPECT_EQ(read(bytes)->plainText().size(), 500'000);
+    QByteArray picture = "{\\rtf1{\\pict\\pngblip ";
+    for (int i = 0; i < 500'000; ++i)
+        picture += "00\r\n";
+    EXPECT_EQ(read(picture + "}}")->operations.size(), 1U);
+    EXPECT_LT(timer.elapsed(), 60'000);
+}

@@ -1,0 +1,459 @@
+#include "Desk.h"
+
+#include <gmock/gmock.h>
+
+using namespace norvane;
+using namespace norvane::fakes;
+using namespace norvane::tests;
+
+namespace {
+
+class Cycle : public testing::Test, protected Desk
+{
+};
+
+} // namespace
+
+TEST_F(Cycle, FillsANoteInTheOrderThatItsWindowReliesOn)
+{
+    const QDateTime saved(QDate(2000, 1, 2), QTime(3, 4, 5));
+    const int id = addNote(u"Page"_qs, u"http://a/"_qs,
+                           {{u"winLeft"_qs, 150},
+                            {u"winTop"_qs, 300},
+                            {u"ShowToolbar"_qs, true},
+                            {u"TypeEffect"_qs, true},
+                            {u"AutoSave"_qs, true},
+                            {u"AutoURLDetect"_qs, true},
+                            {u"PlaySound"_qs, true},
+                            {u"WAVFileName"_qs, u"/ding.wav"_qs},
+                            {u"BackColor"_qs, 0x123456},
+                            {u"LastUpdate"_qs, saved},
+                            {u"FriendlyName"_qs, u"My page"_qs}});
+    files.files.insert(store.bodyFile(id), "{\\rtf1 text}");
+    const WindowHandle target = openPage(u" Page "_qs, u" http://a/ "_qs);
+    QVector<bool> loading;
+    stickies.onCreate = [&](FakeStickyNote &note) {
+        note.onCall = [&](FakeStickyNote &each, const QString &name) {
+            loading.append(each.fields.Loading);
+            if (name == u"setParentWindow")
+                EXPECT_EQ(windows.locked, kNoWindow);
+            else
+                EXPECT_EQ(windows.locked, windows.desktopWindow()) << name.toStdString();
+            EXPECT_EQ(Clips.Count(), each.calls.contains(u"setCaption"_qs) ? 1 : 0) << name.toStdString();
+        };
+    };
+    tick();
+
+    FakeStickyNote *open = note(id);
+    ASSERT_NE(open, nullptr);
+    EXPECT_EQ(open->calls,
+              (QStringList{u"setParentWindow"_qs, u"setTextBackColor"_qs, u"setToolBar"_qs, u"moveTwips"_qs,
+                           u"setTextBackColor"_qs, u"setCaption"_qs, u"clearText"_qs, u"loadBody"_qs,
+                           u"setAutoURLDetect"_qs, u"resetSaveState"_qs, u"SetSaveMode"_qs, u"showNote"_qs,
+                           u"nudge"_qs}));
+    EXPECT_FALSE(loading.contains(false));
+    EXPECT_FALSE(open->fields.Loading);
+    EXPECT_EQ(open->fields.WindowName, u"Page"_qs);
+    EXPECT_EQ(open->fields.wURL, u"http://a/"_qs);
+    EXPECT_EQ(open->fields.ParentHwnd, target);
+    EXPECT_EQ(open->fields.ParentClassName, u"IEFrame"_qs);
+    EXPECT_EQ(open->fields.FriendlyName, u"My page"_qs);
+    EXPECT_EQ(open->fields.LastUpdate, saved);
+    EXPECT_TRUE(open->fields.TypeEffect && open->fields.AutoSave && open->toolBar && open->autoURLDetect);
+    EXPECT_EQ(open->parentWindow, target);
+    EXPECT_EQ(open->colors, (QVector<quint32>{0xC0FFFF, 0x123456}));
+    EXPECT_EQ(open->twips, QRectF(150, 300, 5100, 3800));
+    EXPECT_EQ(open->caption(), u"My page"_qs);
+    EXPECT_EQ(open->body, store.bodyFile(id));
+    EXPECT_EQ(sound.played, QStringList{u"/ding.wav"_qs});
+    EXPECT_FALSE(open->dirty);
+
+    ASSERT_EQ(Clips.Count(), 1);
+    const clsClip &clip = Clips.Item(1);
+    EXPECT_EQ(clip.hWnd, open->hWnd());
+    EXPECT_EQ(clip.ID, id);
+    EXPECT_EQ(clip.ParentHwnd, target);
+    EXPECT_EQ(clip.ParentClassName, u"IEFrame"_qs);
+    EXPECT_EQ(clip.WindowName, u"Page"_qs);
+    EXPECT_EQ(clip.SavedTitle, u"Page"_qs);
+    EXPECT_EQ(clip.wURL, u"http://a/"_qs);
+    EXPECT_EQ(windows.actions,
+              (QStringList{u"lockWindowUpdate 1"_qs, u"setFocus %1"_qs.arg(target),
+                           u"bringWindowToTop %1"_qs.arg(open->hWnd()), u"lockWindowUpdate 0"_qs}));
+    EXPECT_EQ(timer.intervals, (QVector<int>{0, 400, 0, 400}));
+}
+
+TEST_F(Cycle, FillsWhatARowLeavesOut)
+{
+    const int id = addNote(u"Page"_qs, u"http://a/"_qs, {{u"FormPosition"_qs, 5}, {u"PlaySound"_qs, true}});
+    openPage(u"Page"_qs, u"http://a/"_qs);
+    tick();
+    FakeStickyNote *open = note(id);
+    ASSERT_NE(open, nullptr);
+    EXPECT_EQ(open->fields.LastUpdate, clock.time);
+    EXPECT_EQ(open->body, QString()) << "no body file, an empty note";
+    EXPECT_EQ(sound.beeps, 1);
+    EXPECT_EQ(open->twips.size(), QSizeF(5100, 3800));
+    EXPECT_EQ(open->pixels, QPoint(800 - 340 - 7, 600 - 253 - 27));
+    EXPECT_EQ(open->fields.formposition, 5);
+}
+
+TEST_F(Cycle, ANoteIsOpenOnceAndAWindowShowsItsFirstNoteOnly)
+{
+    const int first = addNote(u"Page"_qs, u"http://a/"_qs);
+    addNote(u"Page"_qs, u"http://a/"_qs);
+    openPage(u"Page"_qs, u"http://a/"_qs);
+    tick(3);
+    EXPECT_EQ(openNotes(), std::vector<int>{first});
+    openPage(u"Page"_qs, u"http://a/"_qs);
+    tick(3);
+    EXPECT_EQ(openNotes(), std::vector<int>{first});
+}
+
+TEST_F(Cycle, AMinimisedTargetWaitsForItsNoteButKeepsAnOpenOne)
+{
+    const int id = addNote(u"Page"_qs, u"http://a/"_qs);
+    const WindowHandle target = openPage(u"Page"_qs, u"http://a/"_qs);
+    windows.setMinimized(target, true);
+    tick(2);
+    EXPECT_EQ(openNotes(), std::vector<int>());
+    windows.setMinimized(target, false);
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
+    windows.setMinimized(target, true);
+    tick(2);
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
+}
+
+TEST_F(Cycle, InactiveAndPlainNotesDoNotOpenThoughTheirTitlesMatch)
+{
+    const int inactive = addNote(u"One"_qs, u"http://one/"_qs, {{u"Active"_qs, false}});
+    addNote(u"Two"_qs, QString());
+    openPage(u"One"_qs, u"http://one/"_qs);
+    openDocument(u"Two"_qs, u"/usr/bin/editor"_qs);
+    tick(2);
+    EXPECT_EQ(openNotes(), std::vector<int>());
+
+    store.NoteSet()->findFirst(u"ID=%1"_qs.arg(inactive));
+    store.NoteSet()->edit();
+    store.NoteSet()->setField(u"Active"_qs, true);
+    store.NoteSet()->update();
+    tick(2);
+    EXPECT_EQ(openNotes(), std::vector<int>()) << "nobody told of the change";
+    store.requeryNoteIndex();
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>{inactive});
+}
+
+TEST_F(Cycle, AnotherPageClosesTheNoteAndOpensItsOwnInOneTick)
+{
+    const int first = addNote(u"First Page"_qs, u"http://site/first"_qs);
+    const int second = addNote(u"Second Page"_qs, u"http://site/second"_qs);
+    const WindowHandle window = openPage(u"First Page"_qs, u"http://site/first"_qs);
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>{first});
+    goTo(window, u"Second Page"_qs, u"http://site/second"_qs);
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>{second});
+    goTo(window, u"First Page"_qs, u"http://site/first"_qs);
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>{first});
+}
+
+TEST_F(Cycle, ANoteStaysOnPagesBelowItsOwnAndOnTitlesThatStartAlike)
+{
+    const int id = addNote(u"News - Today"_qs, u"http://site/"_qs);
+    const WindowHandle window = openPage(u"News - Today"_qs, u"http://site/"_qs);
+    tick();
+    goTo(window, u"News - Yesterday"_qs, u"http://elsewhere/"_qs);
+    tick(2);
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
+    goTo(window, u"Another title"_qs, u"http://site/below"_qs);
+    tick(2);
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
+    EXPECT_EQ(stickies.made.size(), 1u) << "it stayed, and was not opened again";
+    goTo(window, u"Nothing alike"_qs, u"http://elsewhere/"_qs);
+    tick(2);
+    EXPECT_EQ(openNotes(), std::vector<int>());
+}
+
+TEST_F(Cycle, ATitleWhoseLocationIsNotKnownYetChangesNothing)
+{
+    const int id = addNote(u"First Page"_qs, u"http://site/first"_qs);
+    const WindowHandle window = openPage(u"First Page"_qs, u"http://site/first"_qs);
+    tick();
+    shellWindows.setUnknown(window);
+    windows.setCaption(window, u"Second Page"_qs);
+    tick(3);
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
+    shellWindows.setLocation(window, u"http://site/second"_qs);
+    EXPECT_TRUE(timer.tickRequested);
+    timer.fireIfRequested();
+    EXPECT_EQ(openNotes(), std::vector<int>());
+}
+
+TEST_F(Cycle, OneNoteClosesPerTick)
+{
+    QVector<WindowHandle> targets;
+    for (int i = 0; i < 3; ++i) {
+        addNote(u"%1 page"_qs.arg(i), u"http://%1/"_qs.arg(i));
+        targets.append(openPage(u"%1 page"_qs.arg(i), u"http://%1/"_qs.arg(i)));
+    }
+    tick();
+    ASSERT_EQ(openNotes().size(), 3);
+    for (const WindowHandle target : targets)
+        goTo(target, u"elsewhere"_qs, u"about:blank"_qs);
+    for (const int left : {2, 1, 0}) {
+        tick();
+        EXPECT_EQ(openNotes().size(), left);
+        EXPECT_EQ(Clips.Count(), left);
+    }
+}
+
+TEST_F(Cycle, AFolderNoteGoesWhenNoWindowHasItsTitle)
+{
+    const int id = addNote(u"lib"_qs, u"/usr/lib"_qs);
+    const WindowHandle window = openFolder(u"lib"_qs, u"/usr/lib"_qs);
+    tick();
+    ASSERT_EQ(openNotes(), std::vector<int>{id});
+    windows.actions.clear();
+    windows.change();
+    tick();
+    EXPECT_EQ(windows.actions, QStringList{u"bringWindowToTop %1"_qs.arg(note(id)->hWnd())});
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
+
+    goTo(window, u"bin"_qs, u"/usr/bin"_qs);
+    openFolder(u" LIB "_qs, u"/home/lib"_qs);
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>{id}) << "another window has the title";
+    windows.destroy(windows.order.first());
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>());
+}
+
+TEST_F(Cycle, ExactModeGoesByTheWholeTitleOfADocument)
+{
+    settings.ExactWindowName = true;
+    const int id = addNote(u"a.txt - Editor"_qs, u"/usr/bin/editor"_qs);
+    const WindowHandle window = openDocument(u"a.txt - Editor"_qs, u"/usr/bin/editor"_qs);
+    tick(2);
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
+    windows.setCaption(window, u"a.txt - Editor *"_qs);
+    tick();
+    EXPECT_EQ(note(id)->calls.count(u"showNote"_qs), 1) << "closed, and opened again by the program";
+    EXPECT_EQ(stickies.made.size(), 2u);
+    settings.ExactWindowName = false;
+    windows.setCaption(window, u"b.txt - Editor"_qs);
+    tick(2);
+    EXPECT_EQ(stickies.made.size(), 2u) << "the program is the same";
+}
+
+TEST_F(Cycle, DeadTargetsGiveUpTheirNotesBySavingThem)
+{
+    const int kept = addNote(u"Kept"_qs, u"http://kept/"_qs, {{u"AutoSave"_qs, true}});
+    const int lost = addNote(u"Lost"_qs, u"http://lost/"_qs, {{u"AutoSave"_qs, false}});
+    const WindowHandle a = openPage(u"Kept"_qs, u"http://kept/"_qs);
+    const WindowHandle b = openPage(u"Lost"_qs, u"http://lost/"_qs);
+    tick();
+    FakeStickyNote *saving = note(kept);
+    FakeStickyNote *losing = note(lost);
+    ASSERT_TRUE(saving && losing);
+    saving->dirty = losing->dirty = true;
+    windows.destroy(a);
+    windows.destroy(b);
+    tick();
+    EXPECT_EQ(Clips.Count(), 0);
+    EXPECT_TRUE(saving->unloaded && losing->unloaded);
+    EXPECT_TRUE(saving->calls.contains(u"SaveNote"_qs));
+    EXPECT_FALSE(losing->calls.contains(u"SaveNote"_qs));
+    EXPECT_EQ(saving->fields.ParentHwnd, kNoWindow);
+    EXPECT_TRUE(noteField(kept, u"Active"_qs).toBool()) << "it comes back with its page";
+}
+
+TEST_F(Cycle, AClipWithoutItsNoteIsForgotten)
+{
+    const int id = addNote(u"Page"_qs, u"http://a/"_qs);
+    const WindowHandle target = openPage(u"Page"_qs, u"http://a/"_qs);
+    Clips.Add(u"Page"_qs, target, id, 4711, u"IEFrame"_qs, u"Page"_qs, u"http://a/"_qs);
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
+    EXPECT_EQ(Clips.Count(), 1);
+}
+
+TEST_F(Cycle, ATargetThatDiesAtAnyStepLeavesNothingBehind)
+{
+    const QStringList steps = {u"create"_qs,      u"setParentWindow"_qs, u"setToolBar"_qs,
+                               u"moveTwips"_qs,   u"setCaption"_qs,      u"loadBody"_qs,
+                               u"SetSaveMode"_qs, u"showNote"_qs,        u"nudge"_qs};
+    const int id = addNote(u"Page"_qs, u"http://a/"_qs);
+    files.files.insert(store.bodyFile(id), "{\\rtf1 text}");
+    for (const bool noteGoesToo : {false, true}) {
+        for (const QString &step : steps) {
+            const WindowHandle target = openPage(u"Page"_qs, u"http://a/"_qs);
+            const auto die = [&](FakeStickyNote &note) {
+                note.onCall = nullptr;
+                windows.destroy(target);
+                // What the window system's own signal makes the note do.
+                if (noteGoesToo)
+                    note.unload();
+            };
+            stickies.onCreate = [&](FakeStickyNote &note) {
+                note.onCall = [&](FakeStickyNote &each, const QString &name) {
+                    if (name == step)
+                        die(each);
+                };
+                if (step == u"create")
+                    die(note);
+            };
+            tick();
+            EXPECT_EQ(windows.locked, kNoWindow) << step.toStdString();
+            EXPECT_EQ(timer.interval(), 400) << step.toStdString();
+            tick();
+            EXPECT_EQ(Clips.Count(), 0) << step.toStdString();
+            EXPECT_EQ(openNotes(), std::vector<int>()) << step.toStdString();
+            EXPECT_TRUE(forms.all().isEmpty()) << step.toStdString();
+        }
+    }
+    EXPECT_EQ(stickies.made.size(), 2 * static_cast<size_t>(steps.size()));
+}
+
+TEST_F(Cycle, ABodyThatCannotBeReadLeavesNoHalfNote)
+{
+    const int id = addNote(u"Page"_qs, u"http://a/"_qs, {{u"AutoSave"_qs, true}});
+    files.files.insert(store.bodyFile(id), "no rich text");
+    openPage(u"Page"_qs, u"http://a/"_qs);
+    stickies.onCreate = [](FakeStickyNote &note) { note.bodyError = 75; };
+    tick();
+    ASSERT_EQ(stickies.made.size(), 1u);
+    EXPECT_TRUE(stickies.made[0]->unloaded);
+    EXPECT_FALSE(stickies.made[0]->calls.contains(u"SaveNote"_qs)) << "the body would be overwritten";
+    EXPECT_EQ(Clips.Count(), 0);
+    EXPECT_EQ(windows.locked, kNoWindow);
+    stickies.onCreate = nullptr;
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
+}
+
+TEST_F(Cycle, AnUnparsableTitleEndsThePassWithoutAWord)
+{
+    const int before = addNote(u"Before"_qs, u"http://before/"_qs);
+    const int after = addNote(u"After"_qs, u"http://after/"_qs);
+    openPage(u"After"_qs, u"http://after/"_qs);
+    const WindowHandle bad = openPage(u"Bad"_qs, u"http://bad/\"x\" y"_qs);
+    openPage(u"Before"_qs, u"http://before/"_qs);
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>{before});
+    EXPECT_EQ(timer.interval(), 400);
+
+    const quint64 statements = this->statements();
+    tick(3);
+    EXPECT_EQ(this->statements(), statements);
+    EXPECT_EQ(openNotes(), std::vector<int>{before});
+
+    goTo(bad, u"Good"_qs, u"http://good/"_qs);
+    tick();
+    EXPECT_EQ(openNotes(), (std::vector<int>{before, after}));
+}
+
+TEST_F(Cycle, ATickWithoutAChangeAsksNobody)
+{
+    for (int i = 0; i < 10; ++i)
+        addNote(u"%1 page"_qs.arg(i), u"http://%1/"_qs.arg(i));
+    for (int i = 0; i < 20; ++i)
+        openPage(u"%1 page"_qs.arg(i), u"http://%1/"_qs.arg(i));
+    openFolder(u"5 page"_qs, u"/usr/lib"_qs);
+    tick(3);
+    ASSERT_EQ(openNotes().size(), 10);
+
+    const quint64 statements = this->statements();
+    const int trips = windows.roundTrips;
+    const int queries = shellWindows.queries + processes.queries;
+    tick(5);
+    EXPECT_EQ(this->statements(), statements);
+    EXPECT_EQ(windows.roundTrips, trips);
+    EXPECT_EQ(shellWindows.queries + processes.queries, queries);
+
+    // One window's change asks for that window alone (a count, and the first of the notes), even when
+    // its note goes: the notes of the other windows are the same.
+    goTo(windows.order.last(), u"Elsewhere"_qs, u"about:blank"_qs);
+    tick(3);
+    EXPECT_EQ(openNotes().size(), 9);
+    EXPECT_LE(this->statements(), statements + 3);
+    EXPECT_GT(this->statements(), statements);
+}
+
+TEST_F(Cycle, AKeptAnswerLeavesTheLengthAsAskingWould)
+{
+    openPage(u"abc: d"_qs, u"http://1/"_qs);
+    openPage(u"abcdefgh: i"_qs, u"http://2/"_qs);
+    tick();
+    EXPECT_EQ(settings.PartialMatchLength, 4);
+    settings.PartialMatchLength = 99;
+    tick();
+    EXPECT_EQ(settings.PartialMatchLength, 4);
+    openPage(u"xy: z"_qs, u"http://3/"_qs);
+    tick();
+    EXPECT_EQ(settings.PartialMatchLength, 3);
+}
+
+TEST_F(Cycle, AStoppedClockOpensAndClosesNothing)
+{
+    const int id = addNote(u"Page"_qs, u"http://a/"_qs);
+    openPage(u"Page"_qs, u"http://a/"_qs);
+    events.duringYield = [&] { timer.setEnabled(false); };
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>()) << "stopped while the tick yielded";
+    timer.setEnabled(true);
+    events.duringYield = [&] { cycle.end(); };
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>());
+    EXPECT_EQ(timer.interval(), 0) << "shut-down is final";
+    cycle.rearm();
+    EXPECT_EQ(timer.interval(), 0);
+    EXPECT_EQ(noteField(id, u"Active"_qs).toBool(), true);
+}
+
+TEST_F(Cycle, ATickDoesNotRunInsideItself)
+{
+    const int id = addNote(u"Page"_qs, u"http://a/"_qs);
+    openPage(u"Page"_qs, u"http://a/"_qs);
+    events.duringYield = [&] { cycle.tick(); };
+    stickies.onCreate = [&](FakeStickyNote &) { cycle.tick(); };
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>{id});
+    EXPECT_EQ(events.yields, 1);
+}
+
+TEST_F(Cycle, ChangesBringTheNextTickForward)
+{
+    const WindowHandle window = windows.open(u"IEFrame"_qs, u"Page"_qs);
+    EXPECT_TRUE(timer.tickRequested);
+    tick();
+    EXPECT_FALSE(timer.tickRequested);
+    shellWindows.setLocation(window, u"http://a/"_qs);
+    EXPECT_TRUE(timer.tickRequested);
+    tick();
+    timer.setEnabled(false);
+    windows.change();
+    EXPECT_FALSE(timer.tickRequested);
+}
+
+TEST_F(Cycle, WithoutADatabaseATickIsQuiet)
+{
+    openPage(u"Page"_qs, u"http://a/"_qs);
+    store.close();
+    tick();
+    EXPECT_EQ(openNotes(), std::vector<int>());
+    EXPECT_EQ(timer.interval(), 400);
+}
+
+TEST_F(Cycle, ManyWindows)
+{
+    for (int i = 0; i < 40; ++i)
+        addNote(u"%1 page"_qs.arg(i), u"http://site/%1/"_qs.arg(i));
+    for (int i = 0; i < 300; ++i)
+        openPage(u"%1 page"_qs.arg(i), u"http://site/%1/"_qs.arg(i));
+    tick();
+    EXPECT_EQ(openNotes().size(), 40);
+    EXPECT_EQ(LiveWindows.Count(), 300);
+}
