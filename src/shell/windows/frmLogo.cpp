@@ -114,7 +114,7 @@ protected:
 frmLogo::frmLogo(FormList &forms, const QVersionNumber &version, const Twips &twips)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), m_forms(forms)
 {
-    setObjectName(formName());
+    setObjectName(QStringLiteral("frmLogo"));
     setWindowTitle(QStringLiteral("Norvane"));
 
     auto *picture = new SplashPicture(this);

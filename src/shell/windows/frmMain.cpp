@@ -30,7 +30,7 @@ frmMain::frmMain(FormList &forms, SettingsStore &settings, mdiMain &frame, TrayH
       m_previewButton(new QToolButton), m_rowPanel(new StatusPanel(QStringLiteral("ROW"))),
       m_trayIcon(new TrayIcon(trayHost, this))
 {
-    setObjectName(formName());
+    setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(tr("Note Browser"));
     SetFormIcon(this);
 

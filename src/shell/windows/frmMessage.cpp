@@ -9,8 +9,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
+#include <cmath>
 
 namespace norvane {
 
@@ -19,7 +19,28 @@ namespace {
 constexpr int kDurationMs = 3000;
 constexpr int kIconSide = 40;
 constexpr int kTextWidth = 380;
-constexpr double kRadius = 9.0;
+constexpr int kRadius = 9;
+
+/// A rectangle with round corners: whole pixels, none of which lies within the curve is missing.
+QRegion roundedRegion(const QRect &rect)
+{
+    QRegion region(rect.adjusted(0, kRadius, 0, -kRadius));
+    for (int row = 0; row < kRadius; ++row) {
+        const double y = kRadius - row - 0.5;
+        const int inset = static_cast<int>(kRadius - std::sqrt(kRadius * kRadius - y * y));
+        const QRect line(rect.left() + inset, rect.top() + row, rect.width() - 2 * inset, 1);
+        region += line;
+        region += line.translated(0, rect.height() - 1 - 2 * row);
+    }
+    return region;
+}
+
+QColor blend(const QColor &over, const QColor &under, float share)
+{
+    return QColor::fromRgbF(over.redF() * share + under.redF() * (1 - share),
+                            over.greenF() * share + under.greenF() * (1 - share),
+                            over.blueF() * share + under.blueF() * (1 - share));
+}
 
 } // namespace
 
@@ -27,7 +48,7 @@ frmMessage::frmMessage(FormList &forms, WindowSystem &windows, Sound &sound)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint), m_forms(forms),
       m_windows(windows), m_sound(sound), m_label(new QLabel)
 {
-    setObjectName(formName());
+    setObjectName(QStringLiteral("frmMessage"));
     setWindowTitle(QStringLiteral("Norvane"));
     SetFormIcon(this);
     setFocusPolicy(Qt::StrongFocus);
@@ -111,10 +132,10 @@ void frmMessage::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor paper = palette().color(QPalette::Base);
-    QColor edge = palette().color(QPalette::Text);
-    edge.setAlphaF(0.28F);
-    painter.fillRect(rect(), paper);
+    const QColor edge = blend(palette().color(QPalette::Text), paper, 0.3F);
+    painter.fillRect(rect(), edge); // what the curve leaves of the corner's pixels
     painter.setPen(QPen(edge, 1.0));
+    painter.setBrush(paper);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
 }
 
@@ -122,9 +143,7 @@ void frmMessage::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     // A shaped window has round corners on every desktop, with a compositor or without.
-    QPainterPath shape;
-    shape.addRoundedRect(rect(), kRadius, kRadius);
-    setMask(QRegion(shape.toFillPolygon().toPolygon()));
+    setMask(roundedRegion(rect()));
 }
 
 void frmMessage::mousePressEvent(QMouseEvent *)

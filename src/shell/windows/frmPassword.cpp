@@ -31,7 +31,7 @@ frmPassword::frmPassword(FormList &forms, PasswordDialogModel &model, QWidget *p
     : QDialog(parent), m_forms(forms), m_model(model), m_explanation(new QLabel), m_password(new QLineEdit),
       m_selectDatabase(button(QStringLiteral("Command3"), tr("&Select Database")))
 {
-    setObjectName(formName());
+    setObjectName(QStringLiteral("frmPassword"));
     setWindowTitle(tr("Norvane Password"));
     SetFormIcon(this);
 

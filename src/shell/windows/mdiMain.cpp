@@ -258,17 +258,21 @@ void mdiMain::Form_Resize()
 // window manager's frame does not fit as well.
 void mdiMain::keepWithinReach()
 {
-    if (!m_settling || isMinimized() || isMaximized() || isFullScreen())
+    if (!m_settling || !isVisible() || isMinimized() || isMaximized() || isFullScreen())
         return;
+    // The window knows its margins as soon as they are there; what the widget keeps of them may be
+    // from before.
+    const QMargins around = windowHandle()->frameMargins();
     const QRect room = screen()->availableGeometry();
-    const QSize around = frameGeometry().size() - size();
-    const QSize fitting = size().boundedTo(room.size() - around).expandedTo(minimumSizeHint());
+    const QSize fitting = size().boundedTo(room.marginsRemoved(around).size()).expandedTo(minimumSizeHint());
     if (fitting != size())
         resize(fitting);
-    const QSize outer = fitting + around;
-    const QPoint place(std::clamp(x(), room.left(), std::max(room.left(), room.right() + 1 - outer.width())),
-                       std::clamp(y(), room.top(), std::max(room.top(), room.bottom() + 1 - outer.height())));
-    if (place != pos())
+    const QSize outer = fitting.grownBy(around);
+    const QPoint now = windowHandle()->framePosition();
+    const QPoint place(
+        std::clamp(now.x(), room.left(), std::max(room.left(), room.right() + 1 - outer.width())),
+        std::clamp(now.y(), room.top(), std::max(room.top(), room.bottom() + 1 - outer.height())));
+    if (place != now)
         move(place);
     if (!around.isNull())
         m_settling = false;
@@ -294,8 +298,10 @@ void mdiMain::changeEvent(QEvent *event)
         Form_Resize();
     else if (event->type() == QEvent::PaletteChange)
         styleChildArea();
-    else if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    else if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        keepWithinReach();
         emit activated();
+    }
 }
 
 void mdiMain::showEvent(QShowEvent *event)
@@ -304,7 +310,10 @@ void mdiMain::showEvent(QShowEvent *event)
     showDate(); // the program runs for days
     keepWithinReach();
     // A desktop without frames sends none; from then on the place is the user's.
-    QTimer::singleShot(kSettlingMs, this, [this] { m_settling = false; });
+    QTimer::singleShot(kSettlingMs, this, [this] {
+        keepWithinReach();
+        m_settling = false;
+    });
 }
 
 void mdiMain::closeEvent(QCloseEvent *event)

@@ -135,7 +135,8 @@ TEST_F(Frame, ComesUpWithinReachOfTheScreen)
     const QRect room = frame->screen()->availableGeometry();
     frame->Move(15.0 * room.width(), 15.0 * room.height() * 3, 15.0 * room.width() * 2, 15.0 * 300);
     frame->restore();
-    EXPECT_TRUE(room.contains(frame->frameGeometry()));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return room.contains(frame->frameGeometry()); }))
+        << frame->x() << ' ' << frame->y() << ' ' << frame->width() << ' ' << frame->height();
 }
 
 TEST_F(Frame, ArrangesItsVisibleChildren)

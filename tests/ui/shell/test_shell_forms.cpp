@@ -25,7 +25,7 @@ using namespace norvane;
 
 namespace {
 
-class Form_ : public Form
+class OptionsForm : public Form
 {
 public:
     QString formName() const override { return QStringLiteral("frmSetting"); }
@@ -118,7 +118,7 @@ TEST_F(ShellWindowsTest, TogglesTheFrame)
     shell.ToggleBrowser();
     EXPECT_FALSE(shell.frame()->isFrameVisible());
 
-    Form_ options;
+    OptionsForm options;
     forms.add(&options);
     shell.ToggleBrowser();
     EXPECT_FALSE(shell.frame()->isFrameVisible()) << "not while the options stand open";
