@@ -280,7 +280,7 @@ const KeysetRecordset::Row &KeysetRecordset::currentRow() const
             readAhead();
         else if (auto row = m_rows->read(key)) {
             m_cache.clear();
-            m_cache.insert(key, std::move(*row));
+            m_cache.insert(key, *row);
         }
         found = m_cache.constFind(key);
     }
@@ -297,7 +297,7 @@ void KeysetRecordset::readAhead() const
     const int end = std::min(m_rows->size(), m_position + m_cacheSize);
     for (int i = m_position; i < end; ++i)
         if (auto row = m_rows->read(m_rows->key(i)))
-            m_cache.insert(m_rows->key(i), std::move(*row));
+            m_cache.insert(m_rows->key(i), *row);
     transaction.commit();
 }
 

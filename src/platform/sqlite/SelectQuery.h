@@ -24,7 +24,7 @@ public:
     int columnIndex(const QString &name) const;
     /// Whether the statement gives one row of counts, largest or smallest values.
     bool isAggregate() const { return m_aggregate; }
-    bool isOrdered() const { return m_select.order.size() > 0; }
+    bool isOrdered() const { return !m_select.order.empty(); }
     const std::vector<OrderItem> &order() const { return m_select.order; }
 
     /// One more condition on the selected columns.

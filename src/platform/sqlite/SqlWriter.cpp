@@ -23,26 +23,26 @@ enum class Type {
 struct Function
 {
     const char16_t *name;
+    const char *sql;
     int fewest;
     int most;
-    Type result;
-    const char *sql;
     int firstNumber; ///< arguments from here on are numbers
+    Type result;
 };
 
 constexpr int kNoNumber = 99;
 constexpr Function kFunctions[] = {
-    {u"left", 2, 2, Type::Text, "nv_left", 1},
-    {u"right", 2, 2, Type::Text, "nv_right", 1},
-    {u"mid", 2, 3, Type::Text, "nv_mid", 1},
-    {u"len", 1, 1, Type::Number, "nv_len", kNoNumber},
-    {u"instr", 2, 4, Type::Number, "nv_instr", kNoNumber},
-    {u"lcase", 1, 1, Type::Text, "nv_lcase", kNoNumber},
-    {u"ucase", 1, 1, Type::Text, "nv_ucase", kNoNumber},
-    {u"trim", 1, 1, Type::Text, "trim", kNoNumber},
-    {u"ltrim", 1, 1, Type::Text, "ltrim", kNoNumber},
-    {u"rtrim", 1, 1, Type::Text, "rtrim", kNoNumber},
-    {u"format", 2, 2, Type::Text, "nv_format", kNoNumber},
+    {u"left", "nv_left", 2, 2, 1, Type::Text},
+    {u"right", "nv_right", 2, 2, 1, Type::Text},
+    {u"mid", "nv_mid", 2, 3, 1, Type::Text},
+    {u"len", "nv_len", 1, 1, kNoNumber, Type::Number},
+    {u"instr", "nv_instr", 2, 4, kNoNumber, Type::Number},
+    {u"lcase", "nv_lcase", 1, 1, kNoNumber, Type::Text},
+    {u"ucase", "nv_ucase", 1, 1, kNoNumber, Type::Text},
+    {u"trim", "trim", 1, 1, kNoNumber, Type::Text},
+    {u"ltrim", "ltrim", 1, 1, kNoNumber, Type::Text},
+    {u"rtrim", "rtrim", 1, 1, kNoNumber, Type::Text},
+    {u"format", "nv_format", 2, 2, kNoNumber, Type::Text},
 };
 
 const Function &functionOf(const Expression &call)
