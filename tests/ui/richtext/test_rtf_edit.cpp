@@ -64,8 +64,10 @@ TEST_F(RtfEditTest, NewTextIsInTheControlsFont)
     EXPECT_EQ(edit.SelFontName(), u"Arial"_qs);
     EXPECT_EQ(edit.SelFontSize(), 10.0);
     edit.setFont(QFont(u"Courier New"_qs, 14));
+    const QFont desktop = QApplication::font();
     QApplication::setFont(QFont(u"Times New Roman"_qs, 20)); // the desktop's font is another thing
     QTest::keyClicks(edit.box(), u"x"_qs);
+    QApplication::setFont(desktop);
     EXPECT_EQ(edit.SelFontName(), u"Courier New"_qs);
     EXPECT_TRUE(edit.TextRTF().contains("Courier New")) << edit.TextRTF().toStdString();
     EXPECT_TRUE(edit.TextRTF().contains("\\fs28"));
