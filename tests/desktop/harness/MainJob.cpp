@@ -9,8 +9,8 @@ namespace norvane::test {
 
 namespace {
 
-/// Longer than any repaint, shorter than the blinking of a text cursor needs to be seen twice.
-constexpr int kSettledMs = 400;
+/// A window that loses the keyboard shows it up to half a second later.
+constexpr int kSettledMs = 900;
 
 const QString kText = QStringLiteral("Ask Ada about the second draft.");
 
@@ -38,7 +38,7 @@ bool MainJob::step(const QString &name, const std::function<bool()> &seen, int t
     std::fputs(qPrintable(line), stdout);
     std::fflush(stdout);
     if (!held && m_norvane != nullptr)
-        m_report += m_desktop.errorOutput(m_norvane);
+        m_report += whatIsThere() + m_desktop.errorOutput(m_norvane);
     if (!m_pictures.isEmpty()) {
         QString file = name;
         file.replace(QLatin1Char(' '), QLatin1Char('-'));
@@ -47,6 +47,26 @@ bool MainJob::step(const QString &name, const std::function<bool()> &seen, int t
                                        QStringLiteral("%1").arg(++m_step, 2, 10, QLatin1Char('0')), file));
     }
     return held;
+}
+
+QString MainJob::whatIsThere() const
+{
+    const auto text = [](const QRect &rect) {
+        return QStringLiteral("%1,%2 %3x%4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
+    };
+    QString lines =
+        QStringLiteral("  the note is at %1, was at %2; active window 0x%3, target 0x%4, note 0x%5\n")
+            .arg(text(noteInTarget()), text(m_place))
+            .arg(m_x.activeWindow(), 0, 16)
+            .arg(m_window, 0, 16)
+            .arg(note(), 0, 16);
+    const QVector<xcb_window_t> clients = m_x.clients();
+    for (const xcb_window_t client : clients)
+        lines += QStringLiteral("  0x%1 %2 [%3] %4%5\n")
+                     .arg(client, 0, 16)
+                     .arg(m_x.title(client), m_x.wmClass(client), text(m_x.geometry(client)),
+                          m_x.isViewable(client) ? QString() : QStringLiteral(" hidden"));
+    return lines;
 }
 
 xcb_window_t MainJob::findTarget(int thing) const
@@ -154,11 +174,12 @@ bool MainJob::attachAndType()
         return now.size() == empty.size() && now != empty;
     });
     m_x.activate(m_window);
-    return typed && step(QStringLiteral("the program has the keyboard back"), [this] {
-               m_place = noteInTarget();
-               m_look = notePicture();
-               return m_x.activeWindow() == m_window;
-           });
+    if (!typed || !step(QStringLiteral("the program has the keyboard back"),
+                        [this] { return m_x.activeWindow() == m_window; }))
+        return false;
+    m_place = noteInTarget();
+    m_look = settledPicture();
+    return true;
 }
 
 bool MainJob::leaveAndReturn()

@@ -14,6 +14,15 @@ namespace norvane::test {
 namespace {
 
 constexpr int kLookAgainMs = 20;
+constexpr int kBetweenKeysMs = 8; // as fast as a person can be
+
+/// Lets the event loop run.
+void pause(int milliseconds)
+{
+    QEventLoop turn;
+    QTimer::singleShot(milliseconds, &turn, &QEventLoop::quit);
+    turn.exec();
+}
 
 } // namespace
 
@@ -23,9 +32,7 @@ bool waitFor(const std::function<bool()> &condition, int timeoutMs)
     while (!condition()) {
         if (deadline.hasExpired())
             return condition();
-        QEventLoop turn;
-        QTimer::singleShot(kLookAgainMs, &turn, &QEventLoop::quit);
-        turn.exec();
+        pause(kLookAgainMs);
     }
     return true;
 }
@@ -281,6 +288,7 @@ void XClient::press(const QString &combination)
     const QStringList names = combination.split(QLatin1Char('+'));
     for (const QString &name : names)
         m_x->fake(XCB_KEY_PRESS, m_x->keyOf(namedKey(name)).first);
+    pause(kBetweenKeysMs);
     for (auto name = names.rbegin(); name != names.rend(); ++name)
         m_x->fake(XCB_KEY_RELEASE, m_x->keyOf(namedKey(*name)).first);
 }
@@ -297,7 +305,7 @@ void XClient::type(const QString &text)
         m_x->fake(XCB_KEY_RELEASE, code);
         if (shifted)
             m_x->fake(XCB_KEY_RELEASE, shift);
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        pause(kBetweenKeysMs);
     }
 }
 
