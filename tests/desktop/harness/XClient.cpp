@@ -39,6 +39,7 @@ struct Free
 template <typename Reply> using Owned = std::unique_ptr<Reply, Free>;
 
 constexpr xcb_keysym_t kShift = 0xffe1;
+constexpr int kKeyPauseMs = 6;
 
 xcb_keysym_t namedKey(const QString &name)
 {
@@ -297,7 +298,8 @@ void XClient::type(const QString &text)
         m_x->fake(XCB_KEY_RELEASE, code);
         if (shifted)
             m_x->fake(XCB_KEY_RELEASE, shift);
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        // Nobody types faster, and busy programs lose keys that come closer together.
+        waitFor([] { return false; }, kKeyPauseMs);
     }
 }
 
