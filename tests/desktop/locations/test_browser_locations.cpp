@@ -65,7 +65,7 @@ protected:
         m_shell = std::make_unique<LinuxShellWindows>(
             *m_windows,
             DesktopSession{m_desktop.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")),
-                           m_desktop.display(), 1});
+                           m_desktop.display(), m_desktop.home(), 1});
     }
 
     void TearDown() override
@@ -212,6 +212,8 @@ TEST_F(TwoBrowsers, HangEachForItself)
     // Stopped before anything is known of it: the answer is "nothing", within a bounded time.
     const Stopped stopped(m_windows->processId(firefox));
     EXPECT_EQ(m_shell->location(firefox).state, State::Unknown);
+    // It tells nothing of a page before it has painted it.
+    m_desktop.x().activate(static_cast<xcb_window_t>(chromium));
     EXPECT_TRUE(becomes(chromium, m_second)) << told(chromium);
     EXPECT_TRUE(waitFor([&] { return m_shell->location(firefox).state == State::Known; }, 4000));
     EXPECT_EQ(m_shell->location(firefox).location, QString());
