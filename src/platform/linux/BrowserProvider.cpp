@@ -42,7 +42,7 @@ LookUpResult BrowserProvider::find(const LookUpRequest &request)
 
 LookUpResult BrowserProvider::ask(const LookUpRequest &request, ProgramCalls &calls)
 {
-    const LookUpResult notReady{LookUpResult::Outcome::NotReady, {}};
+    LookUpResult notReady{LookUpResult::Outcome::NotReady, {}};
     const AccessibleObject frame = m_frames.frameOf(request, calls);
     if (frame.isNull())
         return notReady;
@@ -78,7 +78,7 @@ QString BrowserProvider::shownAddress(const LookUpRequest &request, const Access
         bar = calls.matches(frame, {ProgramCalls::kRoleEntry}, 1).value(0);
     if (bar.isNull() || (calls.state(bar) >> ProgramCalls::kStateFocused & 1) != 0)
         return {};
-    const QString text = calls.text(bar);
+    QString text = calls.text(bar);
     if (text.isEmpty())
         bar = {};
     return text;

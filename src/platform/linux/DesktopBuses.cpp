@@ -190,14 +190,18 @@ void DesktopBuses::readSwitch()
                      {kStatus, QStringLiteral("IsEnabled")}),
               [this](const QDBusMessage &reply) {
                   const QVariant value = reply.arguments().value(0).value<QDBusVariant>().variant();
-                  {
-                      const QMutexLocker lock(&m_mutex);
-                      m_enabled = reply.type() == QDBusMessage::ReplyMessage
-                                      ? std::optional<bool>(value.toBool())
-                                      : std::nullopt;
-                  }
-                  emit accessibilityChanged();
+                  switchRead(reply.type() == QDBusMessage::ReplyMessage ? std::optional(value.toBool())
+                                                                        : std::nullopt);
               });
+}
+
+void DesktopBuses::switchRead(std::optional<bool> enabled)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_enabled = enabled;
+    }
+    emit accessibilityChanged();
 }
 
 void DesktopBuses::statusChanged(const QDBusMessage &event)
@@ -302,14 +306,18 @@ void DesktopBuses::learnService(const QString &service)
         method(kBusService, kBusPath, kBusService, QStringLiteral("GetConnectionUnixProcessID"), {service}),
         [this, service](const QDBusMessage &reply) {
             const qint64 processId = reply.arguments().value(0).toLongLong();
-            if (reply.type() != QDBusMessage::ReplyMessage || processId <= 0)
-                return;
-            {
-                const QMutexLocker lock(&m_mutex);
-                m_processes.insert(service, processId);
-            }
-            emit programAppeared(processId);
+            if (reply.type() == QDBusMessage::ReplyMessage && processId > 0)
+                serviceLearned(service, processId);
         });
+}
+
+void DesktopBuses::serviceLearned(const QString &service, qint64 processId)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_processes.insert(service, processId);
+    }
+    emit programAppeared(processId);
 }
 
 void DesktopBuses::nameOwnerChanged(const QString &name, const QString &oldOwner, const QString &newOwner)

@@ -70,9 +70,11 @@ private:
     void connectAccessibility(const QString &address);
     void retryLater();
     void readSwitch();
+    void switchRead(std::optional<bool> enabled);
     void registerEvents(const QDBusConnection &bus);
     void registerEvent(const QDBusConnection &bus, const QString &event);
     void learnService(const QString &service);
+    void serviceLearned(const QString &service, qint64 processId);
     void settle();
     qint64 processOf(const QString &service) const;
 

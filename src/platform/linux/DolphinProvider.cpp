@@ -40,6 +40,20 @@ QString DolphinProvider::objectOf(const LookUpRequest &request, const QString &s
     return {};
 }
 
+bool DolphinProvider::isOpen(const QString &folder, const QString &service, const QString &object,
+                             ProgramCalls &calls)
+{
+    // It compares addresses as texts: one that was reached from below ends in a separator.
+    const QString address = QUrl::fromLocalFile(folder).toString(QUrl::FullyEncoded);
+    for (const QString &form : {address, address + u'/'}) {
+        const QDBusMessage reply = calls.call(service, object, QStringLiteral("org.kde.dolphin.MainWindow"),
+                                              QStringLiteral("isUrlOpen"), {form});
+        if (reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toBool())
+            return true;
+    }
+    return false;
+}
+
 LookUpResult DolphinProvider::find(const LookUpRequest &request)
 {
     using Outcome = LookUpResult::Outcome;
@@ -53,12 +67,10 @@ LookUpResult DolphinProvider::find(const LookUpRequest &request)
         QStringList candidates = folderCandidates(request.caption, request.lastLocation, m_home);
         if (captionNamesFolder(request.caption, request.lastLocation, m_home))
             candidates.prepend(request.lastLocation);
+        // These have names of their own in captions, in the user's language.
+        candidates.append({m_home, QStringLiteral("/")});
         for (const QString &folder : std::as_const(candidates)) {
-            const QString address = QUrl::fromLocalFile(folder).toString(QUrl::FullyEncoded);
-            const QDBusMessage reply =
-                calls.call(service, object, QStringLiteral("org.kde.dolphin.MainWindow"),
-                           QStringLiteral("isUrlOpen"), {address});
-            if (reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toBool())
+            if (isOpen(folder, service, object, calls))
                 return {Outcome::Found, folder};
             if (calls.ranOut())
                 break;

@@ -22,6 +22,9 @@ public:
 private:
     QString objectOf(const LookUpRequest &request, const QString &service, ProgramCalls &calls);
 
+    static bool isOpen(const QString &folder, const QString &service, const QString &object,
+                       ProgramCalls &calls);
+
     const DesktopBuses &m_buses;
     const QString m_home;
     QHash<WindowHandle, QString> m_objects;

@@ -46,7 +46,7 @@ LookUpResult FolderEntryProvider::find(const LookUpRequest &request)
 
 LookUpResult FolderEntryProvider::ask(const LookUpRequest &request, ProgramCalls &calls)
 {
-    const LookUpResult notReady{LookUpResult::Outcome::NotReady, {}};
+    LookUpResult notReady{LookUpResult::Outcome::NotReady, {}};
     const AccessibleObject frame = m_frames.frameOf(request, calls);
     if (frame.isNull())
         return notReady;
@@ -68,7 +68,7 @@ LookUpResult FolderEntryProvider::ask(const LookUpRequest &request, ProgramCalls
 std::optional<QString> FolderEntryProvider::folderIn(const AccessibleObject &entry,
                                                      const LookUpRequest &request, ProgramCalls &calls) const
 {
-    const auto folder = folderFromEntryText(calls.text(entry), m_home);
+    auto folder = folderFromEntryText(calls.text(entry), m_home);
     if (!folder || *folder == request.lastLocation)
         return folder;
     // While the user types a path the entry holds a piece of it; the caption follows the folder.

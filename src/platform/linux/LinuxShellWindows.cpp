@@ -33,7 +33,8 @@ struct AwaitedResult
 struct LinuxShellWindows::Private
 {
     Private(LinuxShellWindows *owner, WindowSystem &windows, const DesktopSession &session)
-        : q(owner), display(session.display), buses(session.busAddress),
+        : q(owner), display(session.display), home(session.home.isEmpty() ? QDir::homePath() : session.home),
+          buses(session.busAddress),
           tracker(windows, session.pixelRatio,
                   [this](const LookUpRequest &request) { return startLookUp(request); })
     {
@@ -45,6 +46,7 @@ struct LinuxShellWindows::Private
 
     LinuxShellWindows *q;
     const QString display;
+    const QString home;
     DesktopBuses buses;
     QThread busThread;
     ProcProcesses processes;
@@ -99,8 +101,8 @@ ProgramQueue *LinuxShellWindows::Private::queueOf(const LookUpRequest &request)
     const auto known = queues.find(request.processId);
     if (known != queues.end())
         return known->second.get();
-    std::unique_ptr<LocationProvider> provider = makeLocationProvider(
-        request.browser, processes.programFile(request.processId), buses, display, QDir::homePath());
+    std::unique_ptr<LocationProvider> provider =
+        makeLocationProvider(request.browser, processes.programFile(request.processId), buses, display, home);
     std::unique_ptr<ProgramQueue> &queue = queues[request.processId];
     if (provider)
         queue = std::make_unique<ProgramQueue>(std::move(provider));

@@ -13,6 +13,7 @@ struct DesktopSession
 {
     QString busAddress;   ///< of the session bus; empty: the one that the environment names
     QString display;      ///< X display of the windows; empty: the one that the environment names
+    QString home;         ///< the user's home folder; empty: the one that the environment names
     qreal pixelRatio = 1; ///< device pixels of the desktop per logical pixel
 };
 

@@ -95,8 +95,8 @@ void LocationTracker::begin(WindowHandle window, Record &record, const QString &
     desktopActive();
     if (!isRestless(record))
         ask(window, record);
-    else if (record.quickChanges == kMostQuickChanges + 1)
-        askIn(kRestMs, window);
+    else
+        askNowAndThen(window, record);
 }
 
 bool LocationTracker::isRestless(const Record &record)
@@ -141,8 +141,22 @@ void LocationTracker::askIn(int milliseconds, WindowHandle window)
     const quint64 round = m_records.value(window).round;
     QTimer::singleShot(milliseconds, this, [this, window, round] {
         const auto record = m_records.find(window);
-        if (record != m_records.end() && (record->round == round || isRestless(*record)))
+        if (record != m_records.end() && record->round == round)
             ask(window, *record);
+    });
+}
+
+void LocationTracker::askNowAndThen(WindowHandle window, Record &record)
+{
+    if (record.timerRuns)
+        return;
+    record.timerRuns = true;
+    QTimer::singleShot(kRestMs, this, [this, window] {
+        const auto known = m_records.find(window);
+        if (known == m_records.end())
+            return;
+        known->timerRuns = false;
+        ask(window, *known);
     });
 }
 
@@ -157,9 +171,7 @@ void LocationTracker::arrived(WindowHandle window, const LookUpResult &result)
         begin(window, record, caption);
     if (isRestless(record)) {
         record.confirmed = true;
-        if (record.sinceChange.elapsed() < kRestMs)
-            askIn(kRestMs, window);
-        else
+        if (record.sinceChange.elapsed() >= kRestMs)
             record.quickChanges = 0;
     } else if (record.lookAgain) {
         ask(window, record);

@@ -72,10 +72,11 @@ private:
         bool lookingUp = false;
         bool lookAgain = false; ///< once more when the one under way has ended
         bool confirmed = false;
-        bool found = false;   ///< the last look-up found an answer
-        int attempt = 0;      ///< of the times at which a program that is not ready is asked again
-        quint64 round = 0;    ///< number of the caption change; timers of earlier ones are void
-        int quickChanges = 0; ///< captions in close succession
+        bool found = false;     ///< the last look-up found an answer
+        int attempt = 0;        ///< of the times at which a program that is not ready is asked again
+        quint64 round = 0;      ///< number of the caption change; timers of earlier ones are void
+        bool timerRuns = false; ///< of a window whose caption does not rest
+        int quickChanges = 0;   ///< captions in close succession
         QElapsedTimer sinceChange;
     };
 
@@ -84,6 +85,7 @@ private:
     void begin(WindowHandle window, Record &record, const QString &caption);
     void ask(WindowHandle window, Record &record);
     void askIn(int milliseconds, WindowHandle window);
+    void askNowAndThen(WindowHandle window, Record &record);
     static bool isRestless(const Record &record);
     void apply(WindowHandle window, Record &record, const LookUpResult &result);
     void settle(WindowHandle window, Record &record, const QString &location);

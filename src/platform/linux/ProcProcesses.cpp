@@ -11,7 +11,7 @@ namespace norvane {
 namespace {
 
 /// Enough for any command line or environment that names a program near its start.
-constexpr qint64 kMostBytes = 256 * 1024;
+constexpr qint64 kMostBytes = 1 << 18;
 
 QByteArray contents(const QString &path)
 {

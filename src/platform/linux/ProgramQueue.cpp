@@ -29,7 +29,7 @@ void ProgramQueue::end()
     m_thread.quit();
 }
 
-void ProgramQueue::ask(LookUpRequest request, Done done)
+void ProgramQueue::ask(LookUpRequest request, const Done &done)
 {
     request.stop = m_stop.get_token();
     QMetaObject::invokeMethod(
@@ -41,7 +41,7 @@ void ProgramQueue::ask(LookUpRequest request, Done done)
         Qt::QueuedConnection);
 }
 
-void ProgramQueue::askUntilReady(LookUpRequest request, Done done)
+void ProgramQueue::askUntilReady(LookUpRequest request, const Done &done)
 {
     request.stop = m_stop.get_token();
     QMetaObject::invokeMethod(

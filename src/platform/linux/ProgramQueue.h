@@ -23,9 +23,9 @@ public:
     ProgramQueue &operator=(const ProgramQueue &) = delete;
 
     /// @param done called in the queue's thread
-    void ask(LookUpRequest request, Done done);
+    void ask(LookUpRequest request, const Done &done);
     /// The same, but a program that is not ready is asked again until the request's deadline.
-    void askUntilReady(LookUpRequest request, Done done);
+    void askUntilReady(LookUpRequest request, const Done &done);
     void forget(WindowHandle window);
 
     /// Asks the thread to end soon; hasEnded() tells when the object can be destroyed without a wait.

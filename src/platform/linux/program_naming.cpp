@@ -22,7 +22,7 @@ QString snapName(const ProcessFacts &facts)
     static const QRegularExpression folder(QStringLiteral("^/snap/([^/]+)/[^/]+/"));
     static const QRegularExpression base(QStringLiteral("^(bare|core[0-9]*|snapd)$"));
     static const QRegularExpression group(QStringLiteral("/snap\\.([^./\\s]+)\\."));
-    const QString name = folder.match(facts.executable).captured(1);
+    QString name = folder.match(facts.executable).captured(1);
     if (!name.isEmpty() && !base.match(name).hasMatch())
         return name;
     return name.isEmpty() && !facts.executable.isEmpty() ? QString()
@@ -93,14 +93,14 @@ QString found(const QString &name, const ProcessFacts &facts, const IsFile &isFi
     if (name.startsWith(u'/'))
         return QDir::cleanPath(name);
     if (!facts.workingFolder.isEmpty()) {
-        const QString path = QDir::cleanPath(facts.workingFolder + u'/' + name);
+        QString path = QDir::cleanPath(facts.workingFolder + u'/' + name);
         if (isFile(path))
             return path;
     }
     if (name.contains(u'/'))
         return {};
     for (const QString &folder : searchPath) {
-        const QString path = QDir::cleanPath(folder + u'/' + name);
+        QString path = QDir::cleanPath(folder + u'/' + name);
         if (folder.startsWith(u'/') && isFile(path))
             return path;
     }
@@ -127,7 +127,7 @@ QString commandProgram(const ProcessFacts &facts, const IsFile &isFile, const QS
         return QDir::cleanPath(command);
     const QString firstWord = command.section(u' ', 0, 0);
     for (const QString &name : {command, firstWord}) {
-        const QString path = found(name, facts, isFile, searchPath);
+        QString path = found(name, facts, isFile, searchPath);
         if (!path.isEmpty() && isFile(path))
             return path;
     }
@@ -140,7 +140,7 @@ QString programOf(const ProcessFacts &facts, const IsFile &isFile, const QString
 {
     if (!facts.flatpakId.isEmpty())
         return facts.flatpakId;
-    if (const QString snap = snapName(facts); !snap.isEmpty())
+    if (QString snap = snapName(facts); !snap.isEmpty())
         return snap;
 
     QString program = facts.executable;

@@ -15,13 +15,14 @@ PageServer::PageServer()
     });
 }
 
-QString PageServer::addPage(const QString &path, const QString &title, const QString &text)
+QString PageServer::addPage(const QString &path, const QString &title, const QString &text,
+                            const QString &script)
 {
     const QString page = QStringLiteral("<!doctype html><meta charset=utf-8><title>%1</title>"
                                         "<link rel=icon href=data:,>"
                                         "<body style=\"font:20px/1.6 sans-serif;margin:3em;max-width:40em\">"
-                                        "<h1>%1</h1><p>%2")
-                             .arg(title.toHtmlEscaped(), text.toHtmlEscaped());
+                                        "<h1>%1</h1><p>%2<script>%3</script>")
+                             .arg(title.toHtmlEscaped(), text.toHtmlEscaped(), script);
     m_pages.insert(path, page.toUtf8());
     return QStringLiteral("http://127.0.0.1:%1%2").arg(m_server.serverPort()).arg(path);
 }

@@ -13,8 +13,11 @@ class PageServer : public QObject
 public:
     PageServer();
 
-    /// @param path "/first"; @return the page's address
-    QString addPage(const QString &path, const QString &title, const QString &text);
+    /// @param path "/first"
+    /// @param script what the page runs when it has been loaded
+    /// @return the page's address
+    QString addPage(const QString &path, const QString &title, const QString &text,
+                    const QString &script = {});
 
 private:
     void answer(QTcpSocket *socket);

@@ -305,6 +305,7 @@ void XClient::type(const QString &text)
         m_x->fake(XCB_KEY_RELEASE, code);
         if (shifted)
             m_x->fake(XCB_KEY_RELEASE, shift);
+        // Nobody types faster, and busy programs lose keys that come closer together.
         pause(kBetweenKeysMs);
     }
 }

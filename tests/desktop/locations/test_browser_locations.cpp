@@ -50,19 +50,22 @@ protected:
         VirtualDesktop::Options options;
         options.accessibility = accessibility;
         ASSERT_TRUE(m_desktop.start(options)) << m_desktop.error().toStdString();
+        // Pages that go on by a key: a busy browser may lose pieces of an address that is typed.
+        const QString keys = QStringLiteral("onkeydown = e => { switch (e.key) {"
+                                            "case 'a': location = '/first'; break;"
+                                            "case 'b': location = '/second'; break;"
+                                            "case 'j': history.pushState(null, '', '/part two'); break;"
+                                            "case 'w': if (!window.another) window.another = "
+                                            "open('/first', '_blank', 'width=700,height=600'); } }");
         m_first = m_server.addPage(QStringLiteral("/first"), QStringLiteral("Reading list"),
-                                   QStringLiteral("Three books"));
+                                   QStringLiteral("Three books"), keys);
         m_second = m_server.addPage(QStringLiteral("/second"), QStringLiteral("Garden plan"),
-                                    QStringLiteral("<input value='a field'>"));
-        m_scripted =
-            m_server.addPage(QStringLiteral("/scripted"), QStringLiteral("Scripted page"),
-                             QStringLiteral("<script>onkeydown = e => { if (e.key == 'j') "
-                                            "history.pushState(null, '', '/scripted/part two'); }</script>"));
+                                    QStringLiteral("Two beds"), keys);
         m_windows = std::make_unique<ClientListWindows>(m_desktop.x());
         m_shell = std::make_unique<LinuxShellWindows>(
             *m_windows,
             DesktopSession{m_desktop.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")),
-                           m_desktop.display(), 1});
+                           m_desktop.display(), m_desktop.home(), 1});
     }
 
     void TearDown() override
@@ -84,12 +87,30 @@ protected:
         return window;
     }
 
-    bool becomes(WindowHandle window, const QString &location)
+    bool becomes(WindowHandle window, const QString &location, int timeoutMs = 20000)
     {
-        return waitFor([&] {
-            const ShellWindows::Answer answer = m_shell->location(window);
-            return answer.state == State::Known && answer.location == location;
-        });
+        return waitFor(
+            [&] {
+                const ShellWindows::Answer answer = m_shell->location(window);
+                return answer.state == State::Known && answer.location == location;
+            },
+            timeoutMs);
+    }
+
+    /// Presses a key in a window's page until what it does has happened.
+    bool pressUntil(WindowHandle window, const QString &key, const std::function<bool()> &happened)
+    {
+        const auto id = static_cast<xcb_window_t>(window);
+        for (int attempt = 0; attempt < 8; ++attempt) {
+            m_desktop.x().activate(id);
+            if (!waitFor([&] { return m_desktop.x().activeWindow() == id; }))
+                return false;
+            m_desktop.x().click(m_desktop.x().geometry(id).center());
+            m_desktop.x().press(key);
+            if (waitFor(happened, 3000))
+                return true;
+        }
+        return false;
     }
 
     std::string told(WindowHandle window)
@@ -102,7 +123,6 @@ protected:
     PageServer m_server;
     QString m_first;
     QString m_second;
-    QString m_scripted;
     std::unique_ptr<ClientListWindows> m_windows;
     std::unique_ptr<LinuxShellWindows> m_shell;
 };
@@ -118,11 +138,9 @@ TEST_P(BrowserLocations, FollowThePagesOfEachWindow)
     EXPECT_TRUE(becomes(window, m_first)) << told(window);
 
     // A new title never comes with the old address.
-    m_desktop.x().activate(static_cast<xcb_window_t>(window));
-    browseTo(m_desktop, m_second);
     QString wrong;
     QElapsedTimer sinceTitle;
-    EXPECT_TRUE(waitFor([&] {
+    EXPECT_TRUE(pressUntil(window, QStringLiteral("b"), [&] {
         if (!m_windows->caption(window).contains(u"Garden plan"))
             return false;
         if (!sinceTitle.isValid())
@@ -136,28 +154,27 @@ TEST_P(BrowserLocations, FollowThePagesOfEachWindow)
     RecordProperty("titleToAddressMs", static_cast<int>(sinceTitle.elapsed()));
 
     // A second window of the same process.
-m_desktop.x().screenshot().save(QStringLiteral("/tmp/loc/x.png"));
-    m_desktop.x().press(QStringLiteral("ctrl+n"));
     WindowHandle other = kNoWindow;
-    ASSERT_TRUE(waitFor([&] {
+    ASSERT_TRUE(pressUntil(window, QStringLiteral("w"), [&] {
         for (const xcb_window_t client : m_desktop.x().clients()) {
             if (client != window && m_windows->className(client) == u"IEFrame")
                 other = client;
         }
-        return other != kNoWindow && m_desktop.x().activeWindow() == other;
+        return other != kNoWindow;
     }));
-    browseTo(m_desktop, m_first);
     EXPECT_TRUE(becomes(other, m_first)) << told(other);
     EXPECT_TRUE(becomes(window, m_second)) << told(window);
+    EXPECT_EQ(m_windows->processId(other), m_windows->processId(window));
 
     // An address that a script changes, with the title as it was.
-    browseTo(m_desktop, m_scripted);
-    EXPECT_TRUE(becomes(other, m_scripted)) << told(other);
-    const QString caption = m_windows->caption(other);
-    m_desktop.x().click(m_desktop.x().geometry(static_cast<xcb_window_t>(other)).center());
-    m_desktop.x().press(QStringLiteral("j"));
-    EXPECT_TRUE(becomes(other, m_scripted + QStringLiteral("/part%20two"))) << told(other);
-    EXPECT_EQ(m_windows->caption(other), caption);
+    const QString caption = m_windows->caption(window);
+    QString scripted = m_second;
+    scripted.replace(QStringLiteral("/second"), QStringLiteral("/part%20two"));
+    EXPECT_TRUE(pressUntil(window, QStringLiteral("j"), [&] { return becomes(window, scripted, 3000); }))
+        << told(window);
+    EXPECT_EQ(m_windows->caption(window), caption);
+    EXPECT_TRUE(pressUntil(window, QStringLiteral("b"), [&] { return becomes(window, m_second, 3000); }))
+        << told(window);
 
     {
         const Stopped stopped(m_windows->processId(window));
@@ -195,6 +212,8 @@ TEST_F(TwoBrowsers, HangEachForItself)
     // Stopped before anything is known of it: the answer is "nothing", within a bounded time.
     const Stopped stopped(m_windows->processId(firefox));
     EXPECT_EQ(m_shell->location(firefox).state, State::Unknown);
+    // It tells nothing of a page before it has painted it.
+    m_desktop.x().activate(static_cast<xcb_window_t>(chromium));
     EXPECT_TRUE(becomes(chromium, m_second)) << told(chromium);
     EXPECT_TRUE(waitFor([&] { return m_shell->location(firefox).state == State::Known; }, 4000));
     EXPECT_EQ(m_shell->location(firefox).location, QString());

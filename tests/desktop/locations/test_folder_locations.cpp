@@ -28,7 +28,7 @@ protected:
         m_shell = std::make_unique<LinuxShellWindows>(
             *m_windows,
             DesktopSession{m_desktop.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")),
-                           m_desktop.display(), 1});
+                           m_desktop.display(), m_desktop.home(), 1});
     }
 
     void TearDown() override
@@ -69,6 +69,22 @@ protected:
         });
     }
 
+    /// Goes to the folder above; a program that has just started loses keys.
+    bool goesUp(WindowHandle window)
+    {
+        const auto id = static_cast<xcb_window_t>(window);
+        const QString caption = m_windows->caption(window);
+        for (int attempt = 0; attempt < 8; ++attempt) {
+            m_desktop.x().activate(id);
+            if (!waitFor([&] { return m_desktop.x().activeWindow() == id; }))
+                return false;
+            m_desktop.x().press(QStringLiteral("alt+Up"));
+            if (waitFor([&] { return m_windows->caption(window) != caption; }, 3000))
+                return true;
+        }
+        return false;
+    }
+
     std::string told(WindowHandle window)
     {
         const ShellWindows::Answer answer = m_shell->location(window);
@@ -95,9 +111,7 @@ TEST_P(FolderLocations, FollowTheFolder)
     ASSERT_NE(window, kNoWindow);
     EXPECT_TRUE(becomes(window, home + m_odd)) << told(window);
 
-    m_desktop.x().activate(static_cast<xcb_window_t>(window));
-    ASSERT_TRUE(waitFor([&] { return m_desktop.x().activeWindow() == window; }));
-    m_desktop.x().press(QStringLiteral("alt+Up"));
+    ASSERT_TRUE(goesUp(window));
     QString wrong;
     QElapsedTimer sinceTitle;
     EXPECT_TRUE(waitFor([&] {
@@ -113,7 +127,7 @@ TEST_P(FolderLocations, FollowTheFolder)
     EXPECT_EQ(wrong, QString());
     RecordProperty("titleToFolderMs", static_cast<int>(sinceTitle.elapsed()));
 
-    m_desktop.x().press(QStringLiteral("alt+Up"));
+    EXPECT_TRUE(goesUp(window));
     EXPECT_TRUE(becomes(window, home)) << told(window) << m_windows->caption(window).toStdString();
 }
 
