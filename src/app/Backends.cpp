@@ -8,7 +8,7 @@ namespace norvane {
 
 Backends::Backends()
     : sound([] { QApplication::beep(); }), engine(dao::makeSqliteEngine()),
-      shellWindows(windows, {{}, {}, qApp->devicePixelRatio()})
+      shellWindows(windows, {.busAddress = {}, .display = {}, .home = {}, .pixelRatio = qApp->devicePixelRatio()})
 {
 }
 
