@@ -5,14 +5,13 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <array>
+#include <csignal>
 #include <poll.h>
-#include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 #include <xcb/xcb.h>
-
-extern char **environ;
 
 namespace {
 
@@ -25,9 +24,14 @@ pid_t start(std::vector<std::string> arguments)
         pointers.push_back(argument.data());
     }
     pointers.push_back(nullptr);
-    pid_t process = -1;
-    return posix_spawnp(&process, pointers[0], nullptr, nullptr, pointers.data(), environ) == 0 ? process
-                                                                                                : -1;
+    const pid_t process = fork();
+    if (process == 0) {
+        // A test that is killed takes its desktop along.
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        execvp(pointers[0], pointers.data());
+        _exit(127);
+    }
+    return process;
 }
 
 void end(pid_t &process)
@@ -114,12 +118,15 @@ bool TestDesktop::waitForWindowManager() const
         xcb_get_property_reply_t *reply = xcb_get_property_reply(connection, cookie, nullptr);
         there = reply && reply->type != XCB_ATOM_NONE;
         free(reply);
-        if (!there) {
+        // A change may have come along with the reply: look again before waiting for more.
+        bool news = false;
+        while (xcb_generic_event_t *event = xcb_poll_for_event(connection)) {
+            free(event);
+            news = true;
+        }
+        if (!there && !news) {
             pollfd waiting = {xcb_get_file_descriptor(connection), POLLIN, 0};
             poll(&waiting, 1, static_cast<int>(deadline.remainingTime()));
-            while (xcb_generic_event_t *event = xcb_poll_for_event(connection)) {
-                free(event);
-            }
         }
     }
     free(atom);
