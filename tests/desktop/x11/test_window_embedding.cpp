@@ -72,6 +72,13 @@ protected:
         EXPECT_TRUE(eventually([&] { return client.isViewable(note.id()) && stands(kPlace); }));
         EXPECT_TRUE(eventually([&] { return windows.isVisible(note.handle()); }));
     }
+    /// Clicks the note and waits until it has the keyboard for the window manager and for the
+    /// toolkit, which asks for it too.
+    void clickNote()
+    {
+        client.click(client.geometry(note.id()).center());
+        EXPECT_TRUE(eventually([&] { return client.activeWindow() == note.id() && note.edit.hasFocus(); }));
+    }
     /// Whether the note is at a place inside its target, as the server has it.
     bool stands(const QRect &place)
     {
@@ -275,9 +282,7 @@ TEST_F(WindowEmbeddingTest, OpensOnTheWorkspaceOfItsTarget)
 TEST_F(WindowEmbeddingTest, TakesTheKeyboardOnAClickAndGivesItBack)
 {
     embed();
-    client.click(client.geometry(note.id()).center());
-    EXPECT_TRUE(eventually([&] { return client.activeWindow() == note.id(); }));
-    EXPECT_TRUE(eventually([&] { return note.edit.hasFocus(); }));
+    clickNote();
     client.pressKey('a');
     client.releaseKey('a');
     EXPECT_TRUE(eventually([&] { return note.edit.text() == u"a"_qs; }));
@@ -287,15 +292,13 @@ TEST_F(WindowEmbeddingTest, TakesTheKeyboardOnAClickAndGivesItBack)
     EXPECT_TRUE(eventually([&] { return client.activeWindow() == target; }));
     EXPECT_TRUE(eventually([&] { return !note.edit.hasFocus(); }));
 
-    client.click(client.geometry(note.id()).center());
-    EXPECT_TRUE(eventually([&] { return client.activeWindow() == note.id(); }));
+    clickNote();
     client.click(client.geometry(target).bottomRight() - QPoint(10, 10));
     EXPECT_TRUE(eventually([&] { return client.activeWindow() == target; }));
 
     // Closing the note gives the keyboard to its target, not to another window.
     open(u"bystander"_qs, QRect(900, 500, 100, 100));
-    client.click(client.geometry(note.id()).center());
-    EXPECT_TRUE(eventually([&] { return client.activeWindow() == note.id(); }));
+    clickNote();
     embedding.setParent(note.handle(), kNoWindow);
     EXPECT_TRUE(eventually([&] { return client.activeWindow() == target; }));
     EXPECT_TRUE(note.isHidden());
