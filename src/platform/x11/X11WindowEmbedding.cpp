@@ -16,8 +16,9 @@ using x11::WindowFacts;
 
 namespace {
 
-/// The window manager answers a request for a place in a few milliseconds. What the window has
-/// after this time is the answer, and only what comes then is the window manager's own doing.
+/// The window manager answers a request for a place, or the map of a window, in a few milliseconds
+/// and several steps. What the window has after this time is the answer, and only what comes then
+/// is the window manager's own doing.
 constexpr int kAcceptanceMs = 300;
 
 xcb_window_t idOf(WindowHandle window)
@@ -35,7 +36,8 @@ struct X11WindowEmbedding::Note
     WindowHandle target = kNoWindow;
     QRect rect;             ///< inside the target, as it was asked for
     QRect placed;           ///< device pixels of the desktop: asked of the window manager, or its own
-    bool awaiting = false;  ///< whether the window manager has not answered yet
+    bool awaiting = false;  ///< whether the window manager may still be answering
+    bool isListed = false;  ///< whether the window was listed when it was last looked at
     bool retried = false;   ///< whether the present place was asked for a second time
     bool hasTarget = false; ///< whether the target was among the listed windows when last looked at
 };
@@ -271,22 +273,19 @@ void X11WindowEmbedding::takeOwnPlacement(Note &note)
 {
     const WindowHandle window = note.own.handle();
     if (!m_windows.isVisible(window)) {
+        note.isListed = false;
         return;
     }
     const QRect rect = m_windows.table().clientRect(idOf(window));
     if (rect.isNull()) {
         return;
     }
-    if (note.awaiting) {
-        if (rect == note.placed) {
-            note.awaiting = false;
-        } else if (!m_acceptance->isActive()) {
-            m_acceptance->start();
-        }
-        clip(note);
-        return;
+    if (!note.isListed) {
+        note.isListed = true;
+        note.awaiting = true;
+        m_acceptance->start();
     }
-    if (rect == note.placed) {
+    if (note.awaiting || rect == note.placed) {
         clip(note);
         return;
     }

@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <memory>
 
@@ -51,6 +52,12 @@ protected:
         for (const xcb_window_t window : std::as_const(m_opened)) {
             client.destroy(window);
         }
+        // Ids are given out again: the window manager must have done with these first.
+        EXPECT_TRUE(eventually([&] {
+            const QVector<quint32> stacking = client.stacking();
+            return std::none_of(m_opened.begin(), m_opened.end(),
+                                [&](xcb_window_t window) { return stacking.contains(window); });
+        }));
     }
 
     xcb_window_t open(const QString &title, const QRect &rect)
