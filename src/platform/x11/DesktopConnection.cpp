@@ -133,16 +133,21 @@ void DesktopConnection::selectEvents(xcb_window_t window, quint32 mask)
 void DesktopConnection::tellWindowManager(xcb_window_t window, AtomName message,
                                           const std::array<quint32, 5> &data)
 {
+    tellWindowManager(m_connection, window, message, data);
+}
+
+void DesktopConnection::tellWindowManager(xcb_connection_t *over, xcb_window_t window, AtomName message,
+                                          const std::array<quint32, 5> &data) const
+{
     xcb_client_message_event_t event = {};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
     event.window = window;
     event.type = atom(message);
     std::copy(data.begin(), data.end(), event.data.data32);
-    xcb_send_event(m_connection, 0, m_root,
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+    xcb_send_event(over, 0, m_root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char *>(&event));
-    flush();
+    xcb_flush(over);
 }
 
 void DesktopConnection::flush()

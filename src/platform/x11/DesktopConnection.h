@@ -55,6 +55,9 @@ enum class AtomName {
     Count
 };
 
+/// Source of a request to the window manager: a program that acts for the user, as a pager does.
+inline constexpr quint32 kUserSource = 2;
+
 struct FreeDeleter
 {
     void operator()(void *memory) const { std::free(memory); }
@@ -116,6 +119,9 @@ public:
     /// Sends a client message of five numbers about @p window to the window manager.
     void tellWindowManager(xcb_window_t window, AtomName message, const std::array<quint32, 5> &data);
     void flush();
+    /// The same over another connection.
+    void tellWindowManager(xcb_connection_t *over, xcb_window_t window, AtomName message,
+                           const std::array<quint32, 5> &data) const;
 
     /// The next event, reading what the socket holds; empty when there is none.
     XcbPointer<xcb_generic_event_t> pollEvent();

@@ -1,10 +1,13 @@
 #include "platform/x11/OwnWindow.h"
 
 #include "platform/x11/DesktopConnection.h"
+#include "platform/x11/screen_scales.h"
 
 #include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
 #include <QtGui/qguiapplication_platform.h>
+#include <xcb/shape.h>
 
 namespace norvane::x11 {
 
@@ -38,7 +41,42 @@ OwnWindow::OwnWindow(WindowHandle handle) : m_handle(handle)
     }
 }
 
-void OwnWindow::setGeometry(const QRect &rect)
+qreal OwnWindow::scale() const
+{
+    return m_window ? m_window->devicePixelRatio() : 1.0;
+}
+
+QRect OwnWindow::setGeometry(const QRect &rect)
+{
+    const QRect logical = toLogical(rect, screenScales());
+    const bool isExact = qFuzzyCompare(scale(), 1.0);
+    if (isExact || !isShown() || logicalGeometry().size() != logical.size()) {
+        setLogicalGeometry(logical);
+    }
+    const QSize size = scaled(logicalGeometry(), scale()).size();
+    xcb_connection_t *connection = toolkitConnection();
+    if (!isExact && connection) {
+        // The toolkit knows whole logical pixels only. A window that follows another one in them
+        // trembles against it.
+        const qint32 place[] = {rect.x(), rect.y()};
+        xcb_configure_window(connection, static_cast<xcb_window_t>(m_handle),
+                             XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, place);
+        xcb_flush(connection);
+    }
+    return QRect(rect.topLeft(), size);
+}
+
+QRect OwnWindow::geometry() const
+{
+    if (!m_window) {
+        return {};
+    }
+    // Screens keep their corner in both kinds of pixels.
+    const QPoint corner = m_window->screen()->geometry().topLeft();
+    return scaled(logicalGeometry().translated(-corner), scale()).translated(corner);
+}
+
+void OwnWindow::setLogicalGeometry(const QRect &rect)
 {
     // A widget that only learns of its window's place by events would put it back when it is shown.
     if (QWidget *widget = QWidget::find(m_handle)) {
@@ -48,7 +86,7 @@ void OwnWindow::setGeometry(const QRect &rect)
     }
 }
 
-QRect OwnWindow::geometry() const
+QRect OwnWindow::logicalGeometry() const
 {
     if (const QWidget *widget = QWidget::find(m_handle)) {
         return widget->geometry();
@@ -105,13 +143,29 @@ void OwnWindow::writeHints(const DesktopConnection &atoms, const EmbeddingHints 
 
 void OwnWindow::clip(const QRect &rect)
 {
-    if (!m_window || m_clip == rect) {
+    xcb_connection_t *connection = toolkitConnection();
+    if (!m_window || !connection || m_clip == rect) {
         return;
     }
     m_clip = rect;
-    m_window->setMask(rect.isNull() ? QRegion() : QRegion(rect));
+    const auto window = static_cast<xcb_window_t>(m_handle);
+    if (rect.isNull()) {
+        xcb_shape_mask(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, window, 0, 0, XCB_NONE);
+    } else {
+        const xcb_rectangle_t shown = {static_cast<int16_t>(rect.x()), static_cast<int16_t>(rect.y()),
+                                       static_cast<uint16_t>(rect.width()),
+                                       static_cast<uint16_t>(rect.height())};
+        xcb_shape_rectangles(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_UNSORTED,
+                             window, 0, 0, 1, &shown);
+    }
+    xcb_flush(connection);
+}
+
+void OwnWindow::passKeyboard(const DesktopConnection &atoms, WindowHandle to)
+{
     if (xcb_connection_t *connection = toolkitConnection()) {
-        xcb_flush(connection);
+        atoms.tellWindowManager(connection, static_cast<xcb_window_t>(to), AtomName::NetActiveWindow,
+                                {kUserSource, XCB_CURRENT_TIME, static_cast<quint32>(m_handle), 0, 0});
     }
 }
 

@@ -33,8 +33,12 @@ public:
     QWindow *window() const { return m_window; }
     WindowHandle handle() const { return m_handle; }
 
-    /// Logical pixels of the desktop. A widget moves as a widget, so that both agree.
-    void setGeometry(const QRect &rect);
+    /// Device pixels in a logical one.
+    qreal scale() const;
+    /// Moves and sizes the window to device pixels of the desktop.
+    /// @return what was asked of the window manager: a window has limits of size
+    QRect setGeometry(const QRect &rect);
+    /// In device pixels, as the toolkit has it.
     QRect geometry() const;
     bool isShown() const;
     void hide();
@@ -46,10 +50,17 @@ public:
     /// @param atoms tells the server's atoms; nothing is sent over it
     void writeHints(const DesktopConnection &atoms, const EmbeddingHints &hints);
 
-    /// Shows only this part of the window, in its own coordinates; a null rectangle shows it whole.
+    /// Shows only this part of the window, in device pixels of its own; a null rectangle shows it
+    /// whole.
     void clip(const QRect &rect);
+    /// Asks the window manager to give the keyboard to another window, after whatever was done to
+    /// this one.
+    void passKeyboard(const DesktopConnection &atoms, WindowHandle to);
 
 private:
+    void setLogicalGeometry(const QRect &rect);
+    QRect logicalGeometry() const;
+
     WindowHandle m_handle;
     QPointer<QWindow> m_window;
     std::shared_ptr<QWindow> m_foreign;

@@ -92,17 +92,20 @@ const WindowFacts *WindowTable::knownFacts(xcb_window_t window) const
     return record == m_records.constEnd() ? nullptr : &record->facts;
 }
 
-QRect WindowTable::deviceRect(xcb_window_t window)
+QRect WindowTable::clientRect(xcb_window_t window)
 {
     if (!facts(window)) {
         return {};
     }
-    Record &record = m_records[window];
-    if (record.following == Following::No) {
-        follow(window, record);
+    if (m_records[window].following == Following::No) {
+        follow(window, m_records[window]);
         update();
     }
-    return m_records.value(window).deviceRect;
+    const auto record = m_records.constFind(window);
+    if (record == m_records.constEnd()) {
+        return {};
+    }
+    return record->rect.marginsRemoved(record->facts.shadowExtents);
 }
 
 void WindowTable::setEmbedded(xcb_window_t window, xcb_window_t target)
@@ -220,6 +223,10 @@ void WindowTable::handleRootProperty(AtomName property)
     case AtomName::NetActiveWindow:
     case AtomName::NetCurrentDesktop:
         m_activeStale = true;
+        // Who had the keyboard must be known when a window of ours goes.
+        if (!m_embedded.isEmpty()) {
+            m_now.start(0);
+        }
         break;
     case AtomName::NetSupported:
         m_supportedStale = true;
@@ -419,7 +426,7 @@ void WindowTable::readRects()
         const auto size = m_connection.reply(request.size, xcb_get_geometry_reply);
         const auto record = m_records.find(request.window);
         if (place && size && record != m_records.end()) {
-            record->deviceRect = QRect(place->dst_x, place->dst_y, size->width, size->height);
+            record->rect = QRect(place->dst_x, place->dst_y, size->width, size->height);
         }
     }
 }

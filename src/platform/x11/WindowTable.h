@@ -45,9 +45,10 @@ public:
     const WindowFacts *knownFacts(xcb_window_t window) const;
     bool isListed(xcb_window_t window) const { return m_listed.contains(window); }
 
-    /// The client area of a window on the desktop, in device pixels, its shadow included; null when
-    /// it is gone. The first question makes the table follow the window, and tell placementChanged().
-    QRect deviceRect(xcb_window_t window);
+    /// The client area of a window on the desktop, in device pixels; null when it is gone. Of a
+    /// window that draws its own frame that is all that a user sees of it, without the shadow. The
+    /// first question makes the table follow the window, and tell placementChanged().
+    QRect clientRect(xcb_window_t window);
 
     /// Names a window of our own that stands inside another; XCB_NONE for the target forgets it.
     void setEmbedded(xcb_window_t window, xcb_window_t target);
@@ -62,7 +63,7 @@ public:
 signals:
     void changed();
     void destroyed(quint32 window);
-    /// Rectangle, state, workspace or listing of a window that deviceRect() was asked for.
+    /// Rectangle, state, workspace or listing of a window that clientRect() was asked for.
     void placementChanged(quint32 window);
 
 private:
@@ -73,7 +74,7 @@ private:
         quint32 stale = kAllFacts;
         bool known = false; ///< whether the facts were read once
         Following following = Following::No;
-        QRect deviceRect;
+        QRect rect;                    ///< of the window itself, with its shadow
         xcb_window_t frame = XCB_NONE; ///< the child of the root that holds the window
     };
 

@@ -11,16 +11,20 @@
 namespace norvane {
 
 using x11::AtomName;
+using x11::kUserSource;
 using x11::WindowFacts;
 
 namespace {
 
-/// The window manager answers a request for a place in a few milliseconds. What the window has
-/// after this time is the answer, and only what comes then is the window manager's own doing.
+/// The window manager answers a request for a place, or the map of a window, in a few milliseconds
+/// and several steps. What the window has after this time is the answer, and only what comes then
+/// is the window manager's own doing.
 constexpr int kAcceptanceMs = 300;
 
-/// Source of a request to the window manager: a program that acts for the user, as a pager does.
-constexpr quint32 kUserSource = 2;
+xcb_window_t idOf(WindowHandle window)
+{
+    return static_cast<xcb_window_t>(window);
+}
 
 } // namespace
 
@@ -31,8 +35,9 @@ struct X11WindowEmbedding::Note
     x11::OwnWindow own;
     WindowHandle target = kNoWindow;
     QRect rect;             ///< inside the target, as it was asked for
-    QRect placed;           ///< on the desktop: asked of the window manager, or taken from it
-    bool awaiting = false;  ///< whether the window manager has not answered yet
+    QRect placed;           ///< device pixels of the desktop: asked of the window manager, or its own
+    bool awaiting = false;  ///< whether the window manager may still be answering
+    bool isListed = false;  ///< whether the window was listed when it was last looked at
     bool retried = false;   ///< whether the present place was asked for a second time
     bool hasTarget = false; ///< whether the target was among the listed windows when last looked at
 };
@@ -72,11 +77,11 @@ void X11WindowEmbedding::setParent(WindowHandle window, WindowHandle target)
         note->own.window()->installEventFilter(this);
         connect(note->own.window(), &QObject::destroyed, this, [this, window] {
             m_notes.remove(window);
-            m_windows.table().setEmbedded(static_cast<xcb_window_t>(window), XCB_NONE);
+            m_windows.table().setEmbedded(idOf(window), XCB_NONE);
         });
     }
     note->target = target;
-    m_windows.table().setEmbedded(static_cast<xcb_window_t>(window), static_cast<xcb_window_t>(target));
+    m_windows.table().setEmbedded(idOf(window), idOf(target));
     if (!m_windows.isWindow(target)) {
         // It went between the look at it and this call: the same as if it went right after.
         QTimer::singleShot(0, this, [this, target] { takeDestroyed(target); });
@@ -85,7 +90,7 @@ void X11WindowEmbedding::setParent(WindowHandle window, WindowHandle target)
     note->hasTarget = m_windows.isVisible(target);
     note->own.setTransientParent(target);
     note->placed = note->own.geometry();
-    note->rect = note->placed.translated(-m_windows.clientRect(target).topLeft());
+    note->rect = insideTarget(*note);
     keepWorkspace(*note);
     clip(*note);
 }
@@ -112,27 +117,37 @@ QRect X11WindowEmbedding::windowRect(WindowHandle window) const
 
 void X11WindowEmbedding::free(WindowHandle window)
 {
-    const std::shared_ptr<Note> note = m_notes.take(window);
-    m_windows.table().setEmbedded(static_cast<xcb_window_t>(window), XCB_NONE);
-    if (!note || !note->own.window()) {
+    const std::shared_ptr<Note> note = m_notes.value(window);
+    if (note && note->own.window()) {
+        m_windows.table().update();
+        note->own.hide();
+    }
+    if (m_notes.remove(window) == 0) {
         return;
     }
-    note->own.window()->removeEventFilter(this);
-    note->own.window()->disconnect(this);
-    note->own.hide();
-    note->own.setTransientParent(kNoWindow);
-    note->own.clip({});
+    m_windows.table().setEmbedded(idOf(window), XCB_NONE);
+    if (note->own.window()) {
+        note->own.window()->removeEventFilter(this);
+        note->own.window()->disconnect(this);
+        note->own.setTransientParent(kNoWindow);
+        note->own.clip({});
+    }
 }
 
 bool X11WindowEmbedding::eventFilter(QObject *watched, QEvent *event)
 {
-    // It comes right before the toolkit maps the window. A window manager forgets states and
+    // Show comes right before the toolkit maps the window. A window manager forgets states and
     // workspace of a window that is taken from the screen.
-    if (event->type() == QEvent::Show) {
+    if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {
         const auto notes = m_notes.values();
         for (const auto &note : notes) {
-            if (note->own.window() == watched) {
+            if (note->own.window() != watched) {
+                continue;
+            }
+            if (event->type() == QEvent::Show) {
                 prepareForMap(*note);
+            } else {
+                handBackKeyboard(*note);
             }
         }
     }
@@ -141,9 +156,19 @@ bool X11WindowEmbedding::eventFilter(QObject *watched, QEvent *event)
 
 void X11WindowEmbedding::prepareForMap(Note &note)
 {
-    const auto target = static_cast<xcb_window_t>(note.target);
+    const auto target = idOf(note.target);
     if (const WindowFacts *facts = m_windows.table().facts(target)) {
         note.own.writeHints(m_windows.table().connection(), {note.target, facts->desktop});
+    }
+}
+
+void X11WindowEmbedding::handBackKeyboard(Note &note)
+{
+    // Left alone, the window manager picks any window. What it has done since the note went is not
+    // looked at: the table still knows who had the keyboard before.
+    x11::WindowTable &table = m_windows.table();
+    if (table.activeWindow() == idOf(note.own.handle()) && table.isListed(idOf(note.target))) {
+        note.own.passKeyboard(table.connection(), note.target);
     }
 }
 
@@ -151,30 +176,42 @@ void X11WindowEmbedding::prepareForMap(Note &note)
 
 void X11WindowEmbedding::arrange(Note &note)
 {
-    const QRect target = m_windows.clientRect(note.target);
-    if (target.isNull()) {
+    if (targetRect(note).isNull()) {
         return;
     }
-    const QRect wanted = note.rect.translated(target.topLeft());
-    if (wanted != note.placed) {
+    if (onDesktop(note) != note.placed) {
         note.retried = false;
-        place(note, wanted);
+        place(note);
     }
     clip(note);
 }
 
-void X11WindowEmbedding::place(Note &note, const QRect &rect)
+void X11WindowEmbedding::place(Note &note)
 {
-    note.own.setGeometry(rect);
-    note.placed = note.own.geometry(); // sizes have limits
+    note.placed = note.own.setGeometry(onDesktop(note));
     note.awaiting = true;
     m_acceptance->start();
+}
+
+QRect X11WindowEmbedding::targetRect(const Note &note) const
+{
+    return m_windows.table().clientRect(idOf(note.target));
+}
+
+QRect X11WindowEmbedding::onDesktop(const Note &note) const
+{
+    return x11::scaled(note.rect, note.own.scale()).translated(targetRect(note).topLeft());
+}
+
+QRect X11WindowEmbedding::insideTarget(const Note &note) const
+{
+    return x11::scaled(note.placed.translated(-targetRect(note).topLeft()), 1.0 / note.own.scale());
 }
 
 void X11WindowEmbedding::clip(Note &note)
 {
     if (targetIsSeen(note)) {
-        note.own.clip(x11::clipInside(note.placed, m_windows.clientRect(note.target)));
+        note.own.clip(x11::clipInside(note.placed, targetRect(note)));
     } else {
         note.own.clip(x11::kNothingSeen);
     }
@@ -193,8 +230,8 @@ bool X11WindowEmbedding::targetIsSeen(const Note &note) const
 void X11WindowEmbedding::keepWorkspace(const Note &note)
 {
     x11::WindowTable &table = m_windows.table();
-    const auto window = static_cast<xcb_window_t>(note.own.handle());
-    const auto target = static_cast<xcb_window_t>(note.target);
+    const auto window = idOf(note.own.handle());
+    const auto target = idOf(note.target);
     table.update();
     const WindowFacts *facts = table.knownFacts(window);
     const WindowFacts *targetFacts = table.knownFacts(target);
@@ -224,6 +261,7 @@ void X11WindowEmbedding::takePlacement(WindowHandle window)
         if (hasTarget && !note->hasTarget) {
             // For the window manager this is a new window: it has to learn again whose it is.
             note->own.setTransientParent(window);
+            m_windows.bringWindowToTop(note->own.handle());
         }
         note->hasTarget = hasTarget;
         arrange(*note);
@@ -235,27 +273,24 @@ void X11WindowEmbedding::takeOwnPlacement(Note &note)
 {
     const WindowHandle window = note.own.handle();
     if (!m_windows.isVisible(window)) {
+        note.isListed = false;
         return;
     }
-    const QRect rect = m_windows.clientRect(window);
+    const QRect rect = m_windows.table().clientRect(idOf(window));
     if (rect.isNull()) {
         return;
     }
-    if (note.awaiting) {
-        if (rect == note.placed) {
-            note.awaiting = false;
-        } else if (!m_acceptance->isActive()) {
-            m_acceptance->start();
-        }
-        clip(note);
-        return;
+    if (!note.isListed) {
+        note.isListed = true;
+        note.awaiting = true;
+        m_acceptance->start();
     }
-    if (rect == note.placed) {
+    if (note.awaiting || rect == note.placed) {
         clip(note);
         return;
     }
     note.placed = rect;
-    note.rect = rect.translated(-m_windows.clientRect(note.target).topLeft());
+    note.rect = insideTarget(note);
     clip(note);
     emit moved(window);
 }
@@ -267,13 +302,13 @@ void X11WindowEmbedding::accept()
         if (!note->awaiting || !m_windows.isVisible(note->own.handle())) {
             continue; // a hidden one has its place when it is shown
         }
-        const QRect rect = m_windows.clientRect(note->own.handle());
+        const QRect rect = m_windows.table().clientRect(idOf(note->own.handle()));
         if (rect.isNull()) {
             continue;
         }
         if (rect != note->placed && !note->retried) {
             note->retried = true;
-            place(*note, note->rect.translated(m_windows.clientRect(note->target).topLeft()));
+            place(*note);
             continue;
         }
         note->awaiting = false;

@@ -43,8 +43,12 @@ private:
     Note *find(WindowHandle window) const;
     void free(WindowHandle window);
     void prepareForMap(Note &note);
+    void handBackKeyboard(Note &note);
     void arrange(Note &note);
-    void place(Note &note, const QRect &rect);
+    void place(Note &note);
+    QRect targetRect(const Note &note) const;
+    QRect onDesktop(const Note &note) const;
+    QRect insideTarget(const Note &note) const;
     void clip(Note &note);
     bool targetIsSeen(const Note &note) const;
     void keepWorkspace(const Note &note);

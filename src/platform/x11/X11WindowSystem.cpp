@@ -1,6 +1,7 @@
 #include "platform/x11/X11WindowSystem.h"
 
 #include "platform/x11/WindowTable.h"
+#include "platform/x11/screen_scales.h"
 #include "platform/x11/window_geometry.h"
 #include "platform/x11/window_text.h"
 
@@ -12,12 +13,11 @@
 namespace norvane {
 
 using x11::AtomName;
+using x11::kUserSource;
 using x11::WindowFacts;
 
 namespace {
 
-/// Source of a request to the window manager: a program that acts for the user, as a pager does.
-constexpr quint32 kUserSource = 2;
 /// The workspace of a window that is on all of them.
 constexpr quint32 kAllWorkspaces = 0xffffffff;
 /// How long the window manager gets to bring a window to the front.
@@ -26,18 +26,6 @@ constexpr int kActivationMs = 100;
 xcb_window_t idOf(WindowHandle window)
 {
     return static_cast<xcb_window_t>(window);
-}
-
-QVector<x11::ScreenScale> screenScales()
-{
-    QVector<x11::ScreenScale> scales;
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    for (const QScreen *screen : screens) {
-        const QRect logical = screen->geometry();
-        const QSize size = (QSizeF(logical.size()) * screen->devicePixelRatio()).toSize();
-        scales.append({QRect(logical.topLeft(), size), screen->devicePixelRatio()});
-    }
-    return scales;
 }
 
 } // namespace
@@ -176,23 +164,18 @@ QString X11WindowSystem::controlText(WindowHandle) const
 
 QRect X11WindowSystem::windowRect(WindowHandle window) const
 {
-    const QRect rect = m_table->deviceRect(idOf(window));
-    const WindowFacts *facts = m_table->facts(idOf(window));
+    const QRect rect = m_table->clientRect(idOf(window));
+    const WindowFacts *facts = m_table->knownFacts(idOf(window));
     if (!facts || rect.isNull()) {
         return {};
     }
-    const QRect outer = rect.marginsRemoved(facts->shadowExtents).marginsAdded(facts->frameExtents);
-    return x11::toLogical(outer, screenScales());
+    return x11::toLogical(rect.marginsAdded(facts->frameExtents), x11::screenScales());
 }
 
 QRect X11WindowSystem::clientRect(WindowHandle window) const
 {
-    const QRect rect = m_table->deviceRect(idOf(window));
-    const WindowFacts *facts = m_table->facts(idOf(window));
-    if (!facts || rect.isNull()) {
-        return {};
-    }
-    return x11::toLogical(rect.marginsRemoved(facts->shadowExtents), screenScales());
+    const QRect rect = m_table->clientRect(idOf(window));
+    return rect.isNull() ? QRect() : x11::toLogical(rect, x11::screenScales());
 }
 
 QRect X11WindowSystem::workArea() const

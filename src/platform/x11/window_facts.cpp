@@ -112,8 +112,8 @@ FactRequest::FactRequest(DesktopConnection &connection, xcb_window_t window, qui
     m_shadow = request(kExtentsFact, AtomName::GtkFrameExtents, 4);
     m_desktop = request(kDesktopFact, AtomName::NetWmDesktop, 1);
     if ((facts & kProcessFact) && connection.hasClientIds()) {
-        const xcb_res_client_id_spec_t spec = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-        m_client = connection.sent(xcb_res_query_client_ids(connection.get(), 1, &spec));
+        const xcb_res_client_id_spec_t question = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+        m_client = connection.sent(xcb_res_query_client_ids(connection.get(), 1, &question));
     }
 }
 

@@ -37,6 +37,11 @@ QRect toLogical(const QRect &rect, const QVector<ScreenScale> &screens)
     return QRect(origin + corner.toPoint(), (QSizeF(rect.size()) / screen.scale).toSize());
 }
 
+QRect scaled(const QRect &rect, qreal factor)
+{
+    return QRect((QPointF(rect.topLeft()) * factor).toPoint(), (QSizeF(rect.size()) * factor).toSize());
+}
+
 QMargins extentsOf(const QVector<quint32> &numbers)
 {
     if (numbers.size() != 4 ||

@@ -19,6 +19,9 @@ struct ScreenScale
 /// that it touches, else the first). No screens: unchanged.
 QRect toLogical(const QRect &rect, const QVector<ScreenScale> &screens);
 
+/// A rectangle whose corner and size are multiplied by a factor, each rounded.
+QRect scaled(const QRect &rect, qreal factor);
+
 /// The four numbers of an extents property: left, right, top, bottom. Wrong or absurd ones are none.
 QMargins extentsOf(const QVector<quint32> &numbers);
 

@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QSignalSpy>
+#include <algorithm>
 #include <csignal>
 #include <gmock/gmock.h>
 
@@ -25,6 +26,12 @@ protected:
         for (const xcb_window_t window : std::as_const(m_opened)) {
             client.destroy(window);
         }
+        // Ids are given out again: the window manager must have done with these first.
+        EXPECT_TRUE(eventually([&] {
+            const QVector<quint32> stacking = client.stacking();
+            return std::none_of(m_opened.begin(), m_opened.end(),
+                                [&](xcb_window_t window) { return stacking.contains(window); });
+        }));
     }
 
     xcb_window_t open(const TestClient::Looks &looks)
