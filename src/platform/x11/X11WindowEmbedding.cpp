@@ -179,7 +179,9 @@ void X11WindowEmbedding::arrange(Note &note)
     if (targetRect(note).isNull()) {
         return;
     }
-    if (onDesktop(note) != note.placed) {
+    // A minimised window that is given a place comes back to the screen, and takes its target along.
+    const bool minimized = m_windows.isMinimized(note.target) || m_windows.isMinimized(note.own.handle());
+    if (!minimized && onDesktop(note) != note.placed) {
         note.retried = false;
         place(note);
     }
