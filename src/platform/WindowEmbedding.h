@@ -27,7 +27,7 @@ public:
     virtual WindowHandle parentOf(WindowHandle window) const = 0;
     /// Moves and sizes the window inside its target.
     virtual void moveWindow(WindowHandle window, const QRect &rect) = 0;
-    /// Where the window is inside its target; the last rectangle given to moveWindow().
+    /// Where the window is inside its target; empty when it is in none.
     virtual QRect windowRect(WindowHandle window) const = 0;
 
 signals:

@@ -104,8 +104,10 @@ frmSticky::frmSticky(const StickyServices &services)
             targetDestroyed();
     });
     connect(&m_services.embedding, &WindowEmbedding::moved, this, [this](WindowHandle window) {
-        if (window == m_handle)
-            geometryEdited();
+        if (window != m_handle)
+            return;
+        m_place = m_services.embedding.windowRect(window);
+        geometryEdited();
     });
 }
 
@@ -157,25 +159,33 @@ void frmSticky::setAutoURLDetect(bool on)
 
 void frmSticky::moveTwips(const QRectF &rect)
 {
+    // What no hand could take hold of is shown larger; the row keeps what it has.
+    QRect pixels = m_services.twips.toPixels(rect);
+    pixels.setSize(pixels.size().expandedTo(kNoteLeast));
     m_loadedTwips = rect;
-    m_loadedPixels = m_services.twips.toPixels(rect);
-    m_services.embedding.moveWindow(m_handle, m_loadedPixels);
+    m_loadedPixels = pixels;
+    moveTo(pixels);
 }
 
 QRectF frmSticky::rectTwips() const
 {
-    const QRect now = m_services.embedding.windowRect(m_handle);
-    return now == m_loadedPixels ? m_loadedTwips : m_services.twips.fromPixels(now);
+    return m_place == m_loadedPixels ? m_loadedTwips : m_services.twips.fromPixels(m_place);
 }
 
 void frmSticky::movePixels(const QPoint &position)
 {
-    m_services.embedding.moveWindow(m_handle, QRect(position, sizePixels()));
+    moveTo(QRect(position, m_place.size()));
 }
 
 QSize frmSticky::sizePixels() const
 {
-    return m_services.embedding.windowRect(m_handle).size();
+    return m_place.size();
+}
+
+void frmSticky::moveTo(const QRect &place)
+{
+    m_place = place;
+    m_services.embedding.moveWindow(m_handle, place);
 }
 
 void frmSticky::setCaption(const QString &caption)
@@ -285,7 +295,7 @@ void frmSticky::mousePressEvent(QMouseEvent *event)
     if (m_grip == NoteGrip::None)
         m_grip = NoteGrip::Move;
     m_dragStart = event->globalPosition().toPoint();
-    m_dragRect = m_services.embedding.windowRect(m_handle);
+    m_dragRect = m_place;
     geometryEdited();
 }
 
@@ -296,7 +306,7 @@ void frmSticky::mouseMoveEvent(QMouseEvent *event)
         return;
     }
     const QPoint delta = event->globalPosition().toPoint() - m_dragStart;
-    m_services.embedding.moveWindow(m_handle, draggedNote(m_dragRect, m_grip, delta));
+    moveTo(draggedNote(m_dragRect, m_grip, delta));
 }
 
 void frmSticky::mouseReleaseEvent(QMouseEvent *event)

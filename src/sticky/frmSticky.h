@@ -74,6 +74,7 @@ private:
     void makeActions();
     /// Row and body file; raises what store and file system raise.
     void writeNote();
+    void moveTo(const QRect &place);
     void textChanged();
     /// A move or resize by hand begins: geometry counts as an edit.
     void geometryEdited();
@@ -87,6 +88,7 @@ private:
     QAction *m_save = nullptr;  ///< `mnuFile_Save`
     QAction *m_close = nullptr; ///< `mnuFile_Close`
     NotePaper m_paper;
+    QRect m_place; ///< in the target, pixels; still there when the target is gone
     QRectF m_loadedTwips;
     QRect m_loadedPixels; ///< where m_loadedTwips stands on the screen
     quint64 m_changes = 0;

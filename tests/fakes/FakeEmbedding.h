@@ -16,7 +16,13 @@ public:
         QRect rect;
     };
 
-    void setParent(WindowHandle window, WindowHandle target) override { m_places[window].target = target; }
+    void setParent(WindowHandle window, WindowHandle target) override
+    {
+        if (target == kNoWindow)
+            m_places.remove(window);
+        else
+            m_places[window].target = target;
+    }
     WindowHandle parentOf(WindowHandle window) const override { return m_places.value(window).target; }
     void moveWindow(WindowHandle window, const QRect &rect) override { m_places[window].rect = rect; }
     QRect windowRect(WindowHandle window) const override { return m_places.value(window).rect; }
@@ -28,7 +34,7 @@ public:
         for (const WindowHandle window : windows) {
             if (m_places[window].target != target)
                 continue;
-            m_places[window].target = kNoWindow;
+            m_places.remove(window);
             Q_EMIT targetDestroyed(window);
         }
     }
