@@ -8,7 +8,8 @@ namespace norvane {
 
 Backends::Backends()
     : sound([] { QApplication::beep(); }), engine(dao::makeSqliteEngine()),
-      shellWindows(windows, {.busAddress = {}, .display = {}, .home = {}, .pixelRatio = qApp->devicePixelRatio()})
+      shellWindows(windows,
+                   {.busAddress = {}, .display = {}, .home = {}, .pixelRatio = qApp->devicePixelRatio()})
 {
 }
 

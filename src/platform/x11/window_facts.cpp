@@ -204,7 +204,9 @@ void FactRequest::readProcess(DesktopConnection &connection, WindowFacts &facts)
     }
     for (auto ids = xcb_res_query_client_ids_ids_iterator(answer.get()); ids.rem > 0;
          xcb_res_client_id_value_next(&ids)) {
-        if ((ids.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) &&
+        // What the value is an answer to stands at its beginning.
+        const auto *id = reinterpret_cast<const xcb_res_client_id_spec_t *>(ids.data);
+        if ((id->mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) &&
             xcb_res_client_id_value_value_length(ids.data) > 0) {
             facts.processId = *xcb_res_client_id_value_value(ids.data);
         }

@@ -163,6 +163,8 @@ bool MainJob::attachAndType()
     if (!attached || !step(QStringLiteral("the keyboard stays with the program"),
                            [this] { return m_x.activeWindow() == m_window; }))
         return false;
+    if (!dragNote())
+        return false;
     m_x.click(m_x.geometry(note()).center());
     if (!step(QStringLiteral("a click gives the note the keyboard"),
               [this] { return m_x.activeWindow() == note(); }))
@@ -180,6 +182,20 @@ bool MainJob::attachAndType()
     m_place = noteInTarget();
     m_look = settledPicture();
     return true;
+}
+
+/// By its title strip, in steps as a hand makes them.
+bool MainJob::dragNote()
+{
+    const QPoint strip = m_x.geometry(note()).topLeft() + QPoint(160, 14);
+    const QPoint way(590, 60);
+    m_x.moveMouse(strip);
+    m_x.button(1, true);
+    for (int part = 1; part <= 10; ++part)
+        m_x.moveMouse(strip + way * part / 10);
+    m_x.button(1, false);
+    return step(QStringLiteral("the note is dragged by its strip"),
+                [&] { return noteInTarget().topLeft() == way; });
 }
 
 bool MainJob::leaveAndReturn()

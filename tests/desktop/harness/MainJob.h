@@ -45,6 +45,7 @@ private:
     bool step(const QString &name, const std::function<bool()> &seen, int timeoutMs = 20000);
     bool openTarget();
     bool attachAndType();
+    bool dragNote();
     bool leaveAndReturn();
     bool openSecondWindow();
     bool moveAndMinimise();

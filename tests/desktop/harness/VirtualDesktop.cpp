@@ -47,6 +47,7 @@ bool VirtualDesktop::start(const Options &options)
     m_x = std::make_unique<XClient>(m_display);
     if (!waitFor([this] { return m_x->hasWindowManager(); }, 10000))
         return fail(QStringLiteral("the window manager did not start"));
+    m_x->paintRoot(0x4f6d7a);
     if (options.tray &&
         run(QStringLiteral("trayer"),
             {QStringLiteral("--edge"), QStringLiteral("bottom"), QStringLiteral("--align"),

@@ -327,6 +327,14 @@ void XClient::click(const QPoint &position, int number)
     button(number, false);
 }
 
+void XClient::paintRoot(quint32 rgb)
+{
+    const uint32_t values[] = {rgb};
+    xcb_change_window_attributes(m_x->c, m_x->root, XCB_CW_BACK_PIXEL, values);
+    xcb_clear_area(m_x->c, 0, m_x->root, 0, 0, 0, 0);
+    xcb_flush(m_x->c);
+}
+
 QImage XClient::screenshot() const
 {
     const QRect screen = m_x->screen;

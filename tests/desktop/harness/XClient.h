@@ -63,6 +63,8 @@ public:
     void button(int number, bool down);
     void click(const QPoint &position, int number = 1);
 
+    /// Gives the root window a colour, as a desktop has.
+    void paintRoot(quint32 rgb);
     QImage screenshot() const;
 
 private:
