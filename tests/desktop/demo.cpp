@@ -19,13 +19,9 @@ int main(int argc, char **argv)
         return 2;
     }
     PageServer pages;
-    const QString first = pages.addPage(QStringLiteral("/reading"), QStringLiteral("Reading list"),
-                                        QStringLiteral("Books for the autumn, and what to look up in them."));
-    const QString second = pages.addPage(QStringLiteral("/garden"), QStringLiteral("Garden plan"),
-                                         QStringLiteral("Beds, seeds and dates."));
     std::vector<std::unique_ptr<Target>> targets;
-    targets.push_back(firefoxTarget(first, second));
-    targets.push_back(chromiumTarget(first, second));
+    targets.push_back(firefoxTarget(pages));
+    targets.push_back(chromiumTarget(pages));
     targets.push_back(folderTarget(QStringLiteral("pcmanfm")));
     targets.push_back(folderTarget(QStringLiteral("thunar")));
     targets.push_back(mousepadTarget());

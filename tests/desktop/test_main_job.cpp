@@ -18,24 +18,16 @@ void doMainJobWith(Target &target)
     EXPECT_TRUE(job.run()) << qPrintable(job.report());
 }
 
-class MainJobInBrowser : public testing::Test
+TEST(MainJobInBrowser, Firefox)
 {
-protected:
     PageServer pages;
-    QString first = pages.addPage(QStringLiteral("/reading"), QStringLiteral("Reading list"),
-                                  QStringLiteral("Books for the autumn."));
-    QString second = pages.addPage(QStringLiteral("/garden"), QStringLiteral("Garden plan"),
-                                   QStringLiteral("Beds, seeds and dates."));
-};
-
-TEST_F(MainJobInBrowser, Firefox)
-{
-    doMainJobWith(*firefoxTarget(first, second));
+    doMainJobWith(*firefoxTarget(pages));
 }
 
-TEST_F(MainJobInBrowser, Chromium)
+TEST(MainJobInBrowser, Chromium)
 {
-    doMainJobWith(*chromiumTarget(first, second));
+    PageServer pages;
+    doMainJobWith(*chromiumTarget(pages));
 }
 
 TEST(MainJobInFolder, Pcmanfm)

@@ -1,6 +1,7 @@
 #include "platform/linux/ExitGuard.h"
 
 #include <cstdlib>
+#include <memory>
 #include <utility>
 
 namespace norvane {
@@ -18,7 +19,12 @@ struct ExitGuard::State
 
 ExitGuard::ExitGuard(std::function<void()> action) : m_state(new State{std::move(action)})
 {
-    on_exit([](int, void *state) { static_cast<State *>(state)->run(); }, m_state);
+    on_exit(
+        [](int, void *state) {
+            const std::unique_ptr<State> last(static_cast<State *>(state));
+            last->run();
+        },
+        m_state);
 }
 
 ExitGuard::~ExitGuard()

@@ -18,7 +18,7 @@ public:
 
 private:
     struct State;
-    State *m_state; ///< left to the process: exit() may want it after the guard is gone
+    State *m_state; ///< the process's: exit() wants it after the guard is gone
 };
 
 } // namespace norvane

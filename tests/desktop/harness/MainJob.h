@@ -4,6 +4,8 @@
 
 namespace norvane::test {
 
+class PageServer;
+
 /// A program whose windows carry notes: how to start it and to make it show one thing or another.
 class Target
 {
@@ -22,8 +24,9 @@ public:
     virtual bool noteFollowsThing() const { return true; }
 };
 
-std::unique_ptr<Target> firefoxTarget(const QString &first, const QString &second);
-std::unique_ptr<Target> chromiumTarget(const QString &first, const QString &second);
+/// @param pages serves the browser's two pages; must outlive the target
+std::unique_ptr<Target> firefoxTarget(PageServer &pages);
+std::unique_ptr<Target> chromiumTarget(PageServer &pages);
 /// @param program "pcmanfm" or "thunar"; the folders are made below the home folder
 std::unique_ptr<Target> folderTarget(const QString &program);
 std::unique_ptr<Target> mousepadTarget();
@@ -43,6 +46,8 @@ public:
 
 private:
     bool step(const QString &name, const std::function<bool()> &seen, int timeoutMs = 20000);
+    /// Shows a thing, again if the program has not taken the keys, until it is seen.
+    bool go(int thing, const QString &name, const std::function<bool()> &seen);
     bool openTarget();
     bool attachAndType();
     bool dragNote();
