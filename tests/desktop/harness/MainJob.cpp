@@ -206,6 +206,7 @@ bool MainJob::attachAndType()
 /// By its title strip, in steps as a hand makes them.
 bool MainJob::dragNote()
 {
+    const QPoint before = noteInTarget().topLeft();
     const QPoint strip = m_x.geometry(note()).topLeft() + QPoint(160, 14);
     const QPoint way(590, 60);
     m_x.moveMouse(strip);
@@ -214,7 +215,7 @@ bool MainJob::dragNote()
         m_x.moveMouse(strip + way * part / 10);
     m_x.button(1, false);
     return step(QStringLiteral("the note is dragged by its strip"),
-                [&] { return noteInTarget().topLeft() == way; });
+                [&] { return noteInTarget().topLeft() == before + way; });
 }
 
 bool MainJob::leaveAndReturn()
