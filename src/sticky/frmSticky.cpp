@@ -91,7 +91,7 @@ frmSticky::frmSticky(const StickyServices &services)
     // The pin opens the note's menu; it is there with the menus.
     m_strip->pin()->setEnabled(false);
     makeActions();
-    setTextBackColor(kDefaultPaper);
+    frmSticky::setTextBackColor(kDefaultPaper);
 
     connect(m_text, &NV_RTFEdit::Change, this, &frmSticky::textChanged);
     connect(m_text, &NV_RTFEdit::SaveMe, this, &frmSticky::SaveNote);

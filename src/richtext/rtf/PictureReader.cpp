@@ -8,14 +8,14 @@
 namespace norvane::rtf {
 namespace {
 
-constexpr std::array<qint8, 256> kHexValues = [] {
-    std::array<qint8, 256> values{};
+constexpr std::array<int, 256> kHexValues = [] {
+    std::array<int, 256> values{};
     values.fill(-1);
-    for (int i = 0; i < 10; ++i)
-        values[size_t('0' + i)] = qint8(i);
-    for (int i = 0; i < 6; ++i) {
-        values[size_t('a' + i)] = qint8(10 + i);
-        values[size_t('A' + i)] = qint8(10 + i);
+    for (std::size_t i = 0; i < 10; ++i)
+        values[std::size_t{'0'} + i] = static_cast<int>(i);
+    for (std::size_t i = 0; i < 6; ++i) {
+        values[std::size_t{'a'} + i] = static_cast<int>(10 + i);
+        values[std::size_t{'A'} + i] = static_cast<int>(10 + i);
     }
     return values;
 }();
