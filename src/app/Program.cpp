@@ -12,6 +12,7 @@
 #include "watcher/open_location.h"
 
 #include <QGuiApplication>
+#include <QScopedValueRollback>
 #include <QScreen>
 
 namespace norvane {
@@ -137,7 +138,10 @@ int Program::run(const QStringList &arguments)
 
     m_watching = std::make_unique<Watching>(*this);
     // The display may go, or the session end, without time for the windows.
-    const ExitGuard guard([this] { m_shutDown.saveAndClose(); });
+    const ExitGuard guard([this] {
+        m_shutDown.saveAndClose();
+        m_backends.settings.flush();
+    });
     EndSignals endSignals;
     connect(&endSignals, &EndSignals::endAsked, this, &Program::end);
     connect(
@@ -194,8 +198,10 @@ void Program::registerHotKeys()
 void Program::hotKeyPressed(int id)
 {
     const auto action = hotKeyAction(id);
-    if (!action || m_shutDown.begun())
+    if (!action || m_shutDown.begun() || m_inHotKey)
         return;
+    // A question that a key has opened takes events, further presses among them.
+    const QScopedValueRollback<bool> inHotKey(m_inHotKey, true);
     switch (*action) {
     case HotKeyAction::ToggleBrowser:
         m_windows.ToggleBrowser();

@@ -68,6 +68,7 @@ private:
     FirstStartNotice m_firstStart;
     AccessibilityOffer m_accessibility;
     std::unique_ptr<Watching> m_watching;
+    bool m_inHotKey = false;
 };
 
 } // namespace norvane
