@@ -49,42 +49,31 @@ Program::Watching::Watching(Program &program)
                 .rescue = program.m_rescue,
                 .twips = program.m_twips,
                 .clickSound = program.m_state.DefaultSoundFile}),
-      cycle({.store = program.m_state.store,
-             .settings = program.m_state.watch,
-             .windows = program.m_backends.windows,
-             .shellWindows = program.m_backends.shellWindows,
-             .location = program.m_location,
-             .tasks = *program.m_state.TaskList,
-             .LiveWindows = program.m_state.LiveWindows,
-             .Clips = program.m_state.Clips,
-             .forms = program.m_state.forms,
-             .timer = program.m_backends.timer,
-             .events = program.m_backends.events,
-             .shell = program.m_backends.shell,
-             .clock = program.m_backends.clock,
-             .sound = program.m_backends.sound,
-             .stickies = stickies}),
-      attach({.store = program.m_state.store,
-              .settings = program.m_state.watch,
-              .windows = program.m_backends.windows,
-              .shellWindows = program.m_backends.shellWindows,
-              .location = program.m_location,
-              .tasks = *program.m_state.TaskList,
-              .LiveWindows = program.m_state.LiveWindows,
-              .Clips = program.m_state.Clips,
-              .forms = program.m_state.forms,
-              .timer = program.m_backends.timer,
-              .events = program.m_backends.events,
-              .shell = program.m_backends.shell,
-              .clock = program.m_backends.clock,
-              .sound = program.m_backends.sound,
-              .stickies = stickies},
-             cycle, program.m_views),
+      cycle(program.watchParts(stickies)), attach(program.watchParts(stickies), cycle, program.m_views),
       noteKeys(program.m_state.store, program.m_backends.windows, program.m_location, program.m_state.forms,
                attach, program.m_views, program.m_backends.prompts)
 {
     attach.setGrid(&program.m_views);
     noteKeys.setGrid(&program.m_views);
+}
+
+WatchParts Program::watchParts(StickyFactory &stickies)
+{
+    return {.store = m_state.store,
+            .settings = m_state.watch,
+            .windows = m_backends.windows,
+            .shellWindows = m_backends.shellWindows,
+            .location = m_location,
+            .tasks = *m_state.TaskList,
+            .LiveWindows = m_state.LiveWindows,
+            .Clips = m_state.Clips,
+            .forms = m_state.forms,
+            .timer = m_backends.timer,
+            .events = m_backends.events,
+            .shell = m_backends.shell,
+            .clock = m_backends.clock,
+            .sound = m_backends.sound,
+            .stickies = stickies};
 }
 
 Program::Program()

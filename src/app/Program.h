@@ -46,6 +46,8 @@ private:
         NoteHotKeys noteKeys;
     };
 
+    /// What watching works with; start-up must be over.
+    WatchParts watchParts(StickyFactory &stickies);
     void connectWindows();
     void fillTray();
     void registerHotKeys();
