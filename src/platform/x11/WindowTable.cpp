@@ -38,7 +38,10 @@ WindowTable::WindowTable()
         return;
     }
     m_notifier = std::make_unique<QSocketNotifier>(m_connection.fileDescriptor(), QSocketNotifier::Read);
-    connect(m_notifier.get(), &QSocketNotifier::activated, this, &WindowTable::takeIn);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
+        m_connection.expectInput();
+        takeIn();
+    });
     m_connection.selectEvents(m_connection.root(), kRootEvents);
     update();
     m_toldCount = m_changeCount;
