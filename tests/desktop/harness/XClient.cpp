@@ -293,6 +293,11 @@ void XClient::press(const QString &combination)
         m_x->fake(XCB_KEY_RELEASE, m_x->keyOf(namedKey(*name)).first);
 }
 
+void XClient::key(const QString &name, bool down)
+{
+    m_x->fake(down ? XCB_KEY_PRESS : XCB_KEY_RELEASE, m_x->keyOf(namedKey(name)).first);
+}
+
 void XClient::type(const QString &text)
 {
     const xcb_keycode_t shift = m_x->keyOf(kShift).first;

@@ -57,6 +57,8 @@ public:
 
     /// Presses a combination ("ctrl+alt+a", "Return", "alt+Left") and lets it go.
     void press(const QString &combination);
+    /// Presses a key of those names and holds it, or lets it go.
+    void key(const QString &name, bool down);
     /// Types text of the keyboard's own characters.
     void type(const QString &text);
     void moveMouse(const QPoint &position);
