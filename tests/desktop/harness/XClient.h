@@ -54,6 +54,11 @@ public:
     void setMaximised(xcb_window_t window, bool on);
     void moveToDesktop(xcb_window_t window, int desktop);
     void goToDesktop(int desktop);
+    /// The workspace that is shown, from 0.
+    int currentDesktop() const;
+
+    /// Whether another program has grabbed a combination of modifiers and one key for the whole desktop.
+    bool isTaken(const QString &combination) const;
 
     /// Presses a combination ("ctrl+alt+a", "Return", "alt+Left") and lets it go.
     void press(const QString &combination);
