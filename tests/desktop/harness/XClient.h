@@ -43,6 +43,8 @@ public:
     qint64 processId(xcb_window_t window) const;
     xcb_window_t transientFor(xcb_window_t window) const;
     QRect geometry(xcb_window_t window) const;
+    /// The same without the shadow that a program draws around its own window.
+    QRect geometryInShadow(xcb_window_t window) const;
     bool isViewable(xcb_window_t window) const;
     bool exists(xcb_window_t window) const;
     int desktopOf(xcb_window_t window) const;
