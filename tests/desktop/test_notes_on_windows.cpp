@@ -31,9 +31,10 @@ protected:
     {
         if (HasFailure())
             std::fputs(qPrintable(whatIsThere()), stderr);
-        if (!m_norvane.isRunning())
+        if (m_norvane.process() == nullptr)
             return;
-        EXPECT_TRUE(m_norvane.end()) << qPrintable(m_norvane.errorOutput());
+        EXPECT_TRUE(m_norvane.isRunning() ? m_norvane.end() : m_norvane.hasEndedWell())
+            << qPrintable(m_norvane.errorOutput());
     }
 
     XClient &x() { return m_desktop.x(); }
@@ -61,8 +62,9 @@ protected:
 
     xcb_window_t openFolder(const QString &name, const QRect &rect)
     {
-        QDir().mkpath(folder(name));
-        m_desktop.run(QStringLiteral("thunar"), {folder(name)});
+        const QString path = m_desktop.home() + QLatin1Char('/') + name;
+        QDir().mkpath(path);
+        m_desktop.run(QStringLiteral("thunar"), {path});
         return window(name, QStringLiteral("thunar"), rect);
     }
 
@@ -72,12 +74,9 @@ protected:
         if (!file.open(QIODevice::WriteOnly) || file.write("A text file.\n") < 0)
             return 0;
         file.close();
-        m_editor =
-            m_desktop.run(QStringLiteral("mousepad"), {QStringLiteral("--disable-server"), file.fileName()});
+        m_desktop.run(QStringLiteral("mousepad"), {QStringLiteral("--disable-server"), file.fileName()});
         return window(QStringLiteral("draft.txt"), QStringLiteral("mousepad"), rect);
     }
-
-    QString folder(const QString &name) const { return m_desktop.home() + QLatin1Char('/') + name; }
 
     /// A new note on a window, with a text that is saved.
     xcb_window_t writeNote(xcb_window_t target, const QString &text)
@@ -137,7 +136,6 @@ protected:
     VirtualDesktop m_desktop;
     RunningNorvane m_norvane{m_desktop, QStringLiteral(NORVANE_PROGRAM)};
     std::unique_ptr<WindowLog> m_log;
-    QProcess *m_editor = nullptr;
 };
 
 TEST_F(NotesOnWindows, TwoProgramsEachHaveTheirOwn)
@@ -289,11 +287,11 @@ protected:
     /// Presses a key in a page, again if the browser has lost it, until something is seen.
     bool pressUntil(xcb_window_t window, const QString &key, const std::function<bool()> &seen)
     {
-        for (int attempt = 0; attempt < 5; ++attempt) {
+        for (int attempt = 0; attempt < 10; ++attempt) {
             if (!m_norvane.bringToFront(window))
                 return false;
             x().press(key);
-            if (waitFor(seen, 8000))
+            if (waitFor(seen, 3000))
                 return true;
         }
         return false;
@@ -304,10 +302,11 @@ protected:
     {
         const xcb_window_t old = m_norvane.noteOn(window);
         ASSERT_NE(old, 0u);
+        ASSERT_TRUE(pressUntil(window, key, [&] { return x().title(window).contains(title); }));
         xcb_window_t note = 0;
-        ASSERT_TRUE(pressUntil(window, key, [&] {
+        ASSERT_TRUE(waitFor([&] {
             note = m_norvane.noteOn(window);
-            return x().title(window).contains(title) && note != 0 && note != old;
+            return note != 0 && note != old;
         }));
         EXPECT_TRUE(stays(note, window));
 
