@@ -129,12 +129,18 @@ QString WindowLog::text(xcb_window_t window)
 {
     takeIn();
     QSet<xcb_window_t> windows{window};
-    for (const Entry &entry : m_entries) {
-        if (entry.what == Entry::What::Framed && entry.window == window)
+    int made = 0;
+    for (int number = 0; number < static_cast<int>(m_entries.size()); ++number) {
+        const Entry &entry = m_entries[static_cast<std::size_t>(number)];
+        if (entry.window != window)
+            continue;
+        if (entry.what == Entry::What::Made)
+            made = number;
+        if (entry.what == Entry::What::Framed)
             windows.insert(entry.frame);
     }
     QString lines;
-    for (int number = 0; number < static_cast<int>(m_entries.size()); ++number) {
+    for (int number = made; number < static_cast<int>(m_entries.size()); ++number) {
         const Entry &entry = m_entries[static_cast<std::size_t>(number)];
         if (!windows.contains(entry.window))
             continue;
