@@ -224,6 +224,13 @@ QRect XClient::geometry(xcb_window_t window) const
     return g && p ? QRect(p->dst_x, p->dst_y, g->width, g->height) : QRect();
 }
 
+QRect XClient::geometryInShadow(xcb_window_t window) const
+{
+    const QVector<uint32_t> extents = m_x->numbers(window, "_GTK_FRAME_EXTENTS");
+    const auto extent = [&](int side) { return static_cast<int>(extents.value(side)); };
+    return geometry(window).marginsRemoved({extent(0), extent(2), extent(1), extent(3)});
+}
+
 bool XClient::isViewable(xcb_window_t window) const
 {
     const Owned<xcb_get_window_attributes_reply_t> reply(
@@ -281,6 +288,31 @@ void XClient::moveToDesktop(xcb_window_t window, int desktop)
 void XClient::goToDesktop(int desktop)
 {
     m_x->tellRoot(m_x->root, "_NET_CURRENT_DESKTOP", {static_cast<uint32_t>(desktop), 0});
+}
+
+int XClient::currentDesktop() const
+{
+    return static_cast<int>(m_x->numbers(m_x->root, "_NET_CURRENT_DESKTOP").value(0));
+}
+
+bool XClient::isTaken(const QString &combination) const
+{
+    static const QHash<QString, uint16_t> masks{{QStringLiteral("ctrl"), XCB_MOD_MASK_CONTROL},
+                                                {QStringLiteral("alt"), XCB_MOD_MASK_1},
+                                                {QStringLiteral("shift"), XCB_MOD_MASK_SHIFT}};
+    QStringList names = combination.split(QLatin1Char('+'));
+    const xcb_keycode_t code = m_x->keyOf(namedKey(names.takeLast())).first;
+    uint16_t modifiers = 0;
+    for (const QString &name : std::as_const(names))
+        modifiers = static_cast<uint16_t>(modifiers | masks.value(name));
+    // With the server to itself, so that nobody else finds the key taken in the meantime.
+    xcb_grab_server(m_x->c);
+    const auto grab =
+        xcb_grab_key_checked(m_x->c, 0, m_x->root, modifiers, code, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    xcb_ungrab_key(m_x->c, code, m_x->root, modifiers);
+    xcb_ungrab_server(m_x->c);
+    const Owned<xcb_generic_error_t> error(xcb_request_check(m_x->c, grab));
+    return error != nullptr;
 }
 
 void XClient::press(const QString &combination)

@@ -43,6 +43,8 @@ public:
     qint64 processId(xcb_window_t window) const;
     xcb_window_t transientFor(xcb_window_t window) const;
     QRect geometry(xcb_window_t window) const;
+    /// The same without the shadow that a program draws around its own window.
+    QRect geometryInShadow(xcb_window_t window) const;
     bool isViewable(xcb_window_t window) const;
     bool exists(xcb_window_t window) const;
     int desktopOf(xcb_window_t window) const;
@@ -54,6 +56,11 @@ public:
     void setMaximised(xcb_window_t window, bool on);
     void moveToDesktop(xcb_window_t window, int desktop);
     void goToDesktop(int desktop);
+    /// The workspace that is shown, from 0.
+    int currentDesktop() const;
+
+    /// Whether another program has grabbed a combination of modifiers and one key for the whole desktop.
+    bool isTaken(const QString &combination) const;
 
     /// Presses a combination ("ctrl+alt+a", "Return", "alt+Left") and lets it go.
     void press(const QString &combination);
