@@ -5,6 +5,7 @@
 
 #include "harness/PageServer.h"
 #include "harness/Programs.h"
+#include "harness/RunningNorvane.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -78,15 +79,14 @@ class Figures
 {
 public:
     Figures(VirtualDesktop &desktop, QString program)
-        : m_desktop(desktop), m_x(desktop.x()), m_program(std::move(program))
+        : m_desktop(desktop), m_x(desktop.x()), m_norvane(desktop, std::move(program))
     {
     }
 
     bool run()
     {
-        return makeNotes() && start("CPU from start to an armed watcher") && m_desktop.end(m_norvane) &&
-               openWindows() && start("CPU from start, 20 windows looked at") && idle() &&
-               attachAndDetach() && turnPages() && m_desktop.end(m_norvane);
+        return makeNotes() && startAlone() && openWindows() && startAmongWindows() && idle() &&
+               attachAndDetach() && turnPages() && m_norvane.end();
     }
 
 private:
@@ -96,27 +96,19 @@ private:
         return false;
     }
 
-    bool startNorvane()
-    {
-        m_norvane = m_desktop.run(m_program);
-        return m_norvane != nullptr;
-    }
-
     /// The program makes its database itself; the sqlite3 shell fills it.
     bool makeNotes()
     {
-        const QString database = m_desktop.home() + QStringLiteral("/.local/share/norvane/Notes/Norvane.DAT");
-        if (!startNorvane() || !waitFor([&] { return QFile::exists(database); }))
-            return false;
-        pass(2000);
-        m_desktop.end(m_norvane);
+        if (!m_norvane.start() || !waitFor([&] { return m_norvane.isArmed(); }) || !m_norvane.end())
+            return failed("Norvane did not start");
         QProcess *filling = m_desktop.run(
             QStringLiteral("sqlite3"),
-            {database, QStringLiteral("with recursive n(i) as (select 1 union all select i+1 from n where "
-                                      "i < %1) insert into Memos(WindowName, LocationName, FriendlyName, "
-                                      "URL, Active, CAT_ID, AutoSave) select i||' page', i||' page', "
-                                      "i||' page', 'https://example.org/'||i, -1, 0, -1 from n;")
-                           .arg(kNotes)});
+            {m_norvane.databaseFile(),
+             QStringLiteral("with recursive n(i) as (select 1 union all select i+1 from n where "
+                            "i < %1) insert into Memos(WindowName, LocationName, FriendlyName, "
+                            "URL, Active, CAT_ID, AutoSave) select i||' page', i||' page', "
+                            "i||' page', 'https://example.org/'||i, -1, 0, -1 from n;")
+                 .arg(kNotes)});
         return filling != nullptr && filling->waitForFinished(60'000) && filling->exitCode() == 0;
     }
 
@@ -132,40 +124,53 @@ private:
         return true;
     }
 
-    bool start(const char *what)
+    bool start()
     {
         pass(3000);
-        if (!startNorvane())
-            return false;
-        // The watcher is armed when start-up has nothing more to do.
+        if (!m_norvane.start() || !waitFor([&] { return m_norvane.isArmed(); }))
+            return failed("Norvane did not start");
+        return true;
+    }
+
+    /// Until nothing more is done.
+    void settle()
+    {
         double before = -1;
         double now = 0;
         while (now - before > kNothingMuch) {
             before = now;
             pass(1000);
-            now = cpuSeconds(*m_norvane);
+            now = cpuSeconds(*m_norvane.process());
         }
-        std::printf("%-46s %.3f s\n", what, now);
-        std::printf("%-46s %.1f MB\n", "PSS after start", pssMegabytes(*m_norvane));
+    }
+
+    bool startAlone()
+    {
+        if (!start())
+            return false;
+        std::printf("%-46s %.3f s\n", "CPU from start to an armed watcher", cpuSeconds(*m_norvane.process()));
+        settle();
+        std::printf("%-46s %.1f MB\n", "PSS after start", pssMegabytes(*m_norvane.process()));
+        return m_norvane.end();
+    }
+
+    bool startAmongWindows()
+    {
+        if (!start())
+            return false;
+        settle();
+        std::printf("%-46s %.3f s\n", "CPU from start, with 20 windows looked at",
+                    cpuSeconds(*m_norvane.process()));
         return true;
     }
 
     bool idle()
     {
-        const double before = cpuSeconds(*m_norvane);
+        const double before = cpuSeconds(*m_norvane.process());
         pass(kIdleMs);
         std::printf("%-46s %.4f s\n", "CPU in 60 s idle, 20 tracked windows",
-                    cpuSeconds(*m_norvane) - before);
+                    cpuSeconds(*m_norvane.process()) - before);
         return true;
-    }
-
-    xcb_window_t noteOf(xcb_window_t target, xcb_window_t notThis = 0) const
-    {
-        for (const xcb_window_t window : m_x.clientsOfProcess(m_norvane->processId())) {
-            if (window != notThis && m_x.transientFor(window) == target && m_x.isViewable(window))
-                return window;
-        }
-        return 0;
     }
 
     bool attachAndDetach()
@@ -177,7 +182,7 @@ private:
         std::vector<double> times;
         for (int round = 0; round <= kRounds; ++round) {
             m_x.press(QStringLiteral("ctrl+alt+a"));
-            const double time = timeUntil([&] { return noteOf(target) != 0; });
+            const double time = timeUntil([&] { return m_norvane.noteOn(target) != 0; });
             if (time < 0)
                 return false;
             // The first makes the note, the others bring it back.
@@ -187,7 +192,7 @@ private:
                 times.push_back(time);
             pass(300);
             m_x.press(QStringLiteral("ctrl+alt+d"));
-            if (!waitFor([&] { return noteOf(target) == 0; }))
+            if (!waitFor([&] { return m_norvane.noteOn(target) == 0; }))
                 return false;
             pass(300);
         }
@@ -224,12 +229,13 @@ private:
                 pass(1500);
                 m_x.press(QStringLiteral("ctrl+alt+a"));
             }
-            const double time = timeUntil([&] { return noteOf(window, note) != 0; });
+            const double time =
+                timeUntil([&] { return m_norvane.noteOn(window) != note && m_norvane.noteOn(window) != 0; });
             if (time < 0)
                 return failed("a page's note did not come");
             if (turn >= 2)
                 times.push_back(time);
-            note = noteOf(window, note);
+            note = m_norvane.noteOn(window);
             pass(1200);
         }
         print("page change to its note on screen (Firefox)", times);
@@ -238,8 +244,7 @@ private:
 
     VirtualDesktop &m_desktop;
     XClient &m_x;
-    QString m_program;
-    QProcess *m_norvane = nullptr;
+    RunningNorvane m_norvane;
 };
 
 } // namespace
