@@ -202,13 +202,28 @@ TEST_F(StickyWindow, whatIsTypedDuringASaveStaysDirty)
 TEST_F(StickyWindow, dragMovesAndSizesInsideTheTarget)
 {
     auto *strip = part<QWidget>(u"Picture1"_qs);
+    QTest::mouseMove(strip, {100, 1});
+    EXPECT_EQ(note->cursor().shape(), Qt::SizeVerCursor);
+    QTest::mouseMove(strip, {100, 10});
+    EXPECT_EQ(note->cursor().shape(), Qt::ArrowCursor);
+
     const QRect before = embedding.windowRect(note->hWnd());
-    QTest::mousePress(strip, Qt::LeftButton, {}, {100, 10});
-    QTest::mouseMove(strip, {130, 25});
-    QTest::mouseRelease(strip, Qt::LeftButton, {}, {130, 25});
+    const auto drag = [&](const QPoint &from, const QPoint &to) {
+        QTest::mousePress(strip, Qt::LeftButton, {}, from);
+        QTest::mouseMove(strip, to);
+        QTest::mouseRelease(strip, Qt::LeftButton, {}, to);
+    };
+    drag({100, 10}, {130, 25});
     EXPECT_EQ(embedding.windowRect(note->hWnd()), before.translated(30, 15));
     note->SaveNote();
     EXPECT_EQ(storedPlace(), kPlace.translated(30 * 15, 15 * 15)) << "the size is as it was loaded";
+    drag({100, 1}, {100, 21});
+    EXPECT_EQ(embedding.windowRect(note->hWnd()), before.translated(30, 15).adjusted(0, 20, 0, 0));
+
+    // The hand cannot take it out of the target.
+    windows.at(kTarget).rect = QRect(strip->mapToGlobal(QPoint(0, 0)), QSize(200, 100));
+    drag({100, 10}, {100 + 2000, 10});
+    EXPECT_EQ(embedding.windowRect(note->hWnd()).left(), before.left() + 30 + 99);
 }
 
 TEST_F(StickyWindow, aLostTargetSavesTextAndPlace)
