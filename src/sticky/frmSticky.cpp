@@ -26,6 +26,7 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 namespace norvane {
 
@@ -316,8 +317,18 @@ void frmSticky::mouseMoveEvent(QMouseEvent *event)
         showGrip(noteGripAt(event->position().toPoint(), size()));
         return;
     }
-    const QPoint delta = event->globalPosition().toPoint() - m_dragStart;
-    moveTo(draggedNote(m_dragRect, m_grip, delta));
+    const QPoint pointer = insideTarget(event->globalPosition().toPoint());
+    moveTo(draggedNote(m_dragRect, m_grip, pointer - m_dragStart));
+}
+
+/// The nearest point of the target: a note that was dragged out of it could never be seen again.
+QPoint frmSticky::insideTarget(const QPoint &point) const
+{
+    const QRect target = m_services.windows.clientRect(fields.ParentHwnd);
+    if (target.isEmpty())
+        return point;
+    return {std::clamp(point.x(), target.left(), target.right()),
+            std::clamp(point.y(), target.top(), target.bottom())};
 }
 
 void frmSticky::mouseReleaseEvent(QMouseEvent *event)

@@ -76,6 +76,7 @@ private:
     /// Row and body file; raises what store and file system raise.
     void writeNote();
     void moveTo(const QRect &place);
+    QPoint insideTarget(const QPoint &point) const;
     void textChanged();
     /// A move or resize by hand begins: geometry counts as an edit.
     void geometryEdited();

@@ -47,9 +47,7 @@ protected:
         // Pages that go on by a key: a busy browser may lose pieces of an address that is typed.
         const QString keys = QStringLiteral("onkeydown = e => { switch (e.key) {"
                                             "case 'b': location = '/second'; break;"
-                                            "case 'j': history.pushState(null, '', '/part two'); break;"
-                                            "case 'w': if (!window.another) window.another = "
-                                            "open('/first', '_blank', 'width=700,height=600'); } }");
+                                            "case 'j': history.pushState(null, '', '/part two'); } }");
         m_first = m_server.addPage(QStringLiteral("/first"), QStringLiteral("Reading list"),
                                    QStringLiteral("Three books"), keys);
         m_second = m_server.addPage(QStringLiteral("/second"), QStringLiteral("Garden plan"),
@@ -79,7 +77,7 @@ class TwoBrowsers : public BrowserLocations
 
 } // namespace
 
-TEST_P(BrowserLocations, FollowThePagesOfEachWindow)
+TEST_P(BrowserLocations, FollowThePages)
 {
     ASSERT_NO_FATAL_FAILURE(startDesktop());
     QProcess *browser = GetParam().start(m_desktop, QStringLiteral("main"), {m_first});
@@ -89,19 +87,6 @@ TEST_P(BrowserLocations, FollowThePagesOfEachWindow)
     EXPECT_TRUE(pressUntil(window, QStringLiteral("b"), [&] {
         return goesStraightTo(window, QStringLiteral("Garden plan"), m_second);
     })) << told(window);
-
-    // A second window of the same process.
-    WindowHandle other = kNoWindow;
-    ASSERT_TRUE(pressUntil(window, QStringLiteral("w"), [&] {
-        for (const WindowHandle client : m_windows->topLevelWindows()) {
-            if (client != window && m_windows->className(client) == u"IEFrame")
-                other = client;
-        }
-        return other != kNoWindow;
-    }));
-    EXPECT_TRUE(becomes(other, m_first)) << told(other);
-    EXPECT_TRUE(becomes(window, m_second)) << told(window);
-    EXPECT_EQ(m_windows->processId(other), m_windows->processId(window));
 
     // An address that a script changes, with the title as it was.
     const QString caption = m_windows->caption(window);

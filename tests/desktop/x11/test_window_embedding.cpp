@@ -256,20 +256,6 @@ TEST_F(WindowEmbeddingTest, GoesAndComesWithItsTarget)
         << "the window manager knows again whose it is";
 }
 
-TEST_F(WindowEmbeddingTest, OpensOnTheWorkspaceOfItsTarget)
-{
-    x.goToDesktop(1);
-    EXPECT_TRUE(waitFor([&] { return !x.isViewable(target); }));
-    embedding.setParent(note.handle(), target);
-    embedding.moveWindow(note.handle(), kPlace);
-    note.show();
-    EXPECT_TRUE(waitFor([&] { return windows.isVisible(note.handle()); }));
-    EXPECT_FALSE(x.isViewable(note.id()));
-    EXPECT_EQ(foreign.numbers(foreign.root(), "_NET_CURRENT_DESKTOP"), QVector<quint32>{1});
-    x.goToDesktop(0);
-    EXPECT_TRUE(waitFor([&] { return x.isViewable(note.id()) && stands(kPlace); }));
-}
-
 TEST_F(WindowEmbeddingTest, TakesTheKeyboardOnAClickAndGivesItBack)
 {
     embed();

@@ -1,36 +1,25 @@
-#include "fakes/FakeClock.h"
+#include "unit/watcher/Desk.h"
+
 #include "fakes/FakeEmbedding.h"
-#include "fakes/FakeEventLoop.h"
-#include "fakes/FakeFileSystem.h"
 #include "fakes/FakeHotKeys.h"
 #include "fakes/FakeNotifier.h"
-#include "fakes/FakeSound.h"
-#include "fakes/FakeWindowSystem.h"
-#include "fakes/ManualTimer.h"
-#include "options/HotKeyModel.h"
-#include "platform/sqlite/SqliteEngine.h"
 #include "richtext/NV_RTFEdit.h"
-#include "shell/Forms.h"
 #include "sticky/frmSticky.h"
+#include "sticky/frmStickyFactory.h"
 #include "store/NoteRescue.h"
-#include "store/NoteStore.h"
-#include "store/note_schema.h"
 #include "watcher/NoteGridView.h"
-#include "watcher/WatchSettings.h"
-#include "watcher/clsClips.h"
 
 #include <QAction>
 #include <QPointer>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
 #include <gtest/gtest.h>
 
 using namespace norvane;
+using namespace norvane::tests;
 
 namespace {
 
-constexpr WindowHandle kTarget = 77;
 const QRectF kPlace(300, 450, 5100, 3801); // 3801 twips are no whole number of pixels
 
 struct CountingGrid : NoteGridView
@@ -40,26 +29,25 @@ struct CountingGrid : NoteGridView
     int category() const override { return 0; }
 };
 
-/// A note of a real database in a target that is only told of.
-class StickyWindow : public testing::Test
+/// A note's real window, opened by the watch cycle on a page that is only told of.
+class StickyWindow : public testing::Test, protected Desk
 {
 protected:
+    StickyWindow() : Desk(&factory) {}
+
     void SetUp() override
     {
-        store.DatabaseFolder = folder.path() + QLatin1Char('/');
-        store.DatabaseFile = databaseFileIn(store.DatabaseFolder);
-        files.addFolder(store.DatabaseFolder);
-        ASSERT_TRUE(CreateNoteDatabase(*engine, files, store.DatabaseFile));
-        store.open();
-        const auto row = store.database()->openRecordset(u"select * from Memos where false"_qs);
-        row->addNew();
-        row->setField(u"WindowName"_qs, u"Letters"_qs);
-        row->setField(u"CAT_ID"_qs, 0);
-        row->setField(u"Active"_qs, true);
-        row->update();
-        store.requeryNoteIndex();
-        id = field(u"ID"_qs).toInt();
-        note = load();
+        id = addNote(u"Letters"_qs, u"http://letters/"_qs,
+                     {{u"AutoSave"_qs, true},
+                      {u"winLeft"_qs, kPlace.left()},
+                      {u"winTop"_qs, kPlace.top()},
+                      {u"winWidth"_qs, kPlace.width()},
+                      {u"winHeight"_qs, kPlace.height()}});
+        target = openPage(u"Letters"_qs, u"http://letters/"_qs);
+        tick();
+        ASSERT_EQ(Clips.Count(), 1);
+        note = dynamic_cast<frmSticky *>(forms.byHwnd(Clips.Item(1).hWnd));
+        ASSERT_TRUE(note);
     }
 
     void TearDown() override
@@ -69,32 +57,8 @@ protected:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    frmSticky *load(bool autoSave = true)
-    {
-        auto *form = new frmSticky(services);
-        form->fields.Loading = true;
-        form->fields.ID = id;
-        form->fields.ParentHwnd = kTarget;
-        form->fields.FriendlyName = u"Letters"_qs;
-        form->setParentWindow(kTarget);
-        form->moveTwips(kPlace);
-        form->setCaption(u"Letters"_qs);
-        form->fields.AutoSave = autoSave;
-        form->resetSaveState();
-        clips.Add(u"Letters"_qs, kTarget, id, form->hWnd(), QString(), u"Letters"_qs, QString(), QString());
-        form->showNote();
-        form->nudge();
-        form->fields.Loading = false;
-        return form;
-    }
-
-    QVariant field(const QString &name)
-    {
-        const auto row = store.database()->openRecordset(u"select * from Memos"_qs);
-        return row->field(name);
-    }
-
-    QRectF storedPlace()
+    QVariant field(const QString &name) const { return noteField(id, name); }
+    QRectF storedPlace() const
     {
         return {field(u"winLeft"_qs).toDouble(), field(u"winTop"_qs).toDouble(),
                 field(u"winWidth"_qs).toDouble(), field(u"winHeight"_qs).toDouble()};
@@ -103,7 +67,6 @@ protected:
     template <typename Kind> Kind *part(const QString &name) { return note->findChild<Kind *>(name); }
     void type(const QString &text) { QTest::keyClicks(part<QWidget>(u"RichTextBox1"_qs), text); }
     void press(QWidget *widget) { QTest::mouseClick(widget, Qt::LeftButton, {}, {100, 10}); }
-    void deleteRow() { store.database()->openRecordset(u"select * from Memos"_qs)->remove(); }
 
     bool saved() const { return files.files.contains(store.bodyFile(id)); }
     int rescued() const
@@ -113,26 +76,14 @@ protected:
             paths.begin(), paths.end(), [](const QString &path) { return path.contains(u"/Rescued/"); }));
     }
 
-    QTemporaryDir folder;
-    std::unique_ptr<dao::Engine> engine = dao::makeSqliteEngine();
-    fakes::FakeFileSystem files;
-    NoteStore store{*engine, files};
-    FormList forms;
-    clsClips clips;
-    fakes::FakeWindowSystem windows;
     fakes::FakeEmbedding embedding;
-    fakes::ManualTimer timer;
-    WatchSettings watch;
-    fakes::FakeEventLoop events;
-    fakes::FakeClock clock;
-    fakes::FakeSound sound;
     fakes::FakeHotKeys hotKeys;
     fakes::FakeNotifier notifier;
     CountingGrid grid;
     NoteRescue rescue{store, files, clock, notifier};
-    StickyServices services{store, files,  forms,         clips,           windows, embedding,
-                            timer, watch,  events,        clock,           sound,   hotKeys,
-                            grid,  rescue, Twips(96, 96), u"/click.wav"_qs};
+    frmStickyFactory factory{{store, files, forms, Clips, windows, embedding, timer, settings, events, clock,
+                              sound, hotKeys, grid, rescue, Twips(96, 96), u"/click.wav"_qs}};
+    WindowHandle target = kNoWindow;
     int id = 0;
     QPointer<frmSticky> note;
 };
@@ -202,23 +153,39 @@ TEST_F(StickyWindow, whatIsTypedDuringASaveStaysDirty)
 TEST_F(StickyWindow, dragMovesAndSizesInsideTheTarget)
 {
     auto *strip = part<QWidget>(u"Picture1"_qs);
+    QTest::mouseMove(strip, {100, 1});
+    EXPECT_EQ(note->cursor().shape(), Qt::SizeVerCursor);
+    QTest::mouseMove(strip, {100, 10});
+    EXPECT_EQ(note->cursor().shape(), Qt::ArrowCursor);
+
+    windows.at(target).rect = QRect(-500, -500, 3000, 3000);
     const QRect before = embedding.windowRect(note->hWnd());
-    QTest::mousePress(strip, Qt::LeftButton, {}, {100, 10});
-    QTest::mouseMove(strip, {130, 25});
-    QTest::mouseRelease(strip, Qt::LeftButton, {}, {130, 25});
+    const auto drag = [&](const QPoint &from, const QPoint &to) {
+        QTest::mousePress(strip, Qt::LeftButton, {}, from);
+        QTest::mouseMove(strip, to);
+        QTest::mouseRelease(strip, Qt::LeftButton, {}, to);
+    };
+    drag({100, 10}, {130, 25});
     EXPECT_EQ(embedding.windowRect(note->hWnd()), before.translated(30, 15));
     note->SaveNote();
     EXPECT_EQ(storedPlace(), kPlace.translated(30 * 15, 15 * 15)) << "the size is as it was loaded";
+    drag({100, 1}, {100, 21});
+    EXPECT_EQ(embedding.windowRect(note->hWnd()), before.translated(30, 15).adjusted(0, 20, 0, 0));
+
+    // The hand cannot take it out of the target.
+    windows.at(target).rect = QRect(strip->mapToGlobal(QPoint(0, 0)), QSize(200, 100));
+    drag({100, 10}, {100 + 2000, 10});
+    EXPECT_EQ(embedding.windowRect(note->hWnd()).left(), before.left() + 30 + 99);
 }
 
 TEST_F(StickyWindow, aLostTargetSavesTextAndPlace)
 {
     type(u"kept"_qs);
-    embedding.destroyTarget(kTarget);
+    embedding.destroyTarget(target);
     EXPECT_EQ(field(u"NoteText"_qs).toString(), u"kept"_qs);
     EXPECT_EQ(storedPlace(), kPlace);
     EXPECT_TRUE(field(u"Active"_qs).toBool());
-    EXPECT_EQ(clips.Count(), 0);
+    EXPECT_EQ(Clips.Count(), 0);
     EXPECT_FALSE(forms.FormIsLoaded(u"frmSticky"_qs));
     EXPECT_TRUE(saved());
 }
@@ -238,8 +205,8 @@ TEST_F(StickyWindow, closeDetachesAndSetsTheTimerAgain)
     note->mnuFile_Close_Click();
     EXPECT_FALSE(field(u"Active"_qs).toBool());
     EXPECT_TRUE(saved());
-    EXPECT_EQ(timer.interval(), watch.WatchInterval);
-    EXPECT_EQ(clips.Count(), 0);
+    EXPECT_EQ(timer.interval(), settings.WatchInterval);
+    EXPECT_EQ(Clips.Count(), 0);
 }
 
 TEST_F(StickyWindow, aNoteThatCannotBeSavedIsRescuedOnce)
@@ -255,11 +222,11 @@ TEST_F(StickyWindow, aNoteThatCannotBeSavedIsRescuedOnce)
 TEST_F(StickyWindow, aNoteWhoseRowWasDeletedGoesWithoutAWord)
 {
     type(u"unwanted"_qs);
-    deleteRow();
+    store.database()->openRecordset(u"select * from Memos"_qs)->remove();
     note->mnuFile_Close_Click();
-    EXPECT_EQ(clips.Count(), 0);
+    EXPECT_EQ(Clips.Count(), 0);
     EXPECT_EQ(notifier.shown.size() + rescued(), 0);
-    EXPECT_EQ(timer.interval(), watch.WatchInterval);
+    EXPECT_EQ(timer.interval(), settings.WatchInterval);
 }
 
 TEST_F(StickyWindow, typeEffectClicksForEachKey)
