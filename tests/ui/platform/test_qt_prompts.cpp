@@ -114,6 +114,8 @@ TEST(QtPrompts, LongTextsFitTheScreen)
     }
     const QString ordinary = QStringLiteral("Database located in '/home/ann/Notes/' is locked.\nTry again.");
     EXPECT_EQ(textForBox(ordinary), ordinary);
+    EXPECT_EQ(textForBox(QStringLiteral("one\r\ntwo\rthree\n\r\nfive")),
+              QStringLiteral("one\ntwo\nthree\n\nfive"));
 }
 
 TEST(QtPrompts, FolderIsChosenOrEmpty)
