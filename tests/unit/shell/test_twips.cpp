@@ -16,3 +16,9 @@ TEST(Twips, ScalesEachDirectionByItsOwnDpi)
     EXPECT_EQ(twips.toPixels(QRectF(1440, 1440, 720, 720)), QRect(144, 72, 72, 36));
     EXPECT_EQ(twips.fromPixels(QRect(144, 72, 72, 36)), QRectF(1440, 1440, 720, 720));
 }
+
+TEST(Twips, AStoredNumberThatNoWindowCanHaveIsTheFarthestPlace)
+{
+    EXPECT_EQ(Twips().toPixels(QRectF(1e300, -1e300, 1e10, 2147483647.0)),
+              QRect(32767, -32767, 32767, 32767));
+}
