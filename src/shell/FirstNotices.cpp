@@ -1,37 +1,41 @@
-#include "shell/FirstStartNotice.h"
+#include "shell/FirstNotices.h"
 
 #include "platform/Notifier.h"
-#include "platform/SettingsStore.h"
+
+#include <utility>
 
 namespace norvane {
 
-namespace {
-
-const QString kSection = QStringLiteral("Main");
-const QString kKey = QStringLiteral("FirstStartNotice");
-const QString kShown = QStringLiteral("1");
-
-} // namespace
-
-FirstStartNotice::FirstStartNotice(SettingsStore &settings, Notifier &notifier)
-    : m_settings(settings), m_notifier(notifier)
+FirstNotices::FirstNotices(SettingsStore &settings, Notifier &notifier, ShowOtherwise showOtherwise)
+    : m_settings(settings), m_notifier(notifier), m_showOtherwise(std::move(showOtherwise))
 {
 }
 
-void FirstStartNotice::show(const QString &attachKey, const QString &browserKey,
-                            const std::function<void(const QString &)> &showOtherwise)
+void FirstNotices::tellKeys(const QString &attachKey, const QString &browserKey)
 {
-    if (m_settings.get(kSection, kKey, QString()) == kShown)
+    tell(settings::kFirstStartNotice, QStringLiteral("Norvane is ready"),
+         QStringLiteral("%1 attaches a note to the window you are working in.\n"
+                        "%2 opens the note browser.")
+             .arg(attachKey, browserKey));
+}
+
+void FirstNotices::tellOnlyX()
+{
+    tell(settings::kOnlyXNotice, QStringLiteral("Norvane sees only X programs here"),
+         QStringLiteral("This desktop runs on Wayland. Notes can be attached to the windows of programs that "
+                        "use X (XWayland); the windows of all others stay out of Norvane's sight."));
+}
+
+void FirstNotices::tell(const settings::Key &said, const QString &title, const QString &text)
+{
+    const QString yes = QStringLiteral("1");
+    if (settings::read(m_settings, said) == yes)
         return;
     // Before the answer: a person who ends the program at once has seen it all the same.
-    m_settings.save(kSection, kKey, kShown);
-    const QString title = QStringLiteral("Norvane is ready");
-    const QString text = QStringLiteral("%1 attaches a note to the window you are working in.\n"
-                                        "%2 opens the note browser.")
-                             .arg(attachKey, browserKey);
-    m_notifier.notify(title, text, [title, text, showOtherwise](bool shown) {
-        if (!shown)
-            showOtherwise(title + QStringLiteral("\n\n") + text);
+    settings::save(m_settings, said, yes);
+    m_notifier.notify(title, text, [this, said, title, text](bool shown) {
+        if (!shown && !m_showOtherwise(title + QStringLiteral("\n\n") + text))
+            settings::save(m_settings, said, QString());
     });
 }
 

@@ -1,30 +1,37 @@
 #pragma once
 
+#include "shell/settings_keys.h"
+
 #include <QString>
 #include <functional>
 
 namespace norvane {
 
 class Notifier;
-class SettingsStore;
 
-/// Tells, once ever, the two keys that a person needs: the program has no window to learn them from.
-class FirstStartNotice
+/// What the program tells by itself, each once ever: it has no window to learn these things from.
+class FirstNotices
 {
 public:
-    /// Both must outlive it, and it must outlive the event loop's next turns: the desktop's answer
-    /// comes later.
-    FirstStartNotice(SettingsStore &settings, Notifier &notifier);
+    /// Shows a text where the desktop has no notifications; false when it cannot now: the notice is
+    /// then given at the next start.
+    using ShowOtherwise = std::function<bool(const QString &text)>;
 
-    /// Shows the notice by the desktop's notifications, if it was never shown.
-    /// @param attachKey, browserKey the texts of the keys, "Ctrl+Alt+A"
-    /// @param showOtherwise called with the whole text when the desktop has no notifications
-    void show(const QString &attachKey, const QString &browserKey,
-              const std::function<void(const QString &)> &showOtherwise);
+    /// All must outlive it, and it must outlive the event loop's next turns: the desktop's answer
+    /// comes later.
+    FirstNotices(SettingsStore &settings, Notifier &notifier, ShowOtherwise showOtherwise);
+
+    /// The two keys that a person needs, by their texts: "Ctrl+Alt+A".
+    void tellKeys(const QString &attachKey, const QString &browserKey);
+    /// That windows which are not those of X programs stay unseen on this desktop.
+    void tellOnlyX();
 
 private:
+    void tell(const settings::Key &said, const QString &title, const QString &text);
+
     SettingsStore &m_settings;
     Notifier &m_notifier;
+    ShowOtherwise m_showOtherwise;
 };
 
 } // namespace norvane

@@ -3,9 +3,13 @@
 #include "fakes/FakeClock.h"
 #include "fakes/FakeEventLoop.h"
 #include "fakes/FakeFileSystem.h"
+#include "fakes/FakeHotKeys.h"
 #include "fakes/FakeSound.h"
 #include "fakes/FakeWindowSystem.h"
 #include "fakes/MemorySettings.h"
+#include "options/HotKeyModel.h"
+#include "platform/RuntimeError.h"
+#include "platform/errors.h"
 #include "shell/windows/ShellForms.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/TrayIcon.h"
@@ -77,7 +81,9 @@ protected:
     fakes::FakeWindowSystem windows;
     fakes::FakeSound sound;
     fakes::FakeTrayHost host{TrayHost::Kind::Clicks};
-    ShellForms shell{{forms, store, settings, clock, events, windows, sound, host, Twips(96, 96),
+    fakes::FakeHotKeys keys;
+    HotKeyModel hotKeys{keys};
+    ShellForms shell{{forms, store, settings, clock, events, windows, sound, host, hotKeys, Twips(96, 96),
                       QVersionNumber(1, 2, 3)}};
     WindowHandle frameWindow = kNoWindow;
 };
@@ -101,6 +107,26 @@ TEST_F(ShellWindowsTest, StartUpLeavesAHiddenFrameWithTheBrowserInIt)
     shell.Refresh_tbCAT();
     EXPECT_EQ(shell.categoryTabCount(), 2);
     EXPECT_EQ(shell.browser()->selectedCategory(), 0);
+}
+
+TEST_F(ShellWindowsTest, RegistersTheStoredHotKeysOnTheBrowsersWindow)
+{
+    settings.save(QStringLiteral("HotKeys"), QStringLiteral("Attach.1"), QStringLiteral("66"));
+    start();
+    EXPECT_EQ(keys.registered.size(), 6);
+    EXPECT_EQ(keys.registered.value({shell.browser()->hWnd(), 3}), (std::pair<int, int>(3, 'B')));
+}
+
+TEST_F(ShellWindowsTest, AHotKeyThatNoKeyCanBeIsAnErrorOfTheStart)
+{
+    settings.save(QStringLiteral("HotKeys"), QStringLiteral("Attach.1"), QStringLiteral("99999999999"));
+    shell.loadFrame();
+    try {
+        shell.showBrowser();
+        FAIL() << "no error";
+    } catch (const RuntimeError &error) {
+        EXPECT_EQ(error.number(), kErrorOverflow);
+    }
 }
 
 TEST_F(ShellWindowsTest, TogglesTheFrame)

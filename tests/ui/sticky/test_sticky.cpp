@@ -123,7 +123,7 @@ protected:
     fakes::FakeHotKeys hotKeys;
     fakes::FakeNotifier notifier;
     CountingGrid grid;
-    NoteRescue rescue{store, files, clock, notifier};
+    NoteRescue rescue{store, files, clock, notifier, [](const QString &) {}};
     StickyServices services{
         store,  files, forms, clips,   windows, embedding, timer,         watch,
         events, clock, sound, hotKeys, grid,    rescue,    Twips(96, 96), QStringLiteral("/click.wav")};

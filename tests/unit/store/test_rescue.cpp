@@ -82,7 +82,8 @@ protected:
     fakes::FakeClock clock;
     fakes::FakeNotifier notifier;
     NoteStore store{engine, files};
-    NoteRescue rescue{store, files, clock, notifier};
+    QStringList notices;
+    NoteRescue rescue{store, files, clock, notifier, [this](const QString &text) { notices.append(text); }};
 };
 
 TEST_F(Rescuing, isToldOnceAndNamesTheFolder)
@@ -102,6 +103,11 @@ TEST_F(Rescuing, saysSoWheneverANoteIsLost)
     EXPECT_TRUE(rescue.rescue(QStringLiteral("Two"), "2").isEmpty());
     ASSERT_EQ(notifier.shown.size(), 2);
     EXPECT_TRUE(notifier.shown.at(1).contains(u"'Two'"));
+    EXPECT_TRUE(notices.isEmpty());
+    notifier.available = false;
+    rescue.rescue(QStringLiteral("Three"), "3");
+    ASSERT_EQ(notices.size(), 1);
+    EXPECT_TRUE(notices.at(0).contains(u"'Three'"));
 }
 
 } // namespace
