@@ -265,8 +265,6 @@ void mdiMain::keepWithinReach()
     const QMargins around = windowHandle()->frameMargins();
     const QRect room = screen()->availableGeometry();
     const QSize fitting = size().boundedTo(room.marginsRemoved(around).size()).expandedTo(minimumSizeHint());
-    if (fitting != size())
-        resize(fitting);
     const QSize outer = fitting.grownBy(around);
     const QPoint now = windowHandle()->framePosition();
     const QPoint place(
@@ -274,6 +272,8 @@ void mdiMain::keepWithinReach()
         std::clamp(now.y(), room.top(), std::max(room.top(), room.bottom() + 1 - outer.height())));
     if (place != now)
         move(place);
+    if (fitting != size())
+        resize(fitting); // saves the place, too
     if (!around.isNull())
         m_settling = false;
 }
