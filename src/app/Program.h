@@ -4,7 +4,7 @@
 #include "app/ProgramViews.h"
 #include "options/HotKeyModel.h"
 #include "shell/AccessibilityOffer.h"
-#include "shell/FirstStartNotice.h"
+#include "shell/FirstNotices.h"
 #include "shell/lifecycle/SharedState.h"
 #include "shell/lifecycle/ShutDown.h"
 #include "shell/windows/ShellForms.h"
@@ -50,7 +50,6 @@ private:
     WatchParts watchParts(StickyFactory &stickies);
     void connectWindows();
     void fillTray();
-    void registerHotKeys();
     void hotKeyPressed(int id);
     void openPage(int id);
     void offerAccessibility();
@@ -67,7 +66,7 @@ private:
     ProgramViews m_views;
     NoteRescue m_rescue;
     ShutDown m_shutDown;
-    FirstStartNotice m_firstStart;
+    FirstNotices m_firstNotices;
     AccessibilityOffer m_accessibility;
     std::unique_ptr<Watching> m_watching;
     bool m_inHotKey = false;

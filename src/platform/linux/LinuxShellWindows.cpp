@@ -88,6 +88,8 @@ LinuxShellWindows::~LinuxShellWindows()
     }
     m_d->queues.clear();
     m_d->endingQueues.clear();
+    if (!m_d->busThread.isRunning())
+        return;
     QMetaObject::invokeMethod(&m_d->buses, &DesktopBuses::stop, Qt::QueuedConnection);
     m_d->busThread.quit();
     m_d->busThread.wait();
@@ -149,13 +151,23 @@ void LinuxShellWindows::Private::windowForgotten(WindowHandle window, qint64 pro
     queues.erase(known);
 }
 
+void LinuxShellWindows::start()
+{
+    if (m_d->busThread.isRunning())
+        return;
+    m_d->busThread.start();
+    QMetaObject::invokeMethod(&m_d->buses, &DesktopBuses::start, Qt::QueuedConnection);
+}
+
 ShellWindows::Answer LinuxShellWindows::location(WindowHandle window)
 {
+    start();
     return m_d->tracker.location(window);
 }
 
 QString LinuxShellWindows::freshLocation(WindowHandle window, int timeoutMs)
 {
+    start();
     LookUpRequest request = m_d->tracker.requestFor(window);
     ProgramQueue *queue = m_d->queueOf(request);
     if (queue == nullptr)

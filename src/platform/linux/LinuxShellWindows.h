@@ -34,6 +34,7 @@ public:
     /// Waits for look-ups under way, a few tenths of a second at most.
     ~LinuxShellWindows() override;
 
+    void start() override;
     Answer location(WindowHandle window) override;
     QString freshLocation(WindowHandle window, int timeoutMs) override;
     bool needsAccessibility() const override;

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
+#include <utility>
 
 namespace norvane {
 
@@ -38,9 +39,12 @@ QMessageBox::Icon iconOf(int style)
 
 QString textForBox(const QString &text)
 {
+    // The toolkit breaks lines at line feeds only.
+    QString lines = text;
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
     QString shown;
     qsizetype word = 0;
-    for (const QChar unit : text) {
+    for (const QChar unit : std::as_const(lines)) {
         const bool insidePair = unit.isLowSurrogate();
         if (shown.size() >= kLongestText && !insidePair)
             return shown + kEllipsis;

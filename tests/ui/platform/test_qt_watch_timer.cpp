@@ -30,6 +30,14 @@ protected:
         });
     }
 
+    /// Requests a tick every millisecond until so many ticks were made.
+    bool storm(int count)
+    {
+        QTimer requests;
+        QObject::connect(&requests, &QTimer::timeout, &timer, [this] { timer.requestTick(); });
+        requests.start(1);
+        return waitForTicks(count);
+    }
     bool waitForTicks(int count)
     {
         return QTest::qWaitFor([&] { return starts.size() >= count; }, kPatience);
@@ -58,14 +66,6 @@ protected:
 private:
     QElapsedTimer m_clock;
 };
-
-TEST_F(QtWatchTimerTest, TicksAtItsInterval)
-{
-    run(40);
-    ASSERT_TRUE(waitForTicks(3));
-    for (int i = 1; i < 3; ++i)
-        EXPECT_GE(starts[i] - ends[i - 1], 37);
-}
 
 TEST_F(QtWatchTimerTest, DoesNotTickWhileItIsOff)
 {
@@ -97,7 +97,7 @@ TEST_F(QtWatchTimerTest, RequestsBringTheNextTickForwardAsOne)
     EXPECT_EQ(starts.size(), 1);
 }
 
-TEST_F(QtWatchTimerTest, IntervalStartsAnewAfterARequestedTick)
+TEST_F(QtWatchTimerTest, TicksAtItsIntervalWhichStartsAnewAfterARequest)
 {
     run(300);
     pass(150);
@@ -109,10 +109,7 @@ TEST_F(QtWatchTimerTest, IntervalStartsAnewAfterARequestedTick)
 TEST_F(QtWatchTimerTest, StormOfRequestsKeepsTicksApart)
 {
     run(kNever);
-    QTimer storm;
-    QObject::connect(&storm, &QTimer::timeout, &timer, [&] { timer.requestTick(); });
-    storm.start(1);
-    ASSERT_TRUE(waitForTicks(12));
+    ASSERT_TRUE(storm(12));
     for (int i = 1; i < 12; ++i)
         EXPECT_GE(starts[i] - ends[i - 1], QtWatchTimer::kLeastGapMs - 1) << i;
 }
@@ -126,10 +123,7 @@ TEST_F(QtWatchTimerTest, SlowTicksRestLongerThanTheyTake)
         while (work.elapsed() < 20) {
         }
     };
-    QTimer storm;
-    QObject::connect(&storm, &QTimer::timeout, &timer, [&] { timer.requestTick(); });
-    storm.start(1);
-    ASSERT_TRUE(waitForTicks(4));
+    ASSERT_TRUE(storm(4));
     for (int i = 1; i < 4; ++i)
         EXPECT_GE(starts[i] - ends[i - 1], 3 * (ends[i - 1] - starts[i - 1])) << i;
 }

@@ -80,7 +80,7 @@ protected:
     fakes::FakeHotKeys hotKeys;
     fakes::FakeNotifier notifier;
     CountingGrid grid;
-    NoteRescue rescue{store, files, clock, notifier};
+    NoteRescue rescue{store, files, clock, notifier, [](const QString &) {}};
     frmStickyFactory factory{{store, files, forms, Clips, windows, embedding, timer, settings, events, clock,
                               sound, hotKeys, grid, rescue, Twips(96, 96), u"/click.wav"_qs}};
     WindowHandle target = kNoWindow;

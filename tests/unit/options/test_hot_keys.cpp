@@ -120,7 +120,6 @@ TEST(HotKeyModel, RefusedKeyTakesItsIdAndLeavesTheOthersWorking)
     model.records[HotKeyId::Search] = {0, 0};
     model.registerAll(kBrowser);
 
-    EXPECT_THAT(model.refused(), ElementsAre(2, 4));
     EXPECT_THAT(keys.registered.keys(), ElementsAre(std::pair<WindowHandle, int>(kBrowser, 1),
                                                     std::pair<WindowHandle, int>(kBrowser, 3),
                                                     std::pair<WindowHandle, int>(kBrowser, 6)));
@@ -138,7 +137,6 @@ TEST(HotKeyModel, UnregisterWithdrawsAllIdsAndStartsAgainAtOne)
     EXPECT_FALSE(model.RegHotKey(kBrowser, 3, 'W'));
     model.UnregisterHotKeys(kBrowser);
     EXPECT_TRUE(keys.registered.isEmpty());
-    EXPECT_TRUE(model.refused().isEmpty());
     EXPECT_TRUE(model.RegHotKey(kBrowser, 2, 'Q'));
     EXPECT_EQ(keys.calls, QStringList({QStringLiteral("register 1"), QStringLiteral("register 2"),
                                        QStringLiteral("unregister 1"), QStringLiteral("unregister 2"),
