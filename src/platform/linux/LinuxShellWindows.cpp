@@ -40,7 +40,6 @@ struct LinuxShellWindows::Private
     {
     }
 
-    void startBuses();
     ProgramQueue *queueOf(const LookUpRequest &request);
     bool startLookUp(LookUpRequest request);
     void windowForgotten(WindowHandle window, qint64 processId);
@@ -95,20 +94,10 @@ LinuxShellWindows::~LinuxShellWindows()
     m_d->busThread.wait();
 }
 
-/// Nobody connects to a bus, nor has programs tell their events there, before a window is asked for.
-void LinuxShellWindows::Private::startBuses()
-{
-    if (busThread.isRunning())
-        return;
-    busThread.start();
-    QMetaObject::invokeMethod(&buses, &DesktopBuses::start, Qt::QueuedConnection);
-}
-
 ProgramQueue *LinuxShellWindows::Private::queueOf(const LookUpRequest &request)
 {
     if (request.processId <= 0)
         return nullptr;
-    startBuses();
     const auto known = queues.find(request.processId);
     if (known != queues.end())
         return known->second.get();

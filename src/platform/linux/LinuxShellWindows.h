@@ -21,7 +21,7 @@ struct DesktopSession
 ///
 /// Browsers and most file managers tell them on the accessibility bus, others on the session bus.
 /// Each program is asked in a thread of its own. Buses that are missing are no error: the locations
-/// are empty until they come. Until the first browser or folder window is asked for, nothing of this
+/// are empty until they come. Until start() or the first browser or folder window, nothing of this
 /// is started.
 class LinuxShellWindows final : public ShellWindows
 {
