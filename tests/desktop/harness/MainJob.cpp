@@ -11,6 +11,8 @@ namespace {
 /// A busy program may lose keys; a person looks for a while, then presses them again.
 constexpr int kKeysMs = 8000;
 
+constexpr int kHalfMenuEntry = 14; // pixels
+
 const QString kText = QStringLiteral("Ask Ada about the second draft.");
 
 } // namespace
@@ -251,12 +253,15 @@ bool MainJob::endFromTray()
     if (!step(QStringLiteral("the tray shows an icon"),
               [&] { return tray != 0 && m_x.geometry(tray).width() > 8; }))
         return false;
-    const QImage before = m_x.screenshot();
     m_x.click(m_x.geometry(tray).center(), 3);
-    if (!step(QStringLiteral("the tray menu opens"), [&] { return m_x.screenshot() != before; }))
+    xcb_window_t menu = 0;
+    if (!step(QStringLiteral("the tray menu opens"), [&] {
+            menu = m_x.menuOfProcess(m_norvane.process()->processId());
+            return menu != 0;
+        }))
         return false;
-    m_x.press(QStringLiteral("Up"));
-    m_x.press(QStringLiteral("Return"));
+    const QRect entries = m_x.geometry(menu);
+    m_x.click({entries.center().x(), entries.bottom() - kHalfMenuEntry}); // "Exit" is the last one
     const bool ended = step(QStringLiteral("Exit ends Norvane"), [this] { return !m_norvane.isRunning(); });
     m_desktop.end(m_targetProcess);
     return ended && step(QStringLiteral("without an error"), [this] { return m_norvane.hasEndedWell(); });

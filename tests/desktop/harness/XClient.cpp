@@ -189,6 +189,23 @@ QVector<xcb_window_t> XClient::clientsOfProcess(qint64 processId) const
     return result;
 }
 
+xcb_window_t XClient::menuOfProcess(qint64 processId) const
+{
+    const xcb_atom_t toolTip = m_x->atom("_NET_WM_WINDOW_TYPE_TOOLTIP");
+    const Owned<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(m_x->c, xcb_query_tree(m_x->c, m_x->root), nullptr));
+    if (!tree)
+        return 0;
+    // Framed windows are not the root's own children: what is one shows itself past the window manager.
+    const xcb_window_t *children = xcb_query_tree_children(tree.get());
+    for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
+        if (this->processId(children[i]) == processId && isViewable(children[i]) &&
+            !m_x->numbers(children[i], "_NET_WM_WINDOW_TYPE").contains(toolTip))
+            return children[i];
+    }
+    return 0;
+}
+
 xcb_window_t XClient::activeWindow() const
 {
     return m_x->numbers(m_x->root, "_NET_ACTIVE_WINDOW").value(0);

@@ -36,6 +36,8 @@ public:
     /// The first client whose title holds @p part and whose class holds @p wmClass; 0 if none.
     xcb_window_t findClient(const QString &part, const QString &wmClass = {}) const;
     QVector<xcb_window_t> clientsOfProcess(qint64 processId) const;
+    /// A menu that a program has open; 0 if none. The window manager does not list these.
+    xcb_window_t menuOfProcess(qint64 processId) const;
     xcb_window_t activeWindow() const;
 
     QString title(xcb_window_t window) const;
