@@ -355,7 +355,8 @@ void frmSticky::writeNote()
     m_text->SaveFile(m_services.store.bodyFile(fields.ID), kRichText);
 }
 
-void frmSticky::SaveNote()
+/// @return the number of the error that ended it; 0 when row and body file were written
+int frmSticky::save()
 {
     const BusyPointer busy;
     try {
@@ -367,9 +368,15 @@ void frmSticky::SaveNote()
         // What was typed meanwhile is not in the file.
         if (m_changes == saved)
             resetSaveState();
-    } catch (const RuntimeError &) {
-        // The note stays dirty; its unload has the rescue file.
+        return 0;
+    } catch (const RuntimeError &error) {
+        return error.number();
     }
+}
+
+void frmSticky::SaveNote()
+{
+    save(); // a note that could not be saved stays dirty; its unload has the rescue file
 }
 
 void frmSticky::saveAtExit()
@@ -380,11 +387,18 @@ void frmSticky::saveAtExit()
         writeNote();
         resetSaveState();
     } catch (const RuntimeError &error) {
-        // A note whose row was deleted is meant to go.
-        if (error.number() != kErrorNoCurrentRecord && error.number() != kErrorRecordDeleted)
-            m_services.rescue.rescue(fields.FriendlyName, m_text->TextRTF());
-        m_rescued = m_changes;
+        rescueAfter(error.number());
     }
+}
+
+void frmSticky::rescueAfter(int error)
+{
+    if (m_rescued == m_changes)
+        return;
+    m_rescued = m_changes;
+    // A note whose row was deleted is meant to go.
+    if (error != kErrorNoCurrentRecord && error != kErrorRecordDeleted)
+        m_services.rescue.rescue(fields.FriendlyName, m_text->TextRTF());
 }
 
 void frmSticky::mnuFile_Close_Click()
@@ -423,9 +437,11 @@ void frmSticky::unload()
     if (m_unloaded)
         return;
     m_unloaded = true;
-    if (fields.AutoSave && isDirty())
-        SaveNote();
-    saveAtExit(); // what came while it was saved, or could not be
+    if (fields.AutoSave && isDirty()) {
+        if (const int error = save())
+            rescueAfter(error);
+        saveAtExit(); // what came while it was saved
+    }
     m_services.clips.RemoveByHwnd(m_handle);
     m_services.forms.remove(this);
     if (isActiveWindow() && fields.ParentHwnd != kNoWindow)

@@ -73,6 +73,8 @@ protected:
 
 private:
     void makeActions();
+    int save();
+    void rescueAfter(int error);
     /// Row and body file; raises what store and file system raise.
     void writeNote();
     void moveTo(const QRect &place);
