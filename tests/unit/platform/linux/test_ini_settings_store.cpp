@@ -9,6 +9,7 @@
 #include <QTest>
 
 using namespace norvane;
+using namespace Qt::StringLiterals;
 using norvane::test::becomeOrdinaryUser;
 using norvane::test::inChild;
 
@@ -17,7 +18,7 @@ namespace {
 class IniSettingsStoreTest : public testing::Test
 {
 protected:
-    IniSettingsStoreTest() : file(m_folder.path() + QStringLiteral("/norvane/norvane.conf")) {}
+    IniSettingsStoreTest() : file(m_folder.path() + u"/norvane/norvane.conf"_s) {}
 
     /// What another process or an editor writes.
     void edit(const QByteArray &text)
@@ -27,10 +28,6 @@ protected:
         ASSERT_EQ(out.write(text), text.size());
     }
     QByteArray text() { return files.read(file); }
-    QString get(const SettingsStore &store, const char *section, const char *key) const
-    {
-        return store.get(QString::fromUtf8(section), QString::fromUtf8(key), QStringLiteral("(none)"));
-    }
 
     QTemporaryDir m_folder;
     QString file;
@@ -41,17 +38,17 @@ const QStringList &awkwardTexts()
 {
     static const QStringList texts{
         QString(),
-        QStringLiteral(" "),
-        QStringLiteral("  two blanks  "),
-        QStringLiteral("a, b, \"c\" 'd'"),
-        QStringLiteral("@Invalid() %20 $HOME ${x}"),
-        QStringLiteral("line\nline\r\n\ttab"),
-        QStringLiteral("C:\\new\\x0041\\s\\"),
-        QStringLiteral("[HotKeys]"),
-        QStringLiteral("=; # key=value"),
-        QStringLiteral("#comment"),
-        QStringLiteral("\x01\x7f") + QChar(0) + QStringLiteral("end"),
-        QChar(0xD800) + QStringLiteral("half"),
+        u" "_s,
+        u"  two blanks  "_s,
+        u"a, b, \"c\" 'd'"_s,
+        u"@Invalid() %20 $HOME ${x}"_s,
+        u"line\nline\r\n\ttab"_s,
+        u"C:\\new\\x0041\\s\\"_s,
+        u"[HotKeys]"_s,
+        u"=; # key=value"_s,
+        u"#comment"_s,
+        u"\x01\x7f"_s + QChar(0) + u"end"_s,
+        QChar(0xD800) + u"half"_s,
         QString::fromUtf8("\xF0\x9F\x98\x80 \xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D \xC2\xA0"),
         QString(QChar(0x2028)),
         QString(5000, u'x'),
@@ -64,68 +61,57 @@ TEST_F(IniSettingsStoreTest, KeepsAnyTextAsValueKeyAndSection)
     {
         IniSettingsStore store(file, files);
         for (const QString &awkward : awkwardTexts()) {
-            store.save(QStringLiteral("Main"), QStringLiteral("k") + awkward, awkward);
-            store.save(QStringLiteral("s") + awkward, awkward, QStringLiteral("1"));
+            store.save(u"Main"_s, u"k"_s + awkward, awkward);
+            store.save(u"s"_s + awkward, awkward, u"1"_s);
         }
     }
     EXPECT_EQ(QFile::permissions(file) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     const IniSettingsStore store(file, files);
     for (const QString &awkward : awkwardTexts()) {
-        EXPECT_EQ(store.get(QStringLiteral("Main"), QStringLiteral("k") + awkward, QStringLiteral("?")),
-                  awkward);
-        EXPECT_EQ(store.get(QStringLiteral("s") + awkward, awkward, QStringLiteral("?")), QStringLiteral("1"))
-            << awkward.toStdString();
+        EXPECT_EQ(store.get(u"Main"_s, u"k"_s + awkward, u"?"_s), awkward);
+        EXPECT_EQ(store.get(u"s"_s + awkward, awkward, u"?"_s), u"1"_s) << awkward.toStdString();
     }
-    EXPECT_EQ(store.list(QStringLiteral("Main")).size(), awkwardTexts().size());
-}
-
-TEST_F(IniSettingsStoreTest, WithoutAFileEverythingIsDefaultAndNothingIsMade)
-{
-    {
-        const IniSettingsStore store(file, files);
-        EXPECT_EQ(get(store, "HotKeys", "Main.0"), QStringLiteral("(none)"));
-        EXPECT_TRUE(store.list(QStringLiteral("HotKeys")).isEmpty());
-    }
-    EXPECT_FALSE(QFile::exists(file));
+    EXPECT_EQ(store.list(u"Main"_s).size(), awkwardTexts().size());
 }
 
 TEST_F(IniSettingsStoreTest, SavesOfAMomentAreOneWrite)
 {
     IniSettingsStore store(file, files);
-    store.save(QStringLiteral("Main"), QStringLiteral("Top"), QStringLiteral("1"));
-    store.save(QStringLiteral("Main"), QStringLiteral("Left"), QStringLiteral("2"));
+    EXPECT_EQ(store.get(u"Main"_s, u"Left"_s, u"?"_s), u"?");
+    EXPECT_TRUE(store.list(u"Main"_s).isEmpty());
+    store.save(u"Main"_s, u"Top"_s, u"1"_s);
+    store.save(u"Main"_s, u"Left"_s, u"2"_s);
     EXPECT_FALSE(QFile::exists(file));
-    EXPECT_EQ(get(store, "Main", "Left"), QStringLiteral("2"));
-    EXPECT_EQ(store.list(QStringLiteral("Main")),
-              QStringList({QStringLiteral("Left"), QStringLiteral("Top")}));
+    EXPECT_EQ(store.get(u"Main"_s, u"Left"_s, u"?"_s), u"2"_s);
+    EXPECT_EQ(store.list(u"Main"_s), QStringList({u"Left"_s, u"Top"_s}));
     ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(file); }, 20000));
     EXPECT_EQ(text(), "[Main]\nLeft=2\nTop=1\n");
 }
 
 TEST_F(IniSettingsStoreTest, ReadsWhatAPersonTyped)
 {
-    IniSettingsStore(file, files).save(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"));
+    IniSettingsStore(file, files).save(u"a"_s, u"b"_s, u"c"_s);
     edit("# mine\r\n[ClassEx]\r\n Items = 2 \r\n01=Gimp, \"x\"\r\nno value\r\n;02=off\r\n"
          "path=C:\\Data\\q\r\n");
     const IniSettingsStore store(file, files);
-    EXPECT_EQ(get(store, "ClassEx", "Items"), QStringLiteral("2"));
-    EXPECT_EQ(get(store, "ClassEx", "01"), QStringLiteral("Gimp, \"x\""));
-    EXPECT_EQ(get(store, "ClassEx", "02"), QStringLiteral("(none)"));
-    EXPECT_EQ(get(store, "ClassEx", "path"), QStringLiteral("C:\\Data\\q"));
+    EXPECT_EQ(store.get(u"ClassEx"_s, u"Items"_s, u"?"_s), u"2"_s);
+    EXPECT_EQ(store.get(u"ClassEx"_s, u"01"_s, u"?"_s), u"Gimp, \"x\""_s);
+    EXPECT_EQ(store.get(u"ClassEx"_s, u"02"_s, u"?"_s), u"?"_s);
+    EXPECT_EQ(store.get(u"ClassEx"_s, u"path"_s, u"?"_s), u"C:\\Data\\q"_s);
 }
 
 TEST_F(IniSettingsStoreTest, KeepsForeignLinesAndSeesForeignEdits)
 {
     IniSettingsStore store(file, files);
-    store.save(QStringLiteral("DB"), QStringLiteral("MRU1"), QStringLiteral("/a"));
+    store.save(u"DB"_s, u"MRU1"_s, u"/a"_s);
     store.flush();
     edit("# mine\n[DB]\nMRU1=/other\nMRU2=/b\n\n[Other]\nx\n");
-    EXPECT_EQ(get(store, "DB", "MRU1"), QStringLiteral("/other"));
+    EXPECT_EQ(store.get(u"DB"_s, u"MRU1"_s, u"?"_s), u"/other"_s);
 
-    store.save(QStringLiteral("DB"), QStringLiteral("MRU3"), QStringLiteral("/c"));
+    store.save(u"DB"_s, u"MRU3"_s, u"/c"_s);
     edit("# mine\n[DB]\nMRU1=/third\nMRU2=/b\n\n[Other]\nx\n");
-    store.save(QStringLiteral("New"), QStringLiteral("k"), QStringLiteral("v"));
-    store.save(QStringLiteral("DB"), QStringLiteral("MRU2"), QStringLiteral("/d"));
+    store.save(u"New"_s, u"k"_s, u"v"_s);
+    store.save(u"DB"_s, u"MRU2"_s, u"/d"_s);
     store.flush();
     EXPECT_EQ(text(), "# mine\n[DB]\nMRU1=/third\nMRU2=/d\nMRU3=/c\n\n[Other]\nx\n\n[New]\nk=v\n");
 }
@@ -133,11 +119,11 @@ TEST_F(IniSettingsStoreTest, KeepsForeignLinesAndSeesForeignEdits)
 TEST_F(IniSettingsStoreTest, ValueSavedBackIsNotWritten)
 {
     IniSettingsStore store(file, files);
-    store.save(QStringLiteral("Main"), QStringLiteral("Top"), QStringLiteral("1"));
+    store.save(u"Main"_s, u"Top"_s, u"1"_s);
     store.flush();
-    store.save(QStringLiteral("Main"), QStringLiteral("Top"), QStringLiteral("2"));
-    store.save(QStringLiteral("Main"), QStringLiteral("Top"), QStringLiteral("1"));
-    EXPECT_EQ(get(store, "Main", "Top"), QStringLiteral("1"));
+    store.save(u"Main"_s, u"Top"_s, u"2"_s);
+    store.save(u"Main"_s, u"Top"_s, u"1"_s);
+    EXPECT_EQ(store.get(u"Main"_s, u"Top"_s, u"?"_s), u"1"_s);
     edit("[Main]\nTop=7\n");
     store.flush();
     EXPECT_EQ(text(), "[Main]\nTop=7\n");
@@ -145,7 +131,7 @@ TEST_F(IniSettingsStoreTest, ValueSavedBackIsNotWritten)
 
 TEST_F(IniSettingsStoreTest, FileThatCannotBeUsedIsLeftAndValuesHoldForTheRun)
 {
-    IniSettingsStore(file, files).save(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"));
+    IniSettingsStore(file, files).save(u"a"_s, u"b"_s, u"c"_s);
     ASSERT_TRUE(QFile::setPermissions(m_folder.path(), QFile::Permissions(0x7755)));
     ASSERT_TRUE(QFile::setPermissions(QFileInfo(file).path(), QFile::Permissions(0x7777)));
     ASSERT_TRUE(QFile::setPermissions(file, QFile::Permissions()));
@@ -153,9 +139,9 @@ TEST_F(IniSettingsStoreTest, FileThatCannotBeUsedIsLeftAndValuesHoldForTheRun)
         if (!becomeOrdinaryUser())
             return 100;
         IniSettingsStore store(file, files);
-        store.save(QStringLiteral("Main"), QStringLiteral("Top"), QStringLiteral("1"));
+        store.save(u"Main"_s, u"Top"_s, u"1"_s);
         store.flush();
-        return get(store, "Main", "Top") == u"1" ? 0 : 1;
+        return store.get(u"Main"_s, u"Top"_s, u"?"_s) == u"1" ? 0 : 1;
     });
     EXPECT_EQ(result, 0);
     ASSERT_TRUE(QFile::setPermissions(file, QFile::ReadOwner));

@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 
 using namespace norvane;
+using namespace Qt::StringLiterals;
 using norvane::test::becomeOrdinaryUser;
 using norvane::test::inChild;
 
@@ -21,14 +22,14 @@ protected:
     LinuxShellTest() : m_path(qgetenv("PATH"))
     {
         qunsetenv("BROWSER");
-        qputenv("PATH", QFile::encodeName(path(QStringLiteral("bin"))));
-        folders.config = path(QStringLiteral("config"));
-        folders.data = path(QStringLiteral("data"));
+        qputenv("PATH", QFile::encodeName(path(u"bin"_s)));
+        folders.config = path(u"config"_s);
+        folders.data = path(u"data"_s);
         folders.configSearch = {folders.config};
-        folders.dataSearch = {folders.data, path(QStringLiteral("system"))};
-        folders.desktops = {QStringLiteral("testdesk")};
-        makeProgram(QStringLiteral("bin/xdg-open"));
-        makeProgram(QStringLiteral("bin/gio"));
+        folders.dataSearch = {folders.data, path(u"system"_s)};
+        folders.desktops = {u"testdesk"_s};
+        makeProgram(u"bin/xdg-open"_s);
+        makeProgram(u"bin/gio"_s);
     }
     ~LinuxShellTest() override { qputenv("PATH", m_path); }
 
@@ -42,7 +43,7 @@ protected:
     }
     void makeProgram(const QString &name, const QByteArray &start = "#!/bin/sh\n")
     {
-        makeFile(name, start + "echo \"${0##*/} $*\" >> \"" + path(QStringLiteral("log")).toUtf8() + "\"\n");
+        makeFile(name, start + "echo \"${0##*/} $*\" >> \"" + path(u"log"_s).toUtf8() + "\"\n");
         setMode(name, 0755);
     }
     void setMode(const QString &name, mode_t mode)
@@ -51,7 +52,7 @@ protected:
     }
     QStringList log() const
     {
-        QFile file(path(QStringLiteral("log")));
+        QFile file(path(u"log"_s));
         if (!file.open(QIODevice::ReadOnly))
             return {};
         return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
@@ -71,125 +72,107 @@ private:
 
 TEST_F(LinuxShellTest, AddressGoesToTheLauncherWhenAProgramIsThere)
 {
-    const QString address = QStringLiteral("https://example.com/?q=a b&c='d'");
+    const QString address = u"https://example.com/?q=a b&c='d'"_s;
     EXPECT_EQ(open(address), Shell::kNoAssociation);
-    makeFile(QStringLiteral("config/mimeapps.list"),
-             "[Default Applications]\nx-scheme-handler/https=gone.desktop;\n");
+    makeFile(u"config/mimeapps.list"_s, "[Default Applications]\nx-scheme-handler/https=gone.desktop;\n");
     EXPECT_EQ(open(address), Shell::kNoAssociation) << "a program that is not installed";
-    makeFile(QStringLiteral("system/applications/vendor/gone.desktop"), "[Desktop Entry]\n");
-    makeFile(QStringLiteral("config/mimeapps.list"),
+    makeFile(u"system/applications/vendor/gone.desktop"_s, "[Desktop Entry]\n");
+    makeFile(u"config/mimeapps.list"_s,
              "[Default Applications]\nx-scheme-handler/https=vendor-gone.desktop;\n");
     EXPECT_EQ(open(address), Shell::kOpened);
-    EXPECT_TRUE(waitForLog(QStringLiteral("xdg-open ") + address));
-}
-
-TEST_F(LinuxShellTest, BareWebAddressGetsItsScheme)
-{
-    makeFile(QStringLiteral("system/applications/web.desktop"),
-             "[Desktop Entry]\nMimeType=text/html;x-scheme-handler/http;\n");
-    EXPECT_EQ(open(QStringLiteral("www.example.com")), Shell::kOpened);
-    EXPECT_TRUE(waitForLog(QStringLiteral("xdg-open http://www.example.com")));
-    EXPECT_EQ(open(QStringLiteral("mailto:ann@example.com")), Shell::kNoAssociation);
+    EXPECT_TRUE(waitForLog(u"xdg-open "_s + address));
 }
 
 TEST_F(LinuxShellTest, DocumentIsTestedBeforeItIsOpened)
 {
-    makeFile(QStringLiteral("docs/a b.txt"), "text");
-    makeFile(QStringLiteral("docs/a.html"), "<html></html>");
-    EXPECT_EQ(open(path(QStringLiteral("docs/none.txt"))), Shell::kFileNotFound);
-    EXPECT_EQ(open(path(QStringLiteral("none/a.txt"))), Shell::kPathNotFound);
-    EXPECT_EQ(open(path(QStringLiteral("docs/a.html/below"))), Shell::kPathNotFound);
-    EXPECT_EQ(open(path(QStringLiteral("docs/a b.txt"))), Shell::kNoAssociation);
+    makeFile(u"docs/a b.txt"_s, "text");
+    makeFile(u"docs/a.html"_s, "<html></html>");
+    EXPECT_EQ(open(path(u"docs/none.txt"_s)), Shell::kFileNotFound);
+    EXPECT_EQ(open(path(u"none/a.txt"_s)), Shell::kPathNotFound);
+    EXPECT_EQ(open(path(u"docs/a.html/below"_s)), Shell::kPathNotFound);
+    EXPECT_EQ(open(path(u"docs/a b.txt"_s)), Shell::kNoAssociation);
 
-    makeFile(QStringLiteral("system/applications/edit.desktop"), "[Desktop Entry]\n");
-    makeFile(QStringLiteral("system/applications/mimeinfo.cache"),
-             "[MIME Cache]\ntext/plain=edit.desktop;\n");
-    EXPECT_EQ(open(path(QStringLiteral("docs/a.html"))), Shell::kOpened) << "HTML is text, too";
-    EXPECT_TRUE(waitForLog(QStringLiteral("xdg-open ") + path(QStringLiteral("docs/a.html"))));
+    makeFile(u"system/applications/edit.desktop"_s, "[Desktop Entry]\n");
+    makeFile(u"system/applications/mimeinfo.cache"_s, "[MIME Cache]\ntext/plain=edit.desktop;\n");
+    EXPECT_EQ(open(path(u"docs/a.html"_s)), Shell::kOpened) << "HTML is text, too";
+    EXPECT_TRUE(waitForLog(u"xdg-open "_s + path(u"docs/a.html"_s)));
 
     // The user has taken the program away from the type.
-    makeFile(QStringLiteral("config/testdesk-mimeapps.list"),
-             "[Removed Associations]\ntext/plain=edit.desktop;\n");
-    EXPECT_EQ(open(path(QStringLiteral("docs/a b.txt"))), Shell::kNoAssociation);
+    makeFile(u"config/testdesk-mimeapps.list"_s, "[Removed Associations]\ntext/plain=edit.desktop;\n");
+    EXPECT_EQ(open(path(u"docs/a b.txt"_s)), Shell::kNoAssociation);
 }
 
 TEST_F(LinuxShellTest, FolderOpensAsFolderEvenWithAProgramsName)
 {
-    makeFile(QStringLiteral("system/applications/files.desktop"),
-             "[Desktop Entry]\nMimeType=inode/directory;\n");
-    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("My Tool.AppImage"))));
-    EXPECT_EQ(open(QStringLiteral("file://") + path(QStringLiteral("My%20Tool.AppImage"))), Shell::kOpened);
-    EXPECT_TRUE(waitForLog(QStringLiteral("xdg-open ") + path(QStringLiteral("My Tool.AppImage"))));
+    makeFile(u"system/applications/files.desktop"_s, "[Desktop Entry]\nMimeType=inode/directory;\n");
+    ASSERT_TRUE(QDir().mkpath(path(u"My Tool.AppImage"_s)));
+    EXPECT_EQ(open(u"file://"_s + path(u"My%20Tool.AppImage"_s)), Shell::kOpened);
+    EXPECT_TRUE(waitForLog(u"xdg-open "_s + path(u"My Tool.AppImage"_s)));
 }
 
-TEST_F(LinuxShellTest, ProgramRuns)
+TEST_F(LinuxShellTest, ProgramRunsByItsPathItsNameOrItsEntry)
 {
-    makeProgram(QStringLiteral("tools/tool"));
-    EXPECT_EQ(open(path(QStringLiteral("tools/tool"))), Shell::kOpened);
-    EXPECT_TRUE(waitForLog(QStringLiteral("tool ")));
-}
-
-TEST_F(LinuxShellTest, ProgramIsFoundByItsName)
-{
-    makeProgram(QStringLiteral("bin/tool"));
-    EXPECT_EQ(open(QStringLiteral("tool")), Shell::kOpened);
-    EXPECT_TRUE(waitForLog(QStringLiteral("tool ")));
-    EXPECT_EQ(open(QStringLiteral("no-such-tool")), Shell::kFileNotFound);
-}
-
-TEST_F(LinuxShellTest, SandboxedProgramIsFoundByItsEntry)
-{
-    makeFile(QStringLiteral("data/applications/org.example.Tool.desktop"), "[Desktop Entry]\n");
-    EXPECT_EQ(open(QStringLiteral("org.example.Tool")), Shell::kOpened);
-    EXPECT_TRUE(waitForLog(QStringLiteral("gio launch ") + folders.data +
-                           QStringLiteral("/applications/org.example.Tool.desktop")));
+    makeProgram(u"tools/tool"_s);
+    makeProgram(u"bin/other"_s);
+    makeFile(u"data/applications/org.example.Tool.desktop"_s, "[Desktop Entry]\n");
+    const std::pair<QString, QString> rows[] = {
+        {path(u"tools/tool"_s), u"tool "_s},
+        {u"other"_s, u"other "_s},
+        {u"org.example.Tool"_s,
+         u"gio launch "_s + folders.data + u"/applications/org.example.Tool.desktop"_s}};
+    for (const auto &[location, started] : rows) {
+        EXPECT_EQ(open(location), Shell::kOpened);
+        EXPECT_TRUE(waitForLog(started)) << started.toStdString();
+        QFile::remove(path(u"log"_s));
+    }
+    EXPECT_EQ(open(u"no-such-tool"_s), Shell::kFileNotFound);
 }
 
 TEST_F(LinuxShellTest, ProgramThatCannotRunSaysSo)
 {
-    makeProgram(QStringLiteral("Broken.AppImage"), "#!/no/such/interpreter\n");
-    EXPECT_EQ(open(path(QStringLiteral("Broken.AppImage"))), Shell::kBadExecutable);
-    setMode(QStringLiteral("Broken.AppImage"), 0644);
-    EXPECT_EQ(open(path(QStringLiteral("Broken.AppImage"))), Shell::kAccessDenied);
+    makeProgram(u"Broken.AppImage"_s, "#!/no/such/interpreter\n");
+    EXPECT_EQ(open(path(u"Broken.AppImage"_s)), Shell::kBadExecutable);
+    setMode(u"Broken.AppImage"_s, 0644);
+    EXPECT_EQ(open(path(u"Broken.AppImage"_s)), Shell::kAccessDenied);
 }
 
 TEST_F(LinuxShellTest, WithoutALauncherTheAssociationIsIncomplete)
 {
-    makeFile(QStringLiteral("system/applications/web.desktop"),
-             "[Desktop Entry]\nMimeType=x-scheme-handler/http;\n");
-    ASSERT_TRUE(QFile::remove(path(QStringLiteral("bin/xdg-open"))));
-    EXPECT_EQ(open(QStringLiteral("http://a")), Shell::kOpened);
-    EXPECT_TRUE(waitForLog(QStringLiteral("gio open http://a")));
-    ASSERT_TRUE(QFile::remove(path(QStringLiteral("bin/gio"))));
-    EXPECT_EQ(open(QStringLiteral("http://a")), Shell::kAssociationIncomplete);
+    makeFile(u"system/applications/web.desktop"_s, "[Desktop Entry]\nMimeType=x-scheme-handler/http;\n");
+    ASSERT_TRUE(QFile::remove(path(u"bin/xdg-open"_s)));
+    EXPECT_EQ(open(u"www.a.example"_s), Shell::kOpened);
+    EXPECT_TRUE(waitForLog(u"gio open http://www.a.example"_s)) << "a bare web address gets its scheme";
+    EXPECT_EQ(open(u"mailto:ann@example.com"_s), Shell::kNoAssociation);
+    ASSERT_TRUE(QFile::remove(path(u"bin/gio"_s)));
+    EXPECT_EQ(open(u"http://a"_s), Shell::kAssociationIncomplete);
 }
 
 TEST_F(LinuxShellTest, MissingRightsAreTold)
 {
-    makeFile(QStringLiteral("secret.txt"), "x");
-    makeFile(QStringLiteral("closed/a.txt"), "x");
-    setMode(QStringLiteral("secret.txt"), 0000);
-    setMode(QStringLiteral("closed"), 0000);
+    makeFile(u"secret.txt"_s, "x");
+    makeFile(u"closed/a.txt"_s, "x");
+    setMode(u"secret.txt"_s, 0000);
+    setMode(u"closed"_s, 0000);
     setMode(QString(), 0755);
     const int result = inChild([&] {
         if (!becomeOrdinaryUser())
             return 100;
-        if (open(path(QStringLiteral("secret.txt"))) != Shell::kAccessDenied)
+        if (open(path(u"secret.txt"_s)) != Shell::kAccessDenied)
             return 1;
-        if (open(path(QStringLiteral("closed/a.txt"))) != Shell::kAccessDenied)
+        if (open(path(u"closed/a.txt"_s)) != Shell::kAccessDenied)
             return 2;
-        return open(path(QStringLiteral("closed"))) == Shell::kAccessDenied ? 0 : 3;
+        return open(path(u"closed"_s)) == Shell::kAccessDenied ? 0 : 3;
     });
-    setMode(QStringLiteral("closed"), 0700);
+    setMode(u"closed"_s, 0700);
     EXPECT_EQ(result, 0);
 }
 
 TEST_F(LinuxShellTest, ProgramFolderIsMadeForTheUserAlone)
 {
-    folders.data = path(QStringLiteral("a/b"));
+    folders.data = path(u"a/b"_s);
     const QString folder = LinuxShell(folders).programFolder();
-    EXPECT_EQ(folder, path(QStringLiteral("a/b/norvane")));
-    for (const QString &made : {folder, path(QStringLiteral("a"))}) {
+    EXPECT_EQ(folder, path(u"a/b/norvane"_s));
+    for (const QString &made : {folder, path(u"a"_s)}) {
         struct stat status = {};
         ASSERT_EQ(::stat(QFile::encodeName(made).constData(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777, 0700u);

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 
 using namespace norvane;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,7 +21,7 @@ protected:
     LinuxSoundTest() : m_path(qgetenv("PATH"))
     {
         qputenv("PATH", QFile::encodeName(m_folder.path()));
-        makeFile(QStringLiteral("ding.wav"), "RIFF");
+        makeFile(u"ding.wav"_s, "RIFF");
     }
     ~LinuxSoundTest() override { qputenv("PATH", m_path); }
 
@@ -39,7 +40,7 @@ protected:
     }
     QStringList log() const
     {
-        QFile file(path(QStringLiteral("log")));
+        QFile file(path(u"log"_s));
         if (!file.open(QIODevice::ReadOnly))
             return {};
         QString text = QString::fromUtf8(file.readAll());
@@ -61,36 +62,35 @@ private:
 
 TEST_F(LinuxSoundTest, PlaysByTheFirstPlayerThatCan)
 {
-    makePlayer(QStringLiteral("pw-play"), "exit 1");
-    makePlayer(QStringLiteral("aplay"), "exit 0");
-    sound.play(path(QStringLiteral("ding.wav")));
-    ASSERT_TRUE(waitForLog({QStringLiteral("pw-play ding.wav"), QStringLiteral("aplay --quiet ding.wav")}));
+    makePlayer(u"pw-play"_s, "exit 1");
+    makePlayer(u"aplay"_s, "exit 0");
+    sound.play(path(u"ding.wav"_s));
+    ASSERT_TRUE(waitForLog({u"pw-play ding.wav"_s, u"aplay --quiet ding.wav"_s}));
     // The player that failed is not asked again.
     ASSERT_TRUE(QTest::qWaitFor([&] { return !sound.findChild<QObject *>(); }, kPatience));
-    sound.play(path(QStringLiteral("ding.wav")));
-    EXPECT_TRUE(waitForLog({QStringLiteral("pw-play ding.wav"), QStringLiteral("aplay --quiet ding.wav"),
-                            QStringLiteral("aplay --quiet ding.wav")}))
+    sound.play(path(u"ding.wav"_s));
+    EXPECT_TRUE(waitForLog({u"pw-play ding.wav"_s, u"aplay --quiet ding.wav"_s, u"aplay --quiet ding.wav"_s}))
         << log().join(u'|').toStdString();
 }
 
 TEST_F(LinuxSoundTest, NewSoundEndsTheOneBeforeIt)
 {
-    makeFile(QStringLiteral("dong.wav"), "RIFF");
-    makePlayer(QStringLiteral("paplay"), "case $1 in *ding*) read x < \"${0%/*}/never\";; esac");
-    ASSERT_TRUE(QProcess::execute(QStringLiteral("/usr/bin/mkfifo"), {path(QStringLiteral("never"))}) == 0);
-    sound.play(path(QStringLiteral("ding.wav")));
-    ASSERT_TRUE(waitForLog({QStringLiteral("paplay ding.wav")}));
-    sound.play(path(QStringLiteral("dong.wav")));
-    ASSERT_TRUE(waitForLog({QStringLiteral("paplay ding.wav"), QStringLiteral("paplay dong.wav")}));
+    makeFile(u"dong.wav"_s, "RIFF");
+    makePlayer(u"paplay"_s, "case $1 in *ding*) read x < \"${0%/*}/never\";; esac");
+    ASSERT_TRUE(QProcess::execute(u"/usr/bin/mkfifo"_s, {path(u"never"_s)}) == 0);
+    sound.play(path(u"ding.wav"_s));
+    ASSERT_TRUE(waitForLog({u"paplay ding.wav"_s}));
+    sound.play(path(u"dong.wav"_s));
+    ASSERT_TRUE(waitForLog({u"paplay ding.wav"_s, u"paplay dong.wav"_s}));
     EXPECT_TRUE(QTest::qWaitFor([&] { return sound.findChildren<QObject *>().isEmpty(); }, kPatience))
         << "a player was left";
 }
 
 TEST_F(LinuxSoundTest, SilenceIsNoError)
 {
-    sound.play(path(QStringLiteral("ding.wav"))); // no player
-    makePlayer(QStringLiteral("pw-play"), "exit 0");
-    sound.play(path(QStringLiteral("missing.wav")));
+    sound.play(path(u"ding.wav"_s)); // no player
+    makePlayer(u"pw-play"_s, "exit 0");
+    sound.play(path(u"missing.wav"_s));
     EXPECT_TRUE(sound.findChildren<QObject *>().isEmpty());
     sound.beep();
     EXPECT_EQ(bells, 1);
