@@ -7,7 +7,7 @@ namespace norvane::x11 {
 
 namespace {
 
-constexpr qint64 kQuietNs = 1'000'000;
+constexpr qint64 kQuietNs = 50'000;
 
 constexpr size_t kAtomCount = static_cast<size_t>(AtomName::Count);
 

@@ -124,8 +124,8 @@ public:
     void tellWindowManager(xcb_connection_t *over, xcb_window_t window, AtomName message,
                            const std::array<quint32, 5> &data) const;
 
-    /// The next event; empty when there is none. The socket is not read again within a millisecond
-    /// of having been found empty: a turn of the watch cycle asks dozens of times.
+    /// The next event; empty when there is none. The socket is not read again within 50 µs of
+    /// having been found empty: a turn of the watch cycle asks dozens of times.
     XcbPointer<xcb_generic_event_t> pollEvent();
     /// The next event of those that came along with replies.
     XcbPointer<xcb_generic_event_t> queuedEvent();

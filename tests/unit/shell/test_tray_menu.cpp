@@ -1,4 +1,3 @@
-#include "shell/hot_key_actions.h"
 #include "shell/tray_menu.h"
 
 #include <gtest/gtest.h>
@@ -45,14 +44,4 @@ TEST(TrayMenu, ListsItsItemsWithTheKeysBehindThem)
     EXPECT_EQ(asText(filled[0].children), u"mnu_Open_Sub|(Empty) (off) (hidden)\n"
                                           "mnu_Open_Sub|A && B #7\n"
                                           "mnu_Open_Sub|Zoo #3\n");
-}
-
-TEST(HotKeyActions, AreThoseOfTheSixIdsAlone)
-{
-    EXPECT_EQ(hotKeyAction(1), HotKeyAction::ToggleBrowser);
-    EXPECT_EQ(hotKeyAction(3), HotKeyAction::AttachFrontWindow);
-    EXPECT_EQ(hotKeyAction(4), HotKeyAction::CloseFrontNote);
-    EXPECT_EQ(hotKeyAction(6), HotKeyAction::DeleteFrontNote);
-    EXPECT_FALSE(hotKeyAction(0));
-    EXPECT_FALSE(hotKeyAction(7));
 }

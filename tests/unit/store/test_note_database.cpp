@@ -66,22 +66,6 @@ TEST_F(NoteDatabase, CompactsPastAStaleTemporaryFile)
     EXPECT_EQ(store.NoteSet()->field(u"ID"_s), QVariant(kept));
 }
 
-TEST_F(NoteDatabase, CompactsUnderItsPasswordAndNothingThatIsNoDatabase)
-{
-    makeDatabase(u"secret"_s);
-    const QByteArray before = bytes();
-    EXPECT_FALSE(compact(u"wrong"_s));
-    EXPECT_EQ(bytes(), before);
-    EXPECT_TRUE(compact(u"secret"_s));
-    EXPECT_TRUE(opensWith(u"secret"_s));
-    EXPECT_FALSE(opensWith(QString()));
-
-    files.write(store.DatabaseFile, "text");
-    EXPECT_FALSE(compact());
-    EXPECT_EQ(bytes(), "text");
-    EXPECT_FALSE(QFileInfo::exists(temporary()));
-}
-
 TEST_F(NoteDatabase, OfAnEarlierBuildIsRepairedOnceAndNeverWrittenAgain)
 {
     dao::TableDef memos = memosTable();

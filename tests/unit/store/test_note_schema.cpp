@@ -36,18 +36,6 @@ TEST_F(NoteSchema, HasItsFieldsAtTheirPositions)
               "23 LocationName 10,24 AutoURLDetect 1,25 KeyWords 10,26 NoteText 12");
 }
 
-TEST_F(NoteSchema, GivesANewNoteItsDefaults)
-{
-    addNote(u"Page"_s);
-    const auto note = notes(u"true"_s);
-    const std::pair<QString, QVariant> expected[] = {
-        {u"BackColor"_s, 0xC0FFFF}, {u"winTop"_s, 0},     {u"winLeft"_s, 0},      {u"winWidth"_s, 5100},
-        {u"winHeight"_s, 3800},     {u"Active"_s, true},  {u"AutoSave"_s, false}, {u"FormPosition"_s, 0},
-        {u"TypeEffect"_s, false},   {u"LastVisit"_s, {}}, {u"KeyWords"_s, {}}};
-    for (const auto &[field, value] : expected)
-        EXPECT_EQ(note->field(field), value) << field.toStdString();
-}
-
 TEST_F(NoteSchema, IsNotPutOverAFileThatIsThere)
 {
     const QByteArray before = bytes();
