@@ -96,7 +96,7 @@ Program::Program()
                   .timer = m_backends.timer,
                   .forms = m_state.forms,
                   .unloadPreview = {},
-                  .endProcess = [] { QCoreApplication::quit(); }}),
+                  .endProcess = [] { QCoreApplication::exit(0); }}),
       m_firstStart(m_backends.settings, m_backends.notifier),
       m_accessibility(m_backends.settings, m_backends.prompts, m_backends.shellWindows)
 {
@@ -133,6 +133,7 @@ int Program::run(const QStringList &arguments)
     });
     EndSignals endSignals;
     connect(&endSignals, &EndSignals::endAsked, this, &Program::end);
+    qApp->installEventFilter(this);
     connect(
         qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { saveDirtyNotes(m_state.forms); },
         Qt::DirectConnection);
@@ -146,6 +147,15 @@ int Program::run(const QStringList &arguments)
     const int code = QCoreApplication::exec();
     end(); // when the loop was left by another way than the shut-down
     return code;
+}
+
+bool Program::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != qApp || event->type() != QEvent::Quit)
+        return QObject::eventFilter(watched, event);
+    // Left to itself, the toolkit would close each window first, which detaches a note for good.
+    end();
+    return true;
 }
 
 void Program::end()
