@@ -1,5 +1,7 @@
 #include "richtext/EditToolBar.h"
 
+#include "controls/svg_icon.h"
+
 #include <QAction>
 #include <QComboBox>
 #include <QIcon>
@@ -11,6 +13,11 @@ namespace norvane {
 namespace {
 
 const char kMixedProperty[] = "mixed";
+
+QIcon ownPicture(const QString &name, const QColor &ink)
+{
+    return svgIcon(QStringLiteral(":/norvane/edit/icons/%1.svg").arg(name), ink);
+}
 
 QComboBox *makeCombo(EditToolBar *bar, const QString &name, const QString &toolTip)
 {
@@ -55,11 +62,32 @@ EditToolBar::EditToolBar(QWidget *parent) : QToolBar(parent)
     addSeparator();
     addButton(QStringLiteral("C_BULLET"), QStringLiteral("Bullet"), QStringLiteral("format-list-unordered"),
               true);
+    setPictures({});
 }
 
-void EditToolBar::addButton(const QString &key, const QString &toolTip, const QString &icon, bool checkable)
+void EditToolBar::layOn(const QPalette &paper)
 {
-    QAction *action = addAction(QIcon::fromTheme(icon), toolTip);
+    setPalette(paper);
+    setPictures(paper.color(QPalette::ButtonText));
+}
+
+/// @param ink of a paper; invalid on the desktop's own ground
+void EditToolBar::setPictures(const QColor &ink)
+{
+    for (auto picture = m_pictures.constBegin(); picture != m_pictures.constEnd(); ++picture) {
+        const QIcon own = ownPicture(picture.value(), ink);
+        picture.key()->setIcon(ink.isValid() ? own : QIcon::fromTheme(picture.value(), own));
+    }
+    // The toolkit's button for what has no room has a picture for light ground only.
+    if (auto *more = findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button")))
+        more->setIcon(ownPicture(QStringLiteral("tool-bar-more"), ink));
+}
+
+void EditToolBar::addButton(const QString &key, const QString &toolTip, const QString &picture,
+                            bool checkable)
+{
+    QAction *action = addAction(toolTip);
+    m_pictures.insert(action, picture);
     action->setObjectName(key);
     action->setToolTip(toolTip);
     action->setCheckable(checkable);

@@ -9,12 +9,17 @@ namespace norvane {
 
 /// The tool bar `li` of NV_RTFEdit: buttons by key (an action's objectName), `Combo1` with the font
 /// name and `Combo2` with the font size. It shows states and tells of presses; it changes no text.
+/// Its pictures are those of the desktop's icon theme, with our own where that has none.
 class EditToolBar : public QToolBar
 {
     Q_OBJECT
 
 public:
     explicit EditToolBar(QWidget *parent);
+
+    /// Makes the bar a part of a paper: its colours are the palette's, its pictures our own in the
+    /// palette's ink, since a theme's are made for the desktop's ground.
+    void layOn(const QPalette &paper);
 
     /// The button of that key, or nullptr.
     QAction *button(const QString &key) const { return m_buttons.value(key); }
@@ -38,10 +43,12 @@ signals:
     void fontSizeChosen(double points);
 
 private:
-    void addButton(const QString &key, const QString &toolTip, const QString &icon, bool checkable);
+    void addButton(const QString &key, const QString &toolTip, const QString &picture, bool checkable);
     void addCombos();
+    void setPictures(const QColor &ink);
 
     QHash<QString, QAction *> m_buttons;
+    QHash<QAction *, QString> m_pictures; ///< by their names in icon themes
     QComboBox *m_fontName = nullptr;
     QComboBox *m_fontSize = nullptr;
 };

@@ -98,6 +98,19 @@ void NV_RTFEdit::ShowToolbar(bool visible)
     layOut();
 }
 
+void NV_RTFEdit::setBackColor(quint32 color)
+{
+    m_box->setBackColor(color);
+    setToolBarOnPaper(m_toolBarOnPaper);
+}
+
+void NV_RTFEdit::setToolBarOnPaper(bool on)
+{
+    m_toolBarOnPaper = on;
+    if (on)
+        m_toolBar->layOn(m_box->palette());
+}
+
 bool NV_RTFEdit::ToolBar() const
 {
     return !m_toolBar->isHidden();

@@ -81,7 +81,7 @@ public:
 
     // Look
     quint32 BackColor() const { return m_box->BackColor(); }
-    void setBackColor(quint32 color) { m_box->setBackColor(color); }
+    void setBackColor(quint32 color);
     bool Enabled() const { return m_box->isEnabled(); }
     /// The box alone; the tool bar stays as it is.
     void setEnabled(bool enabled) { m_box->setEnabled(enabled); }
@@ -101,6 +101,9 @@ public:
     void ShowToolbar(bool visible);
     bool ToolBar() const;
     void setToolBar(bool visible) { ShowToolbar(visible); }
+    /// Whether the tool bar lies on the box's paper, in its colours, and not on the window. Initially
+    /// false.
+    void setToolBarOnPaper(bool on);
     /// Whether the right mouse button opens the context menu. Initially true.
     void ContextMenu(bool enabled) { m_contextMenu = enabled; }
     /// Fills `Combo1` with the installed font families, in the system's order, and shows the
@@ -153,6 +156,7 @@ private:
     RichTextBox *m_box = nullptr;
     EditToolBar *m_toolBar = nullptr;
     bool m_contextMenu = true;
+    bool m_toolBarOnPaper = false;
     bool m_fontsFilled = false;
     bool mAutoURLDetect = false;
 };

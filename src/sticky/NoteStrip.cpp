@@ -4,6 +4,7 @@
 #include "sticky/PinButton.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace norvane {
 
@@ -11,6 +12,7 @@ namespace {
 
 constexpr int kGap = 6;         // between pin, name and image, pixels
 constexpr int kImageMargin = 3; // 45 twips
+constexpr int kLeading = 2;     // above and below the name
 
 /// Three fine lines that say "take hold here", at the right of the strip.
 class GripImage : public QWidget
@@ -56,6 +58,11 @@ NoteStrip::NoteStrip(QWidget *parent)
     font.setPointSizeF(std::max(7.0, font.pointSizeF() - 1.0));
     m_label->setFont(font);
     setCaption(QStringLiteral("Name"));
+}
+
+int NoteStrip::thickness() const
+{
+    return std::max(kNoteStrip, m_label->fontMetrics().height() + 2 * kLeading);
 }
 
 void NoteStrip::setCaption(const QString &caption)

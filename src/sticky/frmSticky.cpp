@@ -10,6 +10,7 @@
 #include "platform/WatchTimer.h"
 #include "platform/WindowEmbedding.h"
 #include "platform/WindowSystem.h"
+#include "platform/errors.h"
 #include "richtext/NV_RTFEdit.h"
 #include "sticky/NoteStrip.h"
 #include "sticky/PinButton.h"
@@ -86,6 +87,7 @@ frmSticky::frmSticky(const StickyServices &services)
     m_text->setAccessibleName(tr("Note"));
     m_text->setBorderStyle(0);
     m_text->setToolBar(false);
+    m_text->setToolBarOnPaper(true);
     m_text->setSelFontSize(kFontSize);
     m_text->setEnableSaveButton(false);
     // The pin opens the note's menu; it is there with the menus.
@@ -164,12 +166,20 @@ void frmSticky::moveTwips(const QRectF &rect)
     pixels.setSize(pixels.size().expandedTo(kNoteLeast));
     m_loadedTwips = rect;
     m_loadedPixels = pixels;
+    const bool sized = pixels.size() != m_place.size();
     moveTo(pixels);
+    if (sized)
+        geometryEdited();
 }
 
 QRectF frmSticky::rectTwips() const
 {
-    return m_place == m_loadedPixels ? m_loadedTwips : m_services.twips.fromPixels(m_place);
+    QRectF twips = m_services.twips.fromPixels(m_place);
+    if (m_place.topLeft() == m_loadedPixels.topLeft())
+        twips.moveTopLeft(m_loadedTwips.topLeft());
+    if (m_place.size() == m_loadedPixels.size())
+        twips.setSize(m_loadedTwips.size());
+    return twips;
 }
 
 void frmSticky::movePixels(const QPoint &position)
@@ -257,19 +267,18 @@ void frmSticky::nudge()
 
 void frmSticky::paintEvent(QPaintEvent *)
 {
+    // Areas one in the other: lines would be uneven where a pixel of ours is several of the screen's.
     QPainter painter(this);
-    painter.fillRect(rect(), m_paper.paper);
-    painter.setPen(m_paper.softEdge);
-    painter.drawRect(rect().adjusted(1, 1, -2, -2));
-    painter.setPen(m_paper.edge);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.fillRect(rect(), m_paper.edge);
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), m_paper.softEdge);
+    painter.fillRect(rect().adjusted(2, 2, -2, -2), m_paper.paper);
 }
 
 void frmSticky::resizeEvent(QResizeEvent *)
 {
     const int width = std::max(0, this->width() - 2 * kNoteEdge);
-    m_strip->setGeometry(1, 1, std::max(0, this->width() - 2), kNoteStrip + kNoteEdge - 1);
-    const int top = kNoteEdge + kNoteStrip;
+    const int top = kNoteEdge + m_strip->thickness();
+    m_strip->setGeometry(1, 1, std::max(0, this->width() - 2), top - 1);
     m_text->setGeometry(kNoteEdge, top, width, std::max(0, height() - top - kNoteEdge));
 }
 
@@ -289,9 +298,11 @@ void frmSticky::closeEvent(QCloseEvent *event)
 
 void frmSticky::mousePressEvent(QMouseEvent *event)
 {
-    if (event->button() != Qt::LeftButton)
+    const QPoint point = event->position().toPoint();
+    // What the text and its tool bar have no use for comes here too, and takes hold of nothing.
+    if (event->button() != Qt::LeftButton || m_text->geometry().contains(point))
         return;
-    m_grip = noteGripAt(event->position().toPoint(), size());
+    m_grip = noteGripAt(point, size());
     if (m_grip == NoteGrip::None)
         m_grip = NoteGrip::Move;
     m_dragStart = event->globalPosition().toPoint();
@@ -352,13 +363,16 @@ void frmSticky::SaveNote()
 
 void frmSticky::saveAtExit()
 {
-    if (!fields.AutoSave || !isDirty())
+    if (!fields.AutoSave || !isDirty() || m_rescued == m_changes)
         return;
     try {
         writeNote();
         resetSaveState();
-    } catch (const RuntimeError &) {
-        m_services.rescue.rescue(fields.FriendlyName, m_text->TextRTF());
+    } catch (const RuntimeError &error) {
+        // A note whose row was deleted is meant to go.
+        if (error.number() != kErrorNoCurrentRecord && error.number() != kErrorRecordDeleted)
+            m_services.rescue.rescue(fields.FriendlyName, m_text->TextRTF());
+        m_rescued = m_changes;
     }
 }
 
@@ -370,7 +384,7 @@ void frmSticky::mnuFile_Close_Click()
                              ? nullptr
                              : m_services.store.database()->openRecordset(
                                    QStringLiteral("select ID,Active from memos where ID=%1").arg(fields.ID));
-        if (row) {
+        if (row && !row->eof()) {
             row->edit();
             row->setField(QStringLiteral("ACTIVE"), false);
             row->update();
@@ -398,11 +412,9 @@ void frmSticky::unload()
     if (m_unloaded)
         return;
     m_unloaded = true;
-    if (fields.AutoSave && isDirty()) {
+    if (fields.AutoSave && isDirty())
         SaveNote();
-        if (isDirty())
-            m_services.rescue.rescue(fields.FriendlyName, m_text->TextRTF());
-    }
+    saveAtExit(); // what came while it was saved, or could not be
     m_services.clips.RemoveByHwnd(m_handle);
     m_services.forms.remove(this);
     if (isActiveWindow() && fields.ParentHwnd != kNoWindow)

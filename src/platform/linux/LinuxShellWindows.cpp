@@ -40,6 +40,7 @@ struct LinuxShellWindows::Private
     {
     }
 
+    void startBuses();
     ProgramQueue *queueOf(const LookUpRequest &request);
     bool startLookUp(LookUpRequest request);
     void windowForgotten(WindowHandle window, qint64 processId);
@@ -77,8 +78,6 @@ LinuxShellWindows::LinuxShellWindows(WindowSystem &windows, const DesktopSession
 
     d->busThread.setObjectName(QStringLiteral("desktop buses"));
     d->buses.moveToThread(&d->busThread);
-    d->busThread.start();
-    QMetaObject::invokeMethod(&d->buses, &DesktopBuses::start, Qt::QueuedConnection);
 }
 
 LinuxShellWindows::~LinuxShellWindows()
@@ -94,10 +93,20 @@ LinuxShellWindows::~LinuxShellWindows()
     m_d->busThread.wait();
 }
 
+/// Nobody connects to a bus, nor has programs tell their events there, before a window is asked for.
+void LinuxShellWindows::Private::startBuses()
+{
+    if (busThread.isRunning())
+        return;
+    busThread.start();
+    QMetaObject::invokeMethod(&buses, &DesktopBuses::start, Qt::QueuedConnection);
+}
+
 ProgramQueue *LinuxShellWindows::Private::queueOf(const LookUpRequest &request)
 {
     if (request.processId <= 0)
         return nullptr;
+    startBuses();
     const auto known = queues.find(request.processId);
     if (known != queues.end())
         return known->second.get();

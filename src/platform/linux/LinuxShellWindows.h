@@ -21,7 +21,8 @@ struct DesktopSession
 ///
 /// Browsers and most file managers tell them on the accessibility bus, others on the session bus.
 /// Each program is asked in a thread of its own. Buses that are missing are no error: the locations
-/// are empty until they come.
+/// are empty until they come. Until the first browser or folder window is asked for, nothing of this
+/// is started.
 class LinuxShellWindows final : public ShellWindows
 {
     Q_OBJECT

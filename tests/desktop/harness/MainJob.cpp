@@ -136,7 +136,8 @@ bool MainJob::attachAndType()
     if (!attached || !step(QStringLiteral("the keyboard stays with the program"),
                            [this] { return m_x.activeWindow() == m_window; }))
         return false;
-    if (!dragNote())
+    const bool dragged = m_norvane.drag(note(), QPoint(590, 60));
+    if (!step(QStringLiteral("the note is dragged by its strip"), [&] { return dragged; }))
         return false;
     m_x.click(m_x.geometry(note()).center());
     if (!step(QStringLiteral("a click gives the note the keyboard"),
@@ -155,21 +156,6 @@ bool MainJob::attachAndType()
     m_place = noteInTarget();
     m_look = m_norvane.settledPictureOf(note());
     return true;
-}
-
-/// By its title strip, in steps as a hand makes them.
-bool MainJob::dragNote()
-{
-    const QPoint before = noteInTarget().topLeft();
-    const QPoint strip = m_x.geometry(note()).topLeft() + QPoint(160, 14);
-    const QPoint way(590, 60);
-    m_x.moveMouse(strip);
-    m_x.button(1, true);
-    for (int part = 1; part <= 10; ++part)
-        m_x.moveMouse(strip + way * part / 10);
-    m_x.button(1, false);
-    return step(QStringLiteral("the note is dragged by its strip"),
-                [&] { return noteInTarget().topLeft() == before + way; });
 }
 
 bool MainJob::leaveAndReturn()

@@ -51,7 +51,6 @@ private:
     bool go(int thing, const QString &name, const std::function<bool()> &seen);
     bool openTarget();
     bool attachAndType();
-    bool dragNote();
     bool leaveAndReturn();
     bool openSecondWindow();
     bool moveAndMinimise();

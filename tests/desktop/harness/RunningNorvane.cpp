@@ -14,6 +14,10 @@ constexpr int kSettledMs = 900;
 /// An attach that found no location yet is tried again, as a person does.
 constexpr int kPressAgainMs = 1000;
 
+/// A place on a note's strip beside the pin, pixels.
+constexpr QPoint kOnStrip(160, 14);
+constexpr int kDragParts = 10;
+
 /// The strip and the edges around a note's text, pixels.
 constexpr QMargins kAroundPaper(6, 36, 6, 6);
 /// Pixels that a character changes on an average, blanks included; a text cursor has about twenty.
@@ -92,7 +96,7 @@ QVector<xcb_window_t> RunningNorvane::shownWindows() const
 
 QRect RunningNorvane::placeIn(xcb_window_t target, xcb_window_t note) const
 {
-    return m_desktop.x().geometry(note).translated(-m_desktop.x().geometry(target).topLeft());
+    return m_desktop.x().geometry(note).translated(-m_desktop.x().geometryInShadow(target).topLeft());
 }
 
 QImage RunningNorvane::pictureOf(xcb_window_t note) const
@@ -135,6 +139,19 @@ xcb_window_t RunningNorvane::attach(xcb_window_t target)
         return false;
     });
     return noteOn(target);
+}
+
+bool RunningNorvane::drag(xcb_window_t note, const QPoint &way)
+{
+    XClient &x = m_desktop.x();
+    const QPoint before = x.geometry(note).topLeft();
+    const QPoint strip = before + kOnStrip;
+    x.moveMouse(strip);
+    x.button(1, true);
+    for (int part = 1; part <= kDragParts; ++part)
+        x.moveMouse(strip + way * part / kDragParts);
+    x.button(1, false);
+    return waitFor([&] { return x.geometry(note).topLeft() == before + way; });
 }
 
 bool RunningNorvane::typeInto(xcb_window_t note, const QString &text)

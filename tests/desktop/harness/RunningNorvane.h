@@ -31,7 +31,7 @@ public:
     xcb_window_t hiddenNoteOn(xcb_window_t target) const;
     /// Windows that the program shows on this workspace, notes among them.
     QVector<xcb_window_t> shownWindows() const;
-    /// Where a note is in its window, in pixels from the window's client area.
+    /// Where a note is in its window, in pixels from the corner that a person sees.
     QRect placeIn(xcb_window_t target, xcb_window_t note) const;
     QImage pictureOf(xcb_window_t note) const;
     /// What a note looks like when it has stopped changing.
@@ -41,6 +41,8 @@ public:
     bool bringToFront(xcb_window_t window);
     /// Presses the attach key in a window until it has a note. @return the note, 0 if none came
     xcb_window_t attach(xcb_window_t target);
+    /// Drags a note by its strip, in steps as a hand makes them; true when it is where it should be.
+    bool drag(xcb_window_t note, const QPoint &way);
     /// Clicks into a note and types; true when the text shows.
     bool typeInto(xcb_window_t note, const QString &text);
 

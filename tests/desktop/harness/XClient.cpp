@@ -224,6 +224,13 @@ QRect XClient::geometry(xcb_window_t window) const
     return g && p ? QRect(p->dst_x, p->dst_y, g->width, g->height) : QRect();
 }
 
+QRect XClient::geometryInShadow(xcb_window_t window) const
+{
+    const QVector<uint32_t> extents = m_x->numbers(window, "_GTK_FRAME_EXTENTS");
+    const auto extent = [&](int side) { return static_cast<int>(extents.value(side)); };
+    return geometry(window).marginsRemoved({extent(0), extent(2), extent(1), extent(3)});
+}
+
 bool XClient::isViewable(xcb_window_t window) const
 {
     const Owned<xcb_get_window_attributes_reply_t> reply(
@@ -316,6 +323,11 @@ void XClient::press(const QString &combination)
     pause(kBetweenKeysMs);
     for (auto name = names.rbegin(); name != names.rend(); ++name)
         m_x->fake(XCB_KEY_RELEASE, m_x->keyOf(namedKey(*name)).first);
+}
+
+void XClient::key(const QString &name, bool down)
+{
+    m_x->fake(down ? XCB_KEY_PRESS : XCB_KEY_RELEASE, m_x->keyOf(namedKey(name)).first);
 }
 
 void XClient::type(const QString &text)

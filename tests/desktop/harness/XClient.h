@@ -43,6 +43,8 @@ public:
     qint64 processId(xcb_window_t window) const;
     xcb_window_t transientFor(xcb_window_t window) const;
     QRect geometry(xcb_window_t window) const;
+    /// The same without the shadow that a program draws around its own window.
+    QRect geometryInShadow(xcb_window_t window) const;
     bool isViewable(xcb_window_t window) const;
     bool exists(xcb_window_t window) const;
     int desktopOf(xcb_window_t window) const;
@@ -62,6 +64,8 @@ public:
 
     /// Presses a combination ("ctrl+alt+a", "Return", "alt+Left") and lets it go.
     void press(const QString &combination);
+    /// Presses a key of those names and holds it, or lets it go.
+    void key(const QString &name, bool down);
     /// Types text of the keyboard's own characters.
     void type(const QString &text);
     void moveMouse(const QPoint &position);

@@ -23,6 +23,7 @@
 #include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolBar>
 #include <gtest/gtest.h>
 
 using namespace norvane;
@@ -50,14 +51,14 @@ protected:
         files.addFolder(store.DatabaseFolder);
         ASSERT_TRUE(CreateNoteDatabase(*engine, files, store.DatabaseFile));
         store.open();
-        const auto row = store.database()->openRecordset(QStringLiteral("select * from Memos where false"));
+        const auto row = store.database()->openRecordset(u"select * from Memos where false"_qs);
         row->addNew();
-        row->setField(QStringLiteral("WindowName"), QStringLiteral("Letters"));
-        row->setField(QStringLiteral("CAT_ID"), 0);
-        row->setField(QStringLiteral("Active"), true);
+        row->setField(u"WindowName"_qs, u"Letters"_qs);
+        row->setField(u"CAT_ID"_qs, 0);
+        row->setField(u"Active"_qs, true);
         row->update();
         store.requeryNoteIndex();
-        id = field(QStringLiteral("ID")).toInt();
+        id = field(u"ID"_qs).toInt();
         note = load();
     }
 
@@ -74,14 +75,13 @@ protected:
         form->fields.Loading = true;
         form->fields.ID = id;
         form->fields.ParentHwnd = kTarget;
-        form->fields.FriendlyName = QStringLiteral("Letters");
+        form->fields.FriendlyName = u"Letters"_qs;
         form->setParentWindow(kTarget);
         form->moveTwips(kPlace);
-        form->setCaption(QStringLiteral("Letters"));
+        form->setCaption(u"Letters"_qs);
         form->fields.AutoSave = autoSave;
         form->resetSaveState();
-        clips.Add(QStringLiteral("Letters"), kTarget, id, form->hWnd(), QString(), QStringLiteral("Letters"),
-                  QString(), QString());
+        clips.Add(u"Letters"_qs, kTarget, id, form->hWnd(), QString(), u"Letters"_qs, QString(), QString());
         form->showNote();
         form->nudge();
         form->fields.Loading = false;
@@ -90,22 +90,28 @@ protected:
 
     QVariant field(const QString &name)
     {
-        const auto row = store.database()->openRecordset(QStringLiteral("select * from Memos"));
+        const auto row = store.database()->openRecordset(u"select * from Memos"_qs);
         return row->field(name);
     }
 
     QRectF storedPlace()
     {
-        return {field(QStringLiteral("winLeft")).toDouble(), field(QStringLiteral("winTop")).toDouble(),
-                field(QStringLiteral("winWidth")).toDouble(), field(QStringLiteral("winHeight")).toDouble()};
+        return {field(u"winLeft"_qs).toDouble(), field(u"winTop"_qs).toDouble(),
+                field(u"winWidth"_qs).toDouble(), field(u"winHeight"_qs).toDouble()};
     }
 
-    void type(const QString &text)
-    {
-        QTest::keyClicks(note->Text1()->findChild<QWidget *>(QStringLiteral("RichTextBox1")), text);
-    }
+    template <typename Kind> Kind *part(const QString &name) { return note->findChild<Kind *>(name); }
+    void type(const QString &text) { QTest::keyClicks(part<QWidget>(u"RichTextBox1"_qs), text); }
+    void press(QWidget *widget) { QTest::mouseClick(widget, Qt::LeftButton, {}, {100, 10}); }
+    void deleteRow() { store.database()->openRecordset(u"select * from Memos"_qs)->remove(); }
 
     bool saved() const { return files.files.contains(store.bodyFile(id)); }
+    int rescued() const
+    {
+        const auto paths = files.files.keys();
+        return static_cast<int>(std::count_if(
+            paths.begin(), paths.end(), [](const QString &path) { return path.contains(u"/Rescued/"); }));
+    }
 
     QTemporaryDir folder;
     std::unique_ptr<dao::Engine> engine = dao::makeSqliteEngine();
@@ -124,9 +130,9 @@ protected:
     fakes::FakeNotifier notifier;
     CountingGrid grid;
     NoteRescue rescue{store, files, clock, notifier};
-    StickyServices services{
-        store,  files, forms, clips,   windows, embedding, timer,         watch,
-        events, clock, sound, hotKeys, grid,    rescue,    Twips(96, 96), QStringLiteral("/click.wav")};
+    StickyServices services{store, files,  forms,         clips,           windows, embedding,
+                            timer, watch,  events,        clock,           sound,   hotKeys,
+                            grid,  rescue, Twips(96, 96), u"/click.wav"_qs};
     int id = 0;
     QPointer<frmSticky> note;
 };
@@ -134,24 +140,48 @@ protected:
 TEST_F(StickyWindow, isCleanAfterLoadingAndDirtyAfterTypingOrTakingHold)
 {
     EXPECT_FALSE(note->isDirty());
-    type(QStringLiteral("a"));
+    type(u"a"_qs);
     EXPECT_TRUE(note->isDirty());
     EXPECT_TRUE(note->Text1()->EnableSaveButton());
     note->resetSaveState();
-    // A drag that ends where it began is an edit too.
-    auto *strip = note->findChild<QWidget *>(QStringLiteral("Picture1"));
-    QTest::mousePress(strip, Qt::LeftButton, {}, {100, 10});
-    QTest::mouseRelease(strip, Qt::LeftButton, {}, {100, 10});
+    // A drag that ends where it began is an edit too; but only the strip and the edges take hold.
+    press(part<QWidget>(u"Picture1"_qs));
     EXPECT_TRUE(note->isDirty());
+    note->resetSaveState();
+    note->setToolBar(true);
+    press(part<QWidget>(u"li"_qs));
+    EXPECT_FALSE(note->isDirty());
+    // A size that the program sets counts as one that is set by hand, unless the note is being filled.
+    note->moveTwips(kPlace);
+    EXPECT_FALSE(note->isDirty()) << "it had that size";
+    note->moveTwips(kPlace.adjusted(0, 0, 300, 0));
+    EXPECT_TRUE(note->isDirty());
+}
+
+TEST_F(StickyWindow, toolBarIsReadableOnThePaperWhateverTheDesktop)
+{
+    const QPalette desktop = QGuiApplication::palette();
+    QPalette dark(QColor(49, 54, 59), QColor(42, 46, 50));
+    dark.setColor(QPalette::ButtonText, Qt::white);
+    QGuiApplication::setPalette(dark);
+    const auto *bar = part<QToolBar>(u"li"_qs);
+    note->setTextBackColor(0xC0FFFF);
+    EXPECT_LT(bar->palette().color(QPalette::ButtonText).lightness(), 60);
+    EXPECT_LT(part<QWidget>(u"Combo1"_qs)->palette().color(QPalette::Text).lightness(), 60);
+    note->setTextBackColor(0x402010);
+    EXPECT_GT(bar->palette().color(QPalette::ButtonText).lightness(), 200);
+    for (const QAction *action : bar->actions())
+        EXPECT_EQ(action->icon().isNull(), action->objectName().isEmpty());
+    QGuiApplication::setPalette(desktop);
 }
 
 TEST_F(StickyWindow, savesRowAndBodyAndKeepsTheTwipsOfAnUnmovedNote)
 {
-    type(QStringLiteral("Dear Ada"));
-    note->findChild<QAction *>(QStringLiteral("mnuFile_Save"))->trigger();
+    type(u"Dear Ada"_qs);
+    part<QAction>(u"mnuFile_Save"_qs)->trigger();
     EXPECT_FALSE(note->isDirty());
     EXPECT_FALSE(note->Text1()->EnableSaveButton());
-    EXPECT_EQ(field(QStringLiteral("NoteText")).toString(), QStringLiteral("Dear Ada"));
+    EXPECT_EQ(field(u"NoteText"_qs).toString(), u"Dear Ada"_qs);
     EXPECT_EQ(storedPlace(), kPlace);
     EXPECT_TRUE(files.files.value(store.bodyFile(id)).startsWith("{\\rtf"));
     EXPECT_EQ(grid.refreshes, 1);
@@ -159,40 +189,44 @@ TEST_F(StickyWindow, savesRowAndBodyAndKeepsTheTwipsOfAnUnmovedNote)
 
 TEST_F(StickyWindow, whatIsTypedDuringASaveStaysDirty)
 {
-    type(QStringLiteral("one"));
-    events.duringYield = [this] { type(QStringLiteral(" two")); };
+    type(u"one"_qs);
+    events.duringYield = [this] { type(u" two"_qs); };
     note->SaveNote();
     EXPECT_TRUE(note->isDirty());
+    // At the end there is no later save for it.
+    note->unload();
+    EXPECT_EQ(field(u"NoteText"_qs).toString(), u"one two two"_qs);
+    EXPECT_EQ(rescued(), 0);
 }
 
 TEST_F(StickyWindow, dragMovesAndSizesInsideTheTarget)
 {
-    auto *strip = note->findChild<QWidget *>(QStringLiteral("Picture1"));
+    auto *strip = part<QWidget>(u"Picture1"_qs);
     const QRect before = embedding.windowRect(note->hWnd());
     QTest::mousePress(strip, Qt::LeftButton, {}, {100, 10});
     QTest::mouseMove(strip, {130, 25});
     QTest::mouseRelease(strip, Qt::LeftButton, {}, {130, 25});
     EXPECT_EQ(embedding.windowRect(note->hWnd()), before.translated(30, 15));
     note->SaveNote();
-    EXPECT_EQ(storedPlace().topLeft(), QPointF(300 + 30 * 15, 450 + 15 * 15));
+    EXPECT_EQ(storedPlace(), kPlace.translated(30 * 15, 15 * 15)) << "the size is as it was loaded";
 }
 
 TEST_F(StickyWindow, aLostTargetSavesTextAndPlace)
 {
-    type(QStringLiteral("kept"));
+    type(u"kept"_qs);
     embedding.destroyTarget(kTarget);
-    EXPECT_EQ(field(QStringLiteral("NoteText")).toString(), QStringLiteral("kept"));
+    EXPECT_EQ(field(u"NoteText"_qs).toString(), u"kept"_qs);
     EXPECT_EQ(storedPlace(), kPlace);
-    EXPECT_TRUE(field(QStringLiteral("Active")).toBool());
+    EXPECT_TRUE(field(u"Active"_qs).toBool());
     EXPECT_EQ(clips.Count(), 0);
-    EXPECT_FALSE(forms.FormIsLoaded(QStringLiteral("frmSticky")));
+    EXPECT_FALSE(forms.FormIsLoaded(u"frmSticky"_qs));
     EXPECT_TRUE(saved());
 }
 
 TEST_F(StickyWindow, withoutAutoSaveChangesGoWithoutAQuestion)
 {
     note->fields.AutoSave = false;
-    type(QStringLiteral("lost"));
+    type(u"lost"_qs);
     note->unload();
     EXPECT_FALSE(saved());
     EXPECT_TRUE(notifier.shown.isEmpty());
@@ -200,40 +234,48 @@ TEST_F(StickyWindow, withoutAutoSaveChangesGoWithoutAQuestion)
 
 TEST_F(StickyWindow, closeDetachesAndSetsTheTimerAgain)
 {
-    type(QStringLiteral("kept"));
+    type(u"kept"_qs);
     note->mnuFile_Close_Click();
-    EXPECT_FALSE(field(QStringLiteral("Active")).toBool());
+    EXPECT_FALSE(field(u"Active"_qs).toBool());
     EXPECT_TRUE(saved());
     EXPECT_EQ(timer.interval(), watch.WatchInterval);
     EXPECT_EQ(clips.Count(), 0);
 }
 
-TEST_F(StickyWindow, aNoteThatCannotBeSavedIsRescued)
+TEST_F(StickyWindow, aNoteThatCannotBeSavedIsRescuedOnce)
 {
-    type(QStringLiteral("precious"));
+    type(u"precious"_qs);
     store.close();
+    note->saveAtExit();
     note->unload();
-    ASSERT_EQ(notifier.shown.size(), 1);
-    const auto paths = files.files.keys();
-    ASSERT_EQ(std::count_if(paths.begin(), paths.end(),
-                            [](const QString &path) { return path.contains(QStringLiteral("/Rescued/")); }),
-              1);
+    EXPECT_EQ(notifier.shown.size(), 1);
+    EXPECT_EQ(rescued(), 1);
+}
+
+TEST_F(StickyWindow, aNoteWhoseRowWasDeletedGoesWithoutAWord)
+{
+    type(u"unwanted"_qs);
+    deleteRow();
+    note->mnuFile_Close_Click();
+    EXPECT_EQ(clips.Count(), 0);
+    EXPECT_EQ(notifier.shown.size() + rescued(), 0);
+    EXPECT_EQ(timer.interval(), watch.WatchInterval);
 }
 
 TEST_F(StickyWindow, typeEffectClicksForEachKey)
 {
-    type(QStringLiteral("a"));
+    type(u"a"_qs);
     EXPECT_TRUE(sound.played.isEmpty());
     note->fields.TypeEffect = true;
-    type(QStringLiteral("bc"));
-    EXPECT_EQ(sound.played, QStringList({QStringLiteral("/click.wav"), QStringLiteral("/click.wav")}));
+    type(u"bc"_qs);
+    EXPECT_EQ(sound.played, QStringList({u"/click.wav"_qs, u"/click.wav"_qs}));
 }
 
 TEST_F(StickyWindow, isNeverSmallerThanAHandCanHold)
 {
     note->moveTwips(QRectF(0, 0, 0, 0));
     EXPECT_GE(embedding.windowRect(note->hWnd()).width(), kNoteLeast.width());
-    type(QStringLiteral("a"));
+    type(u"a"_qs);
     note->SaveNote();
     EXPECT_EQ(storedPlace(), QRectF(0, 0, 0, 0));
 }

@@ -1,4 +1,4 @@
-#include "shell/windows/SvgIconEngine.h"
+#include "controls/svg_icon.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -14,7 +14,7 @@ namespace {
 class SvgIconEngine : public QIconEngine
 {
 public:
-    explicit SvgIconEngine(QByteArray svg) : m_svg(std::move(svg)) {}
+    SvgIconEngine(QByteArray svg, const QColor &ink) : m_svg(std::move(svg)), m_ink(ink) {}
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
     {
@@ -39,7 +39,7 @@ public:
         return result;
     }
 
-    QIconEngine *clone() const override { return new SvgIconEngine(m_svg); }
+    QIconEngine *clone() const override { return new SvgIconEngine(m_svg, m_ink); }
 
     // Window systems and tray hosts are handed pictures of these sizes.
     QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override
@@ -52,23 +52,26 @@ public:
 private:
     static constexpr double kDisabledOpacity = 0.38;
 
-    static QColor inkFor(QIcon::Mode mode)
+    QColor inkFor(QIcon::Mode mode) const
     {
+        if (m_ink.isValid())
+            return m_ink;
         const QPalette palette = QGuiApplication::palette();
         return palette.color(mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::ButtonText);
     }
 
     QByteArray m_svg;
+    QColor m_ink;
 };
 
 } // namespace
 
-QIcon svgIcon(const QString &file)
+QIcon svgIcon(const QString &file, const QColor &ink)
 {
     QFile source(file);
     if (!source.open(QIODevice::ReadOnly))
         return {};
-    return QIcon(new SvgIconEngine(source.readAll()));
+    return QIcon(new SvgIconEngine(source.readAll(), ink));
 }
 
 } // namespace norvane
