@@ -26,6 +26,7 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 
 namespace norvane {
 
@@ -352,9 +353,11 @@ void frmSticky::SaveNote()
         writeNote();
         m_services.store.requeryNoteIndex();
         m_services.grid.Refresh_Grid();
+        // A dialog that opens meanwhile may outlast the note.
+        const QPointer<frmSticky> self(this);
         m_services.events.yield();
         // What was typed meanwhile is not in the file.
-        if (m_changes == saved)
+        if (self && m_changes == saved)
             resetSaveState();
     } catch (const RuntimeError &) {
         // The note stays dirty; its unload has the rescue file.
