@@ -139,6 +139,7 @@ int Program::run(const QStringList &arguments)
     });
     EndSignals endSignals;
     connect(&endSignals, &EndSignals::endAsked, this, &Program::end);
+    qApp->installEventFilter(this);
     connect(
         qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { saveDirtyNotes(m_state.forms); },
         Qt::DirectConnection);
@@ -152,6 +153,15 @@ int Program::run(const QStringList &arguments)
     const int code = QCoreApplication::exec();
     end(); // when the loop was left by another way than the shut-down
     return code;
+}
+
+bool Program::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != qApp || event->type() != QEvent::Quit)
+        return QObject::eventFilter(watched, event);
+    // Left to itself, the toolkit would close each window first, which detaches a note for good.
+    end();
+    return true;
 }
 
 void Program::end()

@@ -34,6 +34,9 @@ public:
     /// Starts, runs the event loop and ends. @return the exit code of the process
     int run(const QStringList &arguments);
 
+    /// Makes the end that the session asks for the program's own.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     /// What watches the desktop; made when start-up is over.
     struct Watching

@@ -26,6 +26,7 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <algorithm>
 
 namespace norvane {
@@ -364,9 +365,11 @@ int frmSticky::save()
         writeNote();
         m_services.store.requeryNoteIndex();
         m_services.grid.Refresh_Grid();
+        // A dialog that opens meanwhile may outlast the note.
+        const QPointer<frmSticky> self(this);
         m_services.events.yield();
         // What was typed meanwhile is not in the file.
-        if (m_changes == saved)
+        if (self && m_changes == saved)
             resetSaveState();
         return 0;
     } catch (const RuntimeError &error) {

@@ -2,6 +2,7 @@
 #include "platform/qt/QtWatchTimer.h"
 
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QTest>
 #include <gmock/gmock.h>
 #include <memory>
@@ -176,6 +177,35 @@ TEST_F(QtWatchTimerTest, TickDueInsideAYieldComesAfterIt)
     EXPECT_FALSE(loop.yielding());
     EXPECT_TRUE(starts.isEmpty());
     EXPECT_TRUE(waitForTicks(1));
+}
+
+TEST_F(QtWatchTimerTest, ADialogThatOpensInsideATickOrAYieldDoesNotStopIt)
+{
+    run(10);
+    int inDialog = 0;
+    onTick = [&] {
+        if (starts.size() > 1)
+            return;
+        timer.requestTick(); // left over from before the dialog
+        QTimer::singleShot(0, &timer, [&] {
+            QEventLoop dialog;
+            QTimer::singleShot(kPatience, &dialog, &QEventLoop::quit);
+            QTimer ticks;
+            QObject::connect(&ticks, &QTimer::timeout, &dialog, [&] {
+                EXPECT_FALSE(loop.yielding());
+                if (starts.size() >= 4)
+                    dialog.quit();
+            });
+            ticks.start(1);
+            dialog.exec();
+            inDialog = static_cast<int>(starts.size());
+        });
+        loop.yield();
+        EXPECT_FALSE(loop.yielding());
+    };
+    ASSERT_TRUE(waitForTicks(6));
+    EXPECT_GE(inDialog, 4);
+    EXPECT_EQ(deepest, 2) << "a tick inside a tick of the dialog";
 }
 
 TEST_F(QtWatchTimerTest, MayBeDestroyedByItsTick)
