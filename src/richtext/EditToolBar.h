@@ -14,6 +14,8 @@ class EditToolBar : public QToolBar
     Q_OBJECT
 
 public:
+    struct ToolButton;
+
     explicit EditToolBar(QWidget *parent);
 
     /// The button of that key, or nullptr.
@@ -36,9 +38,14 @@ signals:
     /// The user chose in a combo.
     void fontNameChosen(const QString &family);
     void fontSizeChosen(double points);
+    /// Escape: the focus goes back to the text.
+    void left();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void addButton(const QString &key, const QString &toolTip, const QString &icon, bool checkable);
+    void addButton(const ToolButton &tool, bool fromTheme);
     void addCombos();
 
     QHash<QString, QAction *> m_buttons;

@@ -4,12 +4,16 @@
 #include "fakes/FakeFileSystem.h"
 #include "fakes/FakeHotKeys.h"
 #include "fakes/FakeNotifier.h"
+#include "fakes/FakePrinting.h"
+#include "fakes/FakePrompts.h"
+#include "fakes/FakeShell.h"
 #include "fakes/FakeSound.h"
 #include "fakes/FakeWindowSystem.h"
 #include "fakes/ManualTimer.h"
 #include "options/HotKeyModel.h"
 #include "platform/sqlite/SqliteEngine.h"
 #include "richtext/NV_RTFEdit.h"
+#include "richtext/commands/EditState.h"
 #include "shell/Forms.h"
 #include "sticky/frmSticky.h"
 #include "store/NoteRescue.h"
@@ -124,9 +128,14 @@ protected:
     fakes::FakeNotifier notifier;
     CountingGrid grid;
     NoteRescue rescue{store, files, clock, notifier};
+    fakes::FakeShell shell;
+    fakes::FakePrompts prompts;
+    fakes::FakePrinting printing;
+    EditState editState;
+    EditServices edit{files, shell, prompts, printing, clock, editState};
     StickyServices services{
-        store,  files, forms, clips,   windows, embedding, timer,         watch,
-        events, clock, sound, hotKeys, grid,    rescue,    Twips(96, 96), QStringLiteral("/click.wav")};
+        store, forms, clips,   windows, embedding, timer, watch,         events,
+        clock, sound, hotKeys, grid,    rescue,    edit,  Twips(96, 96), QStringLiteral("/click.wav")};
     int id = 0;
     QPointer<frmSticky> note;
 };
