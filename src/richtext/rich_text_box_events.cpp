@@ -164,9 +164,10 @@ bool RichTextBox::isOnProtectedSelection(const QPoint &point) const
 void RichTextBox::mouseMoveEvent(QMouseEvent *event)
 {
     emitMouse(&RichTextBox::MouseMove, buttonNumber(event->buttons()), *event);
-    if (!m_keepSelection)
+    // Without a button the base class would look for check boxes to point at, paragraph by paragraph.
+    if (!m_keepSelection && event->buttons() != Qt::NoButton)
         QTextEdit::mouseMoveEvent(event);
-    // The base class has its own idea of the pointer over links.
+    // It has its own idea of the pointer over links.
     setMousePointer(m_mousePointer);
 }
 

@@ -35,7 +35,9 @@ FontDialog::FontDialog(const FontChoice &start, QWidget *parent)
     font.setUnderline(start.underline);
     m_fonts->setWindowFlags(Qt::Widget);
     m_fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
+    m_fonts->setSizeGripEnabled(false);
     m_fonts->setCurrentFont(font);
+    m_shown = m_fonts->currentFont();
 
     m_colorButton->setObjectName(QStringLiteral("colorButton"));
     m_colorButton->setAutoDefault(false);
@@ -60,13 +62,18 @@ FontDialog::FontDialog(const FontChoice &start, QWidget *parent)
 
 FontChoice FontDialog::choice() const
 {
+    // The dialog knows whole sizes only, and shows another font for one that is not installed: what
+    // nobody has touched stays as it was.
     const QFont font = m_fonts->currentFont();
-    FontChoice choice;
-    choice.family = font.family();
-    // The dialog knows whole sizes only: one that nobody has touched stays as it was.
-    choice.points = font.pointSize() == qRound(m_start.points) ? m_start.points : font.pointSizeF();
-    choice.bold = font.bold();
-    choice.italic = font.italic();
+    FontChoice choice = m_start;
+    if (font.family() != m_shown.family())
+        choice.family = font.family();
+    if (font.pointSize() != m_shown.pointSize())
+        choice.points = font.pointSizeF();
+    if (font.bold() != m_shown.bold())
+        choice.bold = font.bold();
+    if (font.italic() != m_shown.italic())
+        choice.italic = font.italic();
     choice.strikeThru = font.strikeOut();
     choice.underline = font.underline();
     choice.color = valueOfColor(m_color);

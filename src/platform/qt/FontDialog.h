@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QDialog>
+#include <QFont>
 
 class QFontDialog;
 class QPushButton;
@@ -29,6 +30,7 @@ private:
     void showColor();
 
     FontChoice m_start;
+    QFont m_shown; ///< what the dialog made of it
     QFontDialog *m_fonts;
     QPushButton *m_colorButton;
     QColor m_color;
