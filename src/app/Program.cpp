@@ -35,7 +35,6 @@ Twips screenTwips()
 
 Program::Watching::Watching(Program &program)
     : stickies({.store = program.m_state.store,
-                .files = program.m_backends.files,
                 .forms = program.m_state.forms,
                 .clips = program.m_state.Clips,
                 .windows = program.m_backends.windows,
@@ -48,6 +47,7 @@ Program::Watching::Watching(Program &program)
                 .hotKeys = program.m_backends.hotKeys,
                 .grid = program.m_views,
                 .rescue = program.m_rescue,
+                .edit = program.m_edit,
                 .twips = program.m_twips,
                 .clickSound = program.m_state.DefaultSoundFile}),
       cycle(program.watchParts(stickies)), attach(program.watchParts(stickies), cycle, program.m_views),
@@ -95,6 +95,12 @@ Program::Program()
       m_views(m_windows),
       m_rescue(m_state.store, m_backends.files, m_backends.clock, m_backends.notifier,
                [this](const QString &text) { m_windows.showNotice(text, kLongNoticeMs); }),
+      m_edit({.files = m_backends.files,
+              .shell = m_backends.shell,
+              .prompts = m_backends.prompts,
+              .printing = m_backends.printing,
+              .clock = m_backends.clock,
+              .state = m_state.edit}),
       m_shutDown({.store = m_state.store,
                   .watch = m_state.watch,
                   .timer = m_backends.timer,

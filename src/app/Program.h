@@ -3,6 +3,7 @@
 #include "app/Backends.h"
 #include "app/ProgramViews.h"
 #include "options/HotKeyModel.h"
+#include "richtext/EditServices.h"
 #include "shell/AccessibilityOffer.h"
 #include "shell/FirstNotices.h"
 #include "shell/lifecycle/SharedState.h"
@@ -68,6 +69,7 @@ private:
     ShellForms m_windows;
     ProgramViews m_views;
     NoteRescue m_rescue;
+    EditServices m_edit;
     ShutDown m_shutDown;
     FirstNotices m_firstNotices;
     AccessibilityOffer m_accessibility;

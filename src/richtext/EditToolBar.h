@@ -15,6 +15,8 @@ class EditToolBar : public QToolBar
     Q_OBJECT
 
 public:
+    struct ToolButton;
+
     explicit EditToolBar(QWidget *parent);
 
     /// Makes the bar a part of a paper: its colours are the palette's, its pictures our own in the
@@ -41,14 +43,18 @@ signals:
     /// The user chose in a combo.
     void fontNameChosen(const QString &family);
     void fontSizeChosen(double points);
+    /// Escape: the focus goes back to the text.
+    void left();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void addButton(const QString &key, const QString &toolTip, const QString &picture, bool checkable);
+    void addButton(const ToolButton &tool);
     void addCombos();
     void setPictures(const QColor &ink);
 
     QHash<QString, QAction *> m_buttons;
-    QHash<QAction *, QString> m_pictures; ///< by their names in icon themes
     QComboBox *m_fontName = nullptr;
     QComboBox *m_fontSize = nullptr;
 };

@@ -3,7 +3,6 @@
 #include "options/HotKeyRecords.h"
 #include "platform/Clock.h"
 #include "platform/EventLoop.h"
-#include "platform/FileSystem.h"
 #include "platform/HotKeys.h"
 #include "platform/RuntimeError.h"
 #include "platform/Sound.h"
@@ -74,7 +73,7 @@ Qt::CursorShape pointerOf(NoteGrip grip)
 
 frmSticky::frmSticky(const StickyServices &services)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint), m_services(services),
-      m_strip(new NoteStrip(this)), m_text(new NV_RTFEdit(services.files, this))
+      m_strip(new NoteStrip(this)), m_text(new NV_RTFEdit(services.edit, this))
 {
     setObjectName(QStringLiteral("frmSticky"));
     setAttribute(Qt::WA_ShowWithoutActivating);

@@ -1,10 +1,17 @@
+#include "platform/qt/FontDialog.h"
+#include "platform/qt/QtPrinting.h"
 #include "platform/qt/QtPrompts.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -132,6 +139,101 @@ TEST_F(PromptsTest, FolderIsChosenOrEmpty)
         QMetaObject::invokeMethod(shown, "accept");
     });
     EXPECT_EQ(prompts.chooseFolder(u"Where?"_s, u"/no/such/folder"_s), folder.path());
+}
+
+TEST(QtPrompts, FileIsChosenOrEmpty)
+{
+    EXPECT_EQ(nameFilters(QStringLiteral("Rich Text Format (RTF)|*.rtf|All Files|*.*")),
+              (QStringList{QStringLiteral("Rich Text Format (RTF) (*.rtf *.RTF)"),
+                           QStringLiteral("All Files (*.*)")}));
+    QtPrompts prompts;
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("A.TXT"));
+    QFile(file).open(QIODevice::WriteOnly);
+    const QString filter = QStringLiteral("Plain Text (TXT)|*.txt");
+    {
+        WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
+            EXPECT_EQ(shown->windowTitle(), QStringLiteral("Open"));
+            shown->reject();
+        });
+        EXPECT_TRUE(prompts.openFile(QStringLiteral("Open"), filter).isEmpty());
+    }
+    WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
+        shown->selectFile(file);
+        QMetaObject::invokeMethod(shown, "accept");
+    });
+    EXPECT_EQ(prompts.openFile(QStringLiteral("Open"), filter), file);
+}
+
+TEST(QtPrompts, ColorIsChosenOrNone)
+{
+    QtPrompts prompts;
+    {
+        WhenShown<QColorDialog> dialog([&](QColorDialog *shown) {
+            EXPECT_EQ(shown->currentColor(), QColor(1, 2, 3));
+            shown->reject();
+        });
+        EXPECT_EQ(prompts.chooseColor(0x030201), std::nullopt);
+    }
+    WhenShown<QColorDialog> dialog([&](QColorDialog *shown) {
+        shown->setCurrentColor(QColor(0xFF, 0x80, 0));
+        shown->accept();
+    });
+    EXPECT_EQ(prompts.chooseColor(0), 0x0080FFU);
+}
+
+TEST(QtPrompts, FontKeepsWhatNobodyTouched)
+{
+    QtPrompts prompts;
+    const FontChoice start{QStringLiteral("Not Installed"), 9.75, true, false, true, false, 0x102030};
+    {
+        WhenShown<FontDialog> dialog([&](FontDialog *shown) { shown->reject(); });
+        EXPECT_EQ(prompts.chooseFont(start), std::nullopt);
+    }
+    {
+        WhenShown<FontDialog> dialog([&](FontDialog *shown) { shown->accept(); });
+        EXPECT_EQ(prompts.chooseFont(start), start);
+    }
+    WhenShown<FontDialog> dialog([&](FontDialog *shown) {
+        auto *fonts = shown->findChild<QFontDialog *>();
+        QFont font = fonts->currentFont();
+        font.setPointSize(20);
+        font.setUnderline(true);
+        fonts->setCurrentFont(font);
+        shown->accept();
+    });
+    FontChoice expected = start;
+    expected.points = 20;
+    expected.underline = true;
+    EXPECT_EQ(prompts.chooseFont(start), expected);
+}
+
+TEST(QtPrinting, OffersTheSelectionWhereThereIsOne)
+{
+    QtPrinting printing;
+    {
+        WhenShown<QPrintDialog> dialog([](QPrintDialog *shown) {
+            EXPECT_FALSE(shown->testOption(QAbstractPrintDialog::PrintSelection));
+            EXPECT_FALSE(shown->testOption(QAbstractPrintDialog::PrintPageRange));
+            shown->reject();
+        });
+        EXPECT_EQ(printing.choosePrinter(false), nullptr);
+    }
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("out.pdf"));
+    {
+        WhenShown<QPrintDialog> dialog([&](QPrintDialog *shown) {
+            EXPECT_TRUE(shown->testOption(QAbstractPrintDialog::PrintSelection));
+            EXPECT_EQ(shown->printRange(), QAbstractPrintDialog::Selection);
+            shown->printer()->setOutputFileName(file);
+            shown->done(QDialog::Accepted);
+        });
+        const std::unique_ptr<PrintJob> job = printing.choosePrinter(true);
+        ASSERT_TRUE(job);
+        EXPECT_TRUE(job->selectionOnly());
+        QPainter(&job->device()).drawText(100, 100, QStringLiteral("x"));
+    }
+    EXPECT_GT(QFileInfo(file).size(), 500);
 }
 
 } // namespace

@@ -3,7 +3,11 @@
 #include "fakes/FakeEmbedding.h"
 #include "fakes/FakeHotKeys.h"
 #include "fakes/FakeNotifier.h"
+#include "fakes/FakePrinting.h"
+#include "fakes/FakePrompts.h"
+#include "fakes/FakeShell.h"
 #include "richtext/NV_RTFEdit.h"
+#include "richtext/commands/EditState.h"
 #include "sticky/frmSticky.h"
 #include "sticky/frmStickyFactory.h"
 #include "store/NoteRescue.h"
@@ -81,8 +85,13 @@ protected:
     fakes::FakeNotifier notifier;
     CountingGrid grid;
     NoteRescue rescue{store, files, clock, notifier, [](const QString &) {}};
-    frmStickyFactory factory{{store, files, forms, Clips, windows, embedding, timer, settings, events, clock,
-                              sound, hotKeys, grid, rescue, Twips(96, 96), u"/click.wav"_qs}};
+    fakes::FakeShell shell;
+    fakes::FakePrompts prompts;
+    fakes::FakePrinting printing;
+    EditState editState;
+    EditServices edit{files, shell, prompts, printing, clock, editState};
+    frmStickyFactory factory{{store, forms, Clips, windows, embedding, timer, settings, events, clock, sound,
+                              hotKeys, grid, rescue, edit, Twips(96, 96), u"/click.wav"_qs}};
     WindowHandle target = kNoWindow;
     int id = 0;
     QPointer<frmSticky> note;
