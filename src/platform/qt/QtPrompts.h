@@ -13,8 +13,9 @@ public:
     QString chooseFolder(const QString &title, const QString &start) override;
 };
 
-/// The text of a box: any line end as one that the box knows, with places to break lines in words of great length, and cut in the end where
-/// it would outgrow the screen: an address or a title may run to thousands of characters.
+/// The text of a box: any line end as one that the box knows, with places to break lines in words of great
+/// length, and cut in the end where it would outgrow the screen: an address or a title may run to thousands
+/// of characters.
 QString textForBox(const QString &text);
 
 } // namespace norvane

@@ -3,10 +3,11 @@
 #include <gtest/gtest.h>
 
 using namespace norvane;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kHome = QStringLiteral("/home/ann");
+const QString kHome = u"/home/ann"_s;
 
 struct TextRow
 {
@@ -75,8 +76,7 @@ TEST(CaptionNamesFolder, ComparesTheWholeName)
 
 TEST(FolderOfTabs, PrefersTheTabThatTheCaptionNames)
 {
-    const QStringList tabs{QStringLiteral("file:///usr/share"), QStringLiteral("file:///home/ann/a%20b"),
-                           QStringLiteral("file:///opt/a%20b")};
+    const QStringList tabs{u"file:///usr/share"_s, u"file:///home/ann/a%20b"_s, u"file:///opt/a%20b"_s};
     const auto folder = [&](const char16_t *caption, const char16_t *last) {
         return folderOfTabs(tabs, QString::fromUtf16(caption), QString::fromUtf16(last), kHome).toStdString();
     };
@@ -84,7 +84,7 @@ TEST(FolderOfTabs, PrefersTheTabThatTheCaptionNames)
     EXPECT_EQ(folder(u"a b", u"/opt/a b"), "/opt/a b");
     EXPECT_EQ(folder(u"share", u"/opt/a b"), "/usr/share");
     EXPECT_EQ(folder(u"Other", u"/opt/a b"), "/opt/a b");
-    EXPECT_EQ(folderOfTabs({}, QStringLiteral("x"), {}, kHome), QString());
+    EXPECT_EQ(folderOfTabs({}, u"x"_s, {}, kHome), QString());
 }
 
 TEST(PageAddress, FollowsTheAddressBarWithinThePagesSite)

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 using namespace norvane;
+using namespace Qt::StringLiterals;
 using norvane::fakes::FakeWindowSystem;
 
 namespace {
@@ -36,6 +37,21 @@ protected:
         return true;
     }
 
+    /// A browser window of process 7 that has been asked about once.
+    WindowHandle asked()
+    {
+        const WindowHandle window = windows.open(u"IEFrame"_s, u"One"_s, 7);
+        tracker.location(window);
+        return window;
+    }
+    /// The same, and its location is known.
+    WindowHandle known()
+    {
+        const WindowHandle window = asked();
+        tracker.arrived(window, found(first));
+        return window;
+    }
+    State stateOf(WindowHandle window) { return tracker.location(window).state; }
     bool isKnown(WindowHandle window, const QString &location)
     {
         const ShellWindows::Answer now = tracker.location(window);
@@ -50,23 +66,23 @@ protected:
     std::function<LookUpResult(const LookUpRequest &)> answer;
     bool hasProvider = true;
     LocationTracker tracker{windows, 2, [this](const LookUpRequest &request) { return start(request); }};
-    const QString first = QStringLiteral("http://a/1");
-    const QString second = QStringLiteral("http://a/2");
+    const QString first = u"http://a/1"_s;
+    const QString second = u"http://a/2"_s;
 };
 
 } // namespace
 
 TEST_F(LocationTrackerTest, AWindowIsUnknownUntilItsProgramAnswers)
 {
-    const WindowHandle window = windows.open(QStringLiteral("IEFrame"), QStringLiteral("One"), 7);
+    const WindowHandle window = windows.open(u"IEFrame"_s, u"One"_s, 7);
     windows.foreground = window;
-    EXPECT_EQ(tracker.location(window).state, State::Unknown);
+    EXPECT_EQ(stateOf(window), State::Unknown);
     ASSERT_EQ(requests.size(), 1);
     EXPECT_EQ(requests[0].processId, 7);
     EXPECT_EQ(requests[0].rect, QRect(200, 200, 1600, 1200));
     EXPECT_TRUE(requests[0].browser);
     EXPECT_TRUE(requests[0].foreground);
-    EXPECT_EQ(tracker.location(window).state, State::Unknown);
+    EXPECT_EQ(stateOf(window), State::Unknown);
     EXPECT_EQ(requests.size(), 1) << "one look-up at a time";
 
     tracker.arrived(window, found(first));
@@ -77,40 +93,28 @@ TEST_F(LocationTrackerTest, AWindowIsUnknownUntilItsProgramAnswers)
 
 TEST_F(LocationTrackerTest, OtherWindowsHaveNoLocation)
 {
-    const WindowHandle window = windows.open(QStringLiteral("Mousepad"), QStringLiteral("One"), 7);
+    const WindowHandle window = windows.open(u"Mousepad"_s, u"One"_s, 7);
     EXPECT_TRUE(isKnown(window, {}));
     EXPECT_TRUE(requests.isEmpty());
     hasProvider = false;
-    EXPECT_TRUE(isKnown(windows.open(QStringLiteral("CabinetWClass"), QStringLiteral("x"), 8), {}));
+    EXPECT_TRUE(isKnown(windows.open(u"CabinetWClass"_s, u"x"_s, 8), {}));
 }
 
-TEST_F(LocationTrackerTest, ANewCaptionIsAskedForAtOnce)
+TEST_F(LocationTrackerTest, ANewCaptionIsAskedForAtOnceAndTheSameAnswerConfirmed)
 {
-    const WindowHandle window = windows.open(QStringLiteral("IEFrame"), QStringLiteral("One"), 7);
-    tracker.location(window);
-    tracker.arrived(window, found(first));
-    windows.setCaption(window, QStringLiteral("Two"));
+    const WindowHandle window = known();
+    windows.setCaption(window, u"Two"_s);
     ASSERT_EQ(requests.size(), 2);
     EXPECT_EQ(requests[1].lastLocation, first);
     EXPECT_FALSE(requests[1].sameCaption);
-    EXPECT_EQ(tracker.location(window).state, State::Unknown);
-    tracker.arrived(window, found(second));
-    EXPECT_TRUE(isKnown(window, second));
-}
-
-TEST_F(LocationTrackerTest, TheSameAnswerUnderANewCaptionIsConfirmed)
-{
-    const WindowHandle window = windows.open(QStringLiteral("IEFrame"), QStringLiteral("One"), 7);
-    tracker.location(window);
+    EXPECT_EQ(stateOf(window), State::Unknown);
     tracker.arrived(window, found(first));
-    windows.setCaption(window, QStringLiteral("Two"));
-    tracker.arrived(window, found(first));
-    EXPECT_EQ(tracker.location(window).state, State::Unknown) << "may be the address of before";
+    EXPECT_EQ(stateOf(window), State::Unknown) << "may be the address of before";
     ASSERT_TRUE(QTest::qWaitFor([&] { return requests.size() == 3; }));
     tracker.arrived(window, found(second));
     EXPECT_TRUE(isKnown(window, second));
 
-    windows.setCaption(window, QStringLiteral("(1) Two"));
+    windows.setCaption(window, u"(1) Two"_s);
     answer = [this](const LookUpRequest &) { return found(second); };
     tracker.arrived(window, found(second));
     EXPECT_TRUE(QTest::qWaitFor([&] { return isKnown(window, second); }));
@@ -118,13 +122,12 @@ TEST_F(LocationTrackerTest, TheSameAnswerUnderANewCaptionIsConfirmed)
 
 TEST_F(LocationTrackerTest, AnAnswerToAnEarlierCaptionDoesNotCount)
 {
-    const WindowHandle window = windows.open(QStringLiteral("IEFrame"), QStringLiteral("One"), 7);
-    tracker.location(window);
-    windows.setCaption(window, QStringLiteral("Two"));
+    const WindowHandle window = asked();
+    windows.setCaption(window, u"Two"_s);
     tracker.arrived(window, found(first));
-    EXPECT_EQ(tracker.location(window).state, State::Unknown);
+    EXPECT_EQ(stateOf(window), State::Unknown);
     ASSERT_EQ(requests.size(), 2);
-    EXPECT_EQ(requests[1].caption, QStringLiteral("Two"));
+    EXPECT_EQ(requests[1].caption, u"Two"_s);
     tracker.arrived(window, found(second));
     EXPECT_TRUE(isKnown(window, second));
 }
@@ -134,8 +137,7 @@ TEST_F(LocationTrackerTest, AProgramThatIsNotReadyIsAskedAgain)
     answer = [this](const LookUpRequest &) {
         return requests.size() < 3 ? LookUpResult{Outcome::NotReady, {}} : found(first);
     };
-    const WindowHandle window = windows.open(QStringLiteral("IEFrame"), QStringLiteral("One"), 7);
-    tracker.location(window);
+    const WindowHandle window = asked();
     EXPECT_TRUE(QTest::qWaitFor([&] { return isKnown(window, first); }));
     EXPECT_EQ(requests.size(), 3);
 }
@@ -143,8 +145,8 @@ TEST_F(LocationTrackerTest, AProgramThatIsNotReadyIsAskedAgain)
 TEST_F(LocationTrackerTest, AProgramThatNeverAnswersIsKnownToHaveNoLocation)
 {
     answer = [](const LookUpRequest &) { return LookUpResult{Outcome::NoAnswer, {}}; };
-    const WindowHandle folder = windows.open(QStringLiteral("CabinetWClass"), QStringLiteral("x"), 7);
-    const WindowHandle browser = windows.open(QStringLiteral("IEFrame"), QStringLiteral("One"), 8);
+    const WindowHandle folder = windows.open(u"CabinetWClass"_s, u"x"_s, 7);
+    const WindowHandle browser = windows.open(u"IEFrame"_s, u"One"_s, 8);
     tracker.location(folder);
     tracker.location(browser);
     EXPECT_TRUE(QTest::qWaitFor([&] { return isKnown(folder, {}); }, 2500));
@@ -162,8 +164,8 @@ TEST_F(LocationTrackerTest, AProgramThatNeverAnswersIsKnownToHaveNoLocation)
 TEST_F(LocationTrackerTest, AnEventFindsAnAddressThatChangedUnderTheSameCaption)
 {
     answer = [this](const LookUpRequest &) { return found(first); };
-    const WindowHandle window = windows.open(QStringLiteral("IEFrame"), QStringLiteral("One"), 7);
-    const WindowHandle behind = windows.open(QStringLiteral("IEFrame"), QStringLiteral("Two"), 7);
+    const WindowHandle window = windows.open(u"IEFrame"_s, u"One"_s, 7);
+    const WindowHandle behind = windows.open(u"IEFrame"_s, u"Two"_s, 7);
     windows.foreground = window;
     tracker.location(window);
     tracker.location(behind);
@@ -187,8 +189,7 @@ TEST_F(LocationTrackerTest, AnEventFindsAnAddressThatChangedUnderTheSameCaption)
 TEST_F(LocationTrackerTest, ACaptionThatNeverRestsIsAskedForNowAndThen)
 {
     answer = [this](const LookUpRequest &) { return found(first); };
-    const WindowHandle window = windows.open(QStringLiteral("IEFrame"), QStringLiteral("One"), 7);
-    tracker.location(window);
+    const WindowHandle window = asked();
     ASSERT_TRUE(QTest::qWaitFor([&] { return isKnown(window, first); }));
     requests.clear();
     int changes = 0;
@@ -211,8 +212,7 @@ TEST_F(LocationTrackerTest, ACaptionThatNeverRestsIsAskedForNowAndThen)
 TEST_F(LocationTrackerTest, AWindowThatHasGoneIsForgotten)
 {
     QSignalSpy forgotten(&tracker, &LocationTracker::windowForgotten);
-    const WindowHandle window = windows.open(QStringLiteral("IEFrame"), QStringLiteral("One"), 7);
-    tracker.location(window);
+    const WindowHandle window = asked();
     EXPECT_TRUE(tracker.hasWindowsOf(7));
     windows.destroy(window);
     EXPECT_EQ(forgotten.size(), 1);
