@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <unistd.h>
 #include <xcb/shape.h>
 
 namespace norvane::test {
@@ -23,6 +24,7 @@ template <typename T> std::unique_ptr<T, Free> owned(T *memory)
 constexpr quint32 kUserPositionAndSize = 3;
 constexpr int kHintNumbers = 18;
 constexpr quint32 kBackground = 0x335577;
+constexpr uint8_t kEventMask = 0x7f; ///< without the mark of events that were sent by programs
 
 } // namespace
 
@@ -138,6 +140,22 @@ QVector<QRect> ForeignWindows::shape(xcb_window_t window) const
     for (int i = 0; i < xcb_shape_get_rectangles_rectangles_length(reply.get()); ++i)
         rects.append(QRect(rectangles[i].x, rectangles[i].y, rectangles[i].width, rectangles[i].height));
     return rects;
+}
+
+void ForeignWindows::answerPings(xcb_window_t window)
+{
+    setNumbers(window, "WM_PROTOCOLS", "ATOM", {atom("_NET_WM_PING")});
+    while (const auto event = owned(xcb_wait_for_event(m_connection))) {
+        auto *message = reinterpret_cast<xcb_client_message_event_t *>(event.get());
+        if ((event->response_type & kEventMask) != XCB_CLIENT_MESSAGE)
+            continue;
+        message->window = m_root;
+        xcb_send_event(m_connection, 0, m_root,
+                       XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                       reinterpret_cast<const char *>(message));
+        xcb_flush(m_connection);
+    }
+    ::_exit(0);
 }
 
 void ForeignWindows::request(xcb_window_t window, const char *message, const QVector<quint32> &numbers)

@@ -45,6 +45,9 @@ public:
     /// Rectangles of a window's bounding shape, in its own coordinates.
     QVector<QRect> shape(xcb_window_t window) const;
 
+    /// Answers the pings to a window, as a program that works does; until the process is killed.
+    [[noreturn]] void answerPings(xcb_window_t window);
+
     /// A request to the window manager, as a pager sends it.
     void request(xcb_window_t window, const char *message, const QVector<quint32> &numbers);
 

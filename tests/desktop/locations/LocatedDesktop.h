@@ -32,7 +32,7 @@ protected:
                 window = m_desktop.x().findClient(part);
                 return window != kNoWindow && m_windows->isVisible(window);
             },
-            40000))
+            120000))
             << part.toStdString();
         return window;
     }

@@ -2,7 +2,6 @@
 #include "fakes/MemorySettings.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/mdiMain.h"
-#include "shell/windows/mdi_arrange.h"
 
 #include <QAction>
 #include <QMdiArea>
@@ -143,22 +142,6 @@ TEST_F(Frame, ArrangesItsVisibleChildren)
     first->move(50, 50);
     choose(u"menu_Window_Arrange_Icons"_s);
     EXPECT_EQ(first->geometry().bottomLeft(), room.bottomLeft());
-}
-
-TEST(ChildTiles, ShareTheRoomWithoutGapOrOverlap)
-{
-    const QRect room(5, 7, 100, 50);
-    for (int count = 1; count <= 7; ++count) {
-        for (const QVector<QRect> &tiles : {tileRows(room, count), tileColumns(room, count)}) {
-            QRegion covered;
-            for (const QRect &rect : tiles) {
-                EXPECT_FALSE(covered.intersects(rect));
-                covered += rect;
-            }
-            EXPECT_EQ(covered, QRegion(room));
-        }
-    }
-    EXPECT_TRUE(tileRows(room, 0).isEmpty());
 }
 
 } // namespace

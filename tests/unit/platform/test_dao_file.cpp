@@ -4,7 +4,6 @@
 #include "unit/platform/dao_fixture.h"
 #include "unit/platform/linux/in_child.h"
 
-#include <QDebug>
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
@@ -29,25 +28,6 @@ void write(const QString &path, const QByteArray &bytes)
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     ASSERT_EQ(file.write(bytes), bytes.size());
-}
-
-/// All that is defined about a table, a line for each field and index.
-QString asText(const TableDef &table)
-{
-    QString text;
-    QDebug out(&text);
-    out << table.name << table.attributes << table.connect << table.sourceTableName << table.validationRule
-        << table.validationText << '\n';
-    for (const FieldDef &field : table.fields) {
-        out << field.name << static_cast<int>(field.type) << field.size << field.attributes
-            << field.defaultValue << field.ordinalPosition << field.required << field.allowZeroLength
-            << field.validationRule << field.validationText << '\n';
-    }
-    for (const IndexDef &index : table.indexes) {
-        out << index.name << index.field << index.primary << index.unique << index.required << index.clustered
-            << index.ignoreNulls << '\n';
-    }
-    return text;
 }
 
 class FileTest : public DaoTest
@@ -93,41 +73,6 @@ protected:
     }
 };
 
-TEST_F(FileTest, DefinitionsComeBackExactly)
-{
-    createNotes();
-    TableDef odd;
-    odd.name = u"Odd"_s;
-    odd.attributes = 3;
-    odd.connect = u"c"_s;
-    odd.sourceTableName = u"s"_s;
-    FieldDef name;
-    name.name = u"Name"_s;
-    name.size = 50;
-    name.defaultValue = u"It's \"new\""_s;
-    name.validationRule = u"r"_s;
-    name.validationText = u"t"_s;
-    odd.fields = {name};
-    database->appendTable(odd);
-    database->setAllowZeroLength(u"memos"_s, u"windowname"_s, false);
-    TableDef memos = memosTable();
-    memos.fields[1].allowZeroLength = false;
-    database.reset();
-    database = open();
-    const QVector<TableDef> tables = database->tableDefs();
-    ASSERT_EQ(tables.size(), 3);
-    EXPECT_EQ(asText(tables[0]), asText(categoryTable()));
-    EXPECT_EQ(asText(tables[1]), asText(memos));
-    EXPECT_EQ(asText(tables[2]), asText(odd));
-    EXPECT_EQ(errorOf([&] { database->appendTable(memos); }), kErrorDuplicate);
-    const QByteArray before = contents(file);
-    database->setAllowZeroLength(u"Memos"_s, u"WindowName"_s, false);
-    EXPECT_EQ(contents(file), before) << "nothing was to be changed";
-    const auto note = notes();
-    note->addNew();
-    EXPECT_EQ(errorOf([&] { note->setField(u"WindowName"_s, u""_s); }), kErrorNotZeroLength);
-}
-
 TEST_F(FileTest, TheStockShellReadsTheFile)
 {
     const QString shell = QStandardPaths::findExecutable(u"sqlite3"_s);
@@ -152,6 +97,7 @@ TEST_F(FileTest, FilesAreForTheUserAlone)
             << name.toStdString();
     EXPECT_EQ(filesInFolder(), QStringList({u".Norvane.DAT.lock"_s, u"Norvane.DAT"_s}));
     EXPECT_EQ(errorOf([&] { workspace->createDatabase(file, {}); }), kErrorFileAccess);
+    EXPECT_EQ(errorOf([&] { database->appendTable(memosTable()); }), kErrorDuplicate);
     EXPECT_EQ(errorOf([&] { workspace->createDatabase(folder.filePath(u"no/x"_s), {}); }),
               kErrorPathNotFound);
 }
