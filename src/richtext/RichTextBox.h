@@ -178,6 +178,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
     QVariant loadResource(int type, const QUrl &name) override;
     QMimeData *createMimeDataFromSelection() const override;

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -198,6 +199,19 @@ void RichTextBox::contextMenuEvent(QContextMenuEvent *event)
     event->accept();
     if (event->reason() == QContextMenuEvent::Keyboard)
         emit MenuKey(cursorRect().bottomLeft());
+}
+
+void RichTextBox::dropEvent(QDropEvent *event)
+{
+    const int place = cursorForPosition(event->position().toPoint()).position();
+    if (!isReadOnly() && !isProtected(place, place)) {
+        QTextEdit::dropEvent(event);
+        return;
+    }
+    // The base class would take the text away from where it was before it finds no place for it.
+    QDragLeaveEvent leave;
+    dragLeaveEvent(&leave);
+    event->ignore();
 }
 
 QVariant RichTextBox::loadResource(int type, const QUrl &name)

@@ -2,6 +2,7 @@
 
 #include <QColorDialog>
 #include <QDialogButtonBox>
+#include <QFontDatabase>
 #include <QFontDialog>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -33,6 +34,9 @@ FontDialog::FontDialog(const FontChoice &start, QWidget *parent)
     font.setItalic(start.italic);
     font.setStrikeOut(start.strikeThru);
     font.setUnderline(start.underline);
+    // What stands in for a font that is not installed, or the list would begin somewhere.
+    if (!QFontDatabase::hasFamily(start.family))
+        font.setFamily(QFontInfo(font).family());
     m_fonts->setWindowFlags(Qt::Widget);
     m_fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
     m_fonts->setSizeGripEnabled(false);
@@ -62,17 +66,17 @@ FontDialog::FontDialog(const FontChoice &start, QWidget *parent)
 
 FontChoice FontDialog::choice() const
 {
-    // The dialog knows whole sizes only, and shows another font for one that is not installed: what
-    // nobody has touched stays as it was.
+    // The dialog knows whole sizes and installed fonts only: what nobody has touched stays as it was.
     const QFont font = m_fonts->currentFont();
     FontChoice choice = m_start;
-    if (font.family() != m_shown.family())
+    const bool isOther = font.family() != m_shown.family();
+    if (isOther)
         choice.family = font.family();
     if (font.pointSize() != m_shown.pointSize())
         choice.points = font.pointSizeF();
-    if (font.bold() != m_shown.bold())
+    if (isOther || font.bold() != m_shown.bold())
         choice.bold = font.bold();
-    if (font.italic() != m_shown.italic())
+    if (isOther || font.italic() != m_shown.italic())
         choice.italic = font.italic();
     choice.strikeThru = font.strikeOut();
     choice.underline = font.underline();

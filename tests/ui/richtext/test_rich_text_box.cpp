@@ -3,6 +3,8 @@
 #include "richtext/rtf/writer.h"
 #include "sample_documents.h"
 
+#include <QDropEvent>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -315,6 +317,29 @@ TEST_F(RichTextBoxTest, ProtectedTextIsNotTypedOver)
     press(1, 0, Qt::Key_Backspace);
     press(0, 0, Qt::Key_X, u"x"_qs);
     EXPECT_EQ(box.Text(), u"xbcd"_qs);
+}
+
+TEST_F(RichTextBoxTest, ProtectedTextTakesNoDrop)
+{
+    box.setTextRTF("{\\rtf1 ab{\\protect cd}ef\\par}");
+    box.resize(300, 100);
+    box.show();
+    QMimeData data;
+    data.setText(u"x"_qs);
+    const auto drop = [&](int position) {
+        box.setSelStart(position);
+        const QPointF point = box.cursorRect().center();
+        QDragEnterEvent enter(point.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box.viewport(), &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent event(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box.viewport(), &event);
+        return event.isAccepted();
+    };
+    EXPECT_FALSE(drop(3));
+    EXPECT_EQ(box.Text(), u"abcdef"_qs);
+    EXPECT_TRUE(drop(1));
+    EXPECT_EQ(box.Text(), u"axbcdef"_qs);
 }
 
 TEST_F(RichTextBoxTest, ALockedTextIsReadAndNotWritten)
