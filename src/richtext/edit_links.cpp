@@ -27,8 +27,11 @@ constexpr int kDefaultPointer = 0;
 void NV_RTFEdit::setAutoURLDetect(bool on)
 {
     mAutoURLDetect = on;
-    if (!on)
+    if (!on) {
+        if (m_box->MousePointer() == kHand)
+            m_box->setMousePointer(kDefaultPointer);
         return;
+    }
     const links::DocumentScan scan = links::scanDocument(m_box->Text());
     if (scan.caret < 0)
         return;
@@ -51,7 +54,8 @@ void NV_RTFEdit::setAutoURLDetect(bool on)
 void NV_RTFEdit::boxKeyPress(int &key)
 {
     emit KeyPress(key);
-    if (mAutoURLDetect && (key == kEnter || key == kBlank))
+    // A key that does not go in has no word before it.
+    if (mAutoURLDetect && (key == kEnter || key == kBlank) && m_box->mayChangeSelection())
         checkTypedWord();
 }
 

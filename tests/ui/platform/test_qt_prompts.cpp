@@ -3,7 +3,6 @@
 #include "platform/qt/QtPrompts.h"
 
 #include <QApplication>
-#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QFontDialog>
@@ -163,23 +162,6 @@ TEST(QtPrompts, FileIsChosenOrEmpty)
         QMetaObject::invokeMethod(shown, "accept");
     });
     EXPECT_EQ(prompts.openFile(QStringLiteral("Open"), filter), file);
-}
-
-TEST(QtPrompts, ColorIsChosenOrNone)
-{
-    QtPrompts prompts;
-    {
-        WhenShown<QColorDialog> dialog([&](QColorDialog *shown) {
-            EXPECT_EQ(shown->currentColor(), QColor(1, 2, 3));
-            shown->reject();
-        });
-        EXPECT_EQ(prompts.chooseColor(0x030201), std::nullopt);
-    }
-    WhenShown<QColorDialog> dialog([&](QColorDialog *shown) {
-        shown->setCurrentColor(QColor(0xFF, 0x80, 0));
-        shown->accept();
-    });
-    EXPECT_EQ(prompts.chooseColor(0), 0x0080FFU);
 }
 
 TEST(QtPrompts, FontKeepsWhatNobodyTouched)
