@@ -1,0 +1,88 @@
+// Another program on the desktop, with as many plain windows as it is told to have. It takes a command
+// from each line of its input and answers each with one line:
+//
+//   open CLASS TITLE       makes a window; the answer is its id
+//   title ID TITLE         changes a title
+//   flutter ID RATE MS     changes a title RATE times a second for MS milliseconds; the answer comes
+//                          when it is over, and is the number of changes
+//   close ID               destroys a window
+//
+// A TITLE is the bytes of the property, in hexadecimal digits.
+
+#include "harness/ForeignWindows.h"
+
+#include <QDeadlineTimer>
+#include <cstdio>
+#include <iostream>
+#include <poll.h>
+#include <sstream>
+#include <string>
+
+using norvane::test::ForeignWindows;
+
+namespace {
+
+void setTitle(ForeignWindows &windows, xcb_window_t window, const QByteArray &bytes)
+{
+    windows.setText(window, "_NET_WM_NAME", "UTF8_STRING", bytes);
+}
+
+xcb_window_t open(ForeignWindows &windows, const std::string &wmClass, const QByteArray &title)
+{
+    ForeignWindows::Looks looks;
+    const std::string names = wmClass + '\0' + wmClass + '\0';
+    looks.wmClass = QByteArray::fromStdString(names);
+    const int step = static_cast<int>(windows.opened().size() % 10);
+    looks.rect = QRect(40 + 30 * step, 60 + 20 * step, 640, 480);
+    const xcb_window_t window = windows.open(looks);
+    setTitle(windows, window, title);
+    return window;
+}
+
+int flutter(ForeignWindows &windows, xcb_window_t window, int rate, int milliseconds)
+{
+    const QDeadlineTimer end(milliseconds);
+    int changes = 0;
+    while (!end.hasExpired()) {
+        setTitle(windows, window, "Number " + QByteArray::number(++changes));
+        // As many as are due by now, whatever held the program.
+        const qint64 passed = milliseconds - end.remainingTime();
+        if (changes * 1000LL > passed * rate)
+            ::poll(nullptr, 0, static_cast<int>(changes * 1000LL / rate - passed));
+    }
+    return changes;
+}
+
+} // namespace
+
+int main()
+{
+    ForeignWindows windows(qEnvironmentVariable("DISPLAY"));
+    for (std::string line; std::getline(std::cin, line);) {
+        std::istringstream words(line);
+        std::string command;
+        std::string first;
+        std::string title;
+        words >> command >> first;
+        const auto window = static_cast<xcb_window_t>(std::strtoul(first.c_str(), nullptr, 10));
+        unsigned answer = window;
+        if (command == "flutter") {
+            int rate = 0;
+            int milliseconds = 0;
+            words >> rate >> milliseconds;
+            answer = static_cast<unsigned>(flutter(windows, window, rate, milliseconds));
+        } else if (command == "close") {
+            windows.destroy(window);
+        } else {
+            words >> title;
+            const QByteArray bytes = QByteArray::fromHex(QByteArray::fromStdString(title));
+            if (command == "open")
+                answer = open(windows, first, bytes);
+            else
+                setTitle(windows, window, bytes);
+        }
+        std::printf("%u\n", answer);
+        std::fflush(stdout);
+    }
+    return 0;
+}
