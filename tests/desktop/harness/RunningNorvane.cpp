@@ -11,8 +11,9 @@ namespace {
 /// A window that loses the keyboard shows it up to half a second later.
 constexpr int kSettledMs = 900;
 
-/// An attach that found no location yet is tried again, as a person does.
-constexpr int kPressAgainMs = 1000;
+/// An attach that found no location yet is tried again, as a person does; not sooner, since a late
+/// second one takes the keyboard from the note.
+constexpr int kPressAgainMs = 5000;
 
 /// A place on a note's strip beside the pin, pixels.
 constexpr QPoint kOnStrip(160, 14);
@@ -106,16 +107,19 @@ QImage RunningNorvane::pictureOf(xcb_window_t note) const
 
 QImage RunningNorvane::settledPictureOf(xcb_window_t note) const
 {
-    QImage picture;
+    // With the text cursor and without it.
+    QImage pictures[2];
     QElapsedTimer same;
     waitFor([&] {
         const QImage now = pictureOf(note);
-        if (now != picture || !same.isValid())
+        if (!same.isValid() || (now != pictures[0] && now != pictures[1])) {
+            pictures[1] = pictures[0];
+            pictures[0] = now;
             same.start();
-        picture = now;
+        }
         return same.hasExpired(kSettledMs);
     });
-    return picture;
+    return pictures[0];
 }
 
 bool RunningNorvane::bringToFront(xcb_window_t window)

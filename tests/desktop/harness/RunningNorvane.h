@@ -34,7 +34,7 @@ public:
     /// Where a note is in its window, in pixels from the corner that a person sees.
     QRect placeIn(xcb_window_t target, xcb_window_t note) const;
     QImage pictureOf(xcb_window_t note) const;
-    /// What a note looks like when it has stopped changing.
+    /// What a note looks like when it has stopped changing but for the text cursor.
     QImage settledPictureOf(xcb_window_t note) const;
 
     /// Brings a window to the front, with the keyboard.
@@ -43,7 +43,8 @@ public:
     xcb_window_t attach(xcb_window_t target);
     /// Drags a note by its strip, in steps as a hand makes them; true when it is where it should be.
     bool drag(xcb_window_t note, const QPoint &way);
-    /// Clicks into a note and types; true when the text shows.
+    /// Clicks into a note and types; true when most of the text shows. What is behind may follow:
+    /// the toolkit sends the keys through the accessibility bus.
     bool typeInto(xcb_window_t note, const QString &text);
 
     /// Where the database and the bodies are, without a separator at the end.
