@@ -69,16 +69,9 @@ void OtherProgram::close(xcb_window_t window)
     tell("close " + QByteArray::number(window));
 }
 
-void OtherProgram::flutter(xcb_window_t window, int rate, int milliseconds)
+void OtherProgram::flutter(xcb_window_t window, int rate)
 {
-    m_process->write("flutter " + QByteArray::number(window) + ' ' + QByteArray::number(rate) + ' ' +
-                     QByteArray::number(milliseconds) + '\n');
-}
-
-int OtherProgram::fluttered()
-{
-    const QByteArray count = m_process->readAllStandardOutput().trimmed();
-    return count.isEmpty() ? -1 : count.toInt();
+    m_process->write("flutter " + QByteArray::number(window) + ' ' + QByteArray::number(rate) + '\n');
 }
 
 } // namespace norvane::test

@@ -2,8 +2,6 @@
 
 #include "harness/VirtualDesktop.h"
 
-#include <csignal>
-
 namespace norvane::test {
 
 /// Settings with which windows of OtherProgram's class carry notes, and of a user to whom Norvane is
@@ -36,14 +34,10 @@ public:
     void setTitle(xcb_window_t window, const QByteArray &title);
     void close(xcb_window_t window);
 
-    /// Changes a window's title @p rate times a second. The program does nothing else meanwhile.
-    void flutter(xcb_window_t window, int rate, int milliseconds);
-    /// The number of changes; -1 as long as they go on.
-    int fluttered();
-
-    /// Stops the program in its tracks, and lets it go on.
-    void hang() const { ::kill(static_cast<pid_t>(m_process->processId()), SIGSTOP); }
-    void wake() const { ::kill(static_cast<pid_t>(m_process->processId()), SIGCONT); }
+    /// Changes a window's title @p rate times a second, to "Number 1" and on. The program does nothing
+    /// else any more.
+    void flutter(xcb_window_t window, int rate);
+    void end() { m_desktop.end(m_process); }
 
 private:
     /// @return the answer; empty when none came

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QMargins>
+#include <csignal>
 
 namespace norvane::test {
 
@@ -23,6 +24,20 @@ constexpr int kDragParts = 10;
 constexpr QMargins kAroundPaper(6, 36, 6, 6);
 /// Pixels that a character changes on an average, blanks included; a text cursor has about twenty.
 constexpr int kLeastInk = 8;
+
+/// Whether a process has a handler of its own for a signal.
+bool handlesSignal(qint64 processId, int signal)
+{
+    QFile status(QStringLiteral("/proc/%1/status").arg(processId));
+    if (!status.open(QIODevice::ReadOnly))
+        return false;
+    const QList<QByteArray> lines = status.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith("SigCgt:"))
+            return (line.mid(7).trimmed().toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
+    }
+    return false;
+}
 
 } // namespace
 
@@ -55,7 +70,8 @@ bool RunningNorvane::hasEndedWell() const
 
 bool RunningNorvane::isArmed() const
 {
-    return isRunning() && m_desktop.x().isTaken(QStringLiteral("ctrl+alt+a"));
+    return isRunning() && m_desktop.x().isTaken(QStringLiteral("ctrl+alt+a")) &&
+           handlesSignal(m_process->processId(), SIGTERM);
 }
 
 QString RunningNorvane::errorOutput() const

@@ -18,7 +18,7 @@ public:
     bool isRunning() const;
     /// Left by itself and without an error.
     bool hasEndedWell() const;
-    /// Whether its hot keys answer: they are the last thing that a start brings.
+    /// Whether its start is over: its hot keys answer, and it ends as it should when it is asked to.
     bool isArmed() const;
     /// nullptr before the first start()
     QProcess *process() const { return m_process; }
