@@ -90,8 +90,12 @@ protected:
     fakes::FakePrinting printing;
     EditState editState;
     EditServices edit{files, shell, prompts, printing, clock, editState};
+    fakes::FakeScreenCapture capture;
+    AllViews views;
+    IconList menuImages{sharedMenuImages()};
     frmStickyFactory factory{{store, forms, Clips, windows, embedding, timer, settings, events, clock, sound,
-                              hotKeys, grid, rescue, edit, Twips(96, 96), u"/click.wav"_qs}};
+                              hotKeys, grid, rescue, edit, capture, views, menuImages,
+                              [] { return u"Ctrl+Alt+D"_qs; }, Twips(96, 96), u"/click.wav"_qs}};
     WindowHandle target = kNoWindow;
     int id = 0;
     QPointer<frmSticky> note;
