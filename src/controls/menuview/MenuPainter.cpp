@@ -241,8 +241,7 @@ QColor MenuPainter::inkOn(const QRect &text, const QRect &highlight) const
     return worst(m_highlightedText) > worst(m_text) ? m_highlightedText : m_text;
 }
 
-void MenuPainter::paintTexts(QPainter &painter, const MenuItem &item, const MenuRow &row,
-                             int highlightLeft) const
+void MenuPainter::paintTexts(QPainter &painter, const MenuItem &item, const MenuRow &row, int highlightLeft)
 {
     painter.setFont(m_metrics.FontHandle(item.Default ? cNCMetrics::kBoldMenuFont : cNCMetrics::kMenuFont));
     const QFontMetrics metrics(painter.font());
@@ -254,11 +253,14 @@ void MenuPainter::paintTexts(QPainter &painter, const MenuItem &item, const Menu
     const auto inkFor = [&](const QRect &text) {
         if (item.Enabled)
             return isSelected ? inkOn(text, highlight) : m_text;
-        if (isSelected && !hasGradient() && contrastOf(m_grayText, m_highlight) < 1.8)
+        if (isSelected && !hasGradient() && contrastOf(m_grayText, m_highlight) < 2.5)
             return blended(m_highlight, m_highlightedText, 0.55);
         return m_grayText;
     };
-    const bool isEtched = !item.Enabled && !(isSelected && row.byKeyboard);
+    // The light edge of grey text, lighter than what it is on; invalid for none.
+    QColor etching;
+    if (!item.Enabled && !(isSelected && row.byKeyboard))
+        etching = isSelected && !hasGradient() ? painted(m_shade.of(plain(m_highlight))) : m_light;
 
     QRect place = row.rect;
     place.setLeft(row.rect.left() + menuTextLeft(m_look.itemHeight));
@@ -269,13 +271,13 @@ void MenuPainter::paintTexts(QPainter &painter, const MenuItem &item, const Menu
     const ShownText shown = shownText(item.displayCaption);
     QRect text = place;
     text.setWidth(std::min(place.width(), metrics.horizontalAdvance(shown.text)));
-    paintText(painter, shown.text, shown.underlined, place, Qt::AlignLeft, inkFor(text), isEtched);
+    paintText(painter, shown.text, shown.underlined, place, Qt::AlignLeft, inkFor(text), etching);
 
     if (!item.shortcutText.isEmpty()) {
         QRect column = row.rect;
         column.setLeft(row.rect.left() + row.shortcutColumn);
         column.setWidth(row.shortcutWidth);
-        paintText(painter, item.shortcutText, -1, column, Qt::AlignRight, inkFor(column), isEtched);
+        paintText(painter, item.shortcutText, -1, column, Qt::AlignRight, inkFor(column), etching);
     }
     if (item.hasSubMenu()) {
         QRect arrow = row.rect;
@@ -285,7 +287,7 @@ void MenuPainter::paintTexts(QPainter &painter, const MenuItem &item, const Menu
 }
 
 void MenuPainter::paintText(QPainter &painter, const QString &text, int underlined, const QRect &rect,
-                            Qt::Alignment side, const QColor &ink, bool isEtched) const
+                            Qt::Alignment side, const QColor &ink, const QColor &etching) const
 {
     const QFontMetrics metrics(painter.font());
     const QString line = metrics.elidedText(text, Qt::ElideRight, rect.width());
@@ -302,8 +304,8 @@ void MenuPainter::paintText(QPainter &painter, const QString &text, int underlin
             painter.fillRect(QRect(left, top, width, std::max(1, metrics.lineWidth())), color);
         }
     };
-    if (isEtched)
-        paint(rect.translated(1, 1), m_light);
+    if (etching.isValid())
+        paint(rect.translated(1, 1), etching);
     paint(rect, ink);
 }
 

@@ -66,9 +66,9 @@ private:
     void paintHeader(QPainter &painter, const MenuItem &item, const QRect &rect) const;
     void paintHighlight(QPainter &painter, const QRect &rect, bool isSelected);
     void paintFirstColumn(QPainter &painter, const MenuItem &item, const QRect &rect, bool isSelected);
-    void paintTexts(QPainter &painter, const MenuItem &item, const MenuRow &row, int highlightLeft) const;
+    void paintTexts(QPainter &painter, const MenuItem &item, const MenuRow &row, int highlightLeft);
     void paintText(QPainter &painter, const QString &text, int underlined, const QRect &rect,
-                   Qt::Alignment side, const QColor &ink, bool isEtched) const;
+                   Qt::Alignment side, const QColor &ink, const QColor &etching) const;
     QColor inkOn(const QRect &text, const QRect &highlight) const;
     bool hasGradient() const { return m_look.gradientHighlight && m_look.mayUseGradients; }
 

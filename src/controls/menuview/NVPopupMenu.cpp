@@ -223,6 +223,7 @@ void NVPopupMenu::drawRow(QPainter &painter, MenuPainter &menuPainter, int index
     const MenuItem *current = item(index);
     if (!current)
         return;
+    const QPointer<NVPopupMenu> self(this);
     const MenuItem drawn = *current;
     bool doDefault = true;
     if (drawn.OwnerDraw) {
@@ -231,6 +232,8 @@ void NVPopupMenu::drawRow(QPainter &painter, MenuPainter &menuPainter, int index
         emit DrawItem(&painter, index, rect.left(), rect.top(), rect.right() + 1, rect.bottom() + 1,
                       row.selected && !drawn.isPassive(), drawn.Checked, !drawn.Enabled, doDefault);
         painter.restore();
+        if (!self)
+            return;
     }
     if (doDefault) {
         menuPainter.paintBackground(painter, row);

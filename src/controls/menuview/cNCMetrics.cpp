@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <cmath>
 
 namespace norvane {
 
@@ -81,7 +82,9 @@ int cNCMetrics::textHeight() const
 
 int cNCMetrics::width(const QString &text, bool bold) const
 {
-    return QFontMetrics(FontHandle(bold ? kBoldMenuFont : kMenuFont)).horizontalAdvance(text);
+    // Rounded up: a text that is a part of a pixel too wide would be cut.
+    return int(
+        std::ceil(QFontMetricsF(FontHandle(bold ? kBoldMenuFont : kMenuFont)).horizontalAdvance(text)));
 }
 
 } // namespace norvane
