@@ -105,14 +105,13 @@ Program::Program()
               .printing = m_backends.printing,
               .clock = m_backends.clock,
               .state = m_state.edit}),
-      m_menuImages(sharedMenuImages()),
-      m_shutDown({.store = m_state.store,
-                  .watch = m_state.watch,
-                  .timer = m_backends.timer,
-                  .forms = m_state.forms,
-                  .unloadPreview = {},
-                  // Not quit(), which any window may decline.
-                  .endProcess = [] { QCoreApplication::exit(); }}),
+      m_menuImages(sharedMenuImages()), m_shutDown({.store = m_state.store,
+                                                    .watch = m_state.watch,
+                                                    .timer = m_backends.timer,
+                                                    .forms = m_state.forms,
+                                                    .unloadPreview = {},
+                                                    // Not quit(), which any window may decline.
+                                                    .endProcess = [] { QCoreApplication::exit(); }}),
       m_firstNotices(m_backends.settings, m_backends.notifier,
                      [this](const QString &text) { return m_windows.showNotice(text, kLongNoticeMs); }),
       m_accessibility(m_backends.settings, m_backends.prompts, m_backends.shellWindows)

@@ -141,8 +141,7 @@ void NoteCommand::clearDocument()
 
 void NoteCommand::importNote()
 {
-    m_services.views.showOpenNote(*m_note->Text1(),
-                                  frmSticky::tr("Import into '%1'").arg(m_note->caption()));
+    m_services.views.showOpenNote(*m_note->Text1(), frmSticky::tr("Import into '%1'").arg(m_note->caption()));
 }
 
 void NoteCommand::importDocument()
@@ -158,7 +157,8 @@ void NoteCommand::importDocument()
         return;
     }
     try {
-        m_note->Text1()->LoadFile(path, extension == u"TXT" ? RichTextBox::kPlainText : RichTextBox::kRichText);
+        m_note->Text1()->LoadFile(path,
+                                  extension == u"TXT" ? RichTextBox::kPlainText : RichTextBox::kRichText);
     } catch (const RuntimeError &error) {
         tell(error.description());
     }

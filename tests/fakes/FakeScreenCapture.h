@@ -2,8 +2,8 @@
 
 #include "platform/ScreenCapture.h"
 
-#include <QGuiApplication>
 #include <QClipboard>
+#include <QGuiApplication>
 #include <QImage>
 #include <QVector>
 #include <functional>

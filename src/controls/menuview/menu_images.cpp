@@ -8,10 +8,10 @@ IconList sharedMenuImages()
 {
     // In the order of MenuImage.
     static constexpr const char *kFiles[] = {
-        "document-new",    "document-open",   "document-save",   "note-delete",
-        "document-print",  "import-export",   "note-properties", "note-close",
-        "document-import", "document-export", "organizer",       "capture",
-        "capture-window",  "capture-desktop", "mail",            "import-notes",
+        "document-new",  "document-open",   "document-save",  "note-delete",     "document-print",
+        "import-export", "note-properties", "note-close",     "document-import", "document-export",
+        "organizer",     "capture",         "capture-window", "capture-desktop", "mail",
+        "import-notes",
     };
     QVector<QIcon> icons;
     for (const char *file : kFiles)
