@@ -97,8 +97,10 @@ void NoteCommand::captureWindow()
     if (m_note) {
         m_note->showNote();
         m_services.events.yield();
-        if (m_note)
+        if (m_note) {
             m_services.windows.bringWindowToTop(m_note->hWnd());
+            m_note->activateWindow(); // its menu was used: that is where the user is
+        }
     }
     pastePicture(taken);
 }
