@@ -6,6 +6,7 @@ namespace norvane {
 enum ErrorNumber {
     kErrorInvalidCall = 5,          ///< an argument that makes no sense
     kErrorOverflow = 6,             ///< a number does not fit its 16-bit or 32-bit place
+    kErrorSubscript = 9,            ///< a row, column or place that is not there
     kErrorTypeMismatch = 13,        ///< a value of the wrong kind
     kErrorFileNotFound = 53,        ///< a file that should be there is not
     kErrorFileAccess = 75,          ///< a file or folder may not be read or written

@@ -2,7 +2,7 @@
 
 #include "controls/menu/caption_markers.h"
 #include "controls/menu/menu_measures.h"
-#include "controls/menuview/ImageList.h"
+#include "controls/ImageList.h"
 #include "controls/menuview/cNCMetrics.h"
 
 #include <QApplication>

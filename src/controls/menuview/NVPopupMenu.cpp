@@ -1,6 +1,6 @@
 #include "controls/menuview/NVPopupMenu.h"
 
-#include "controls/menuview/ImageList.h"
+#include "controls/ImageList.h"
 #include "controls/menuview/MenuWindow.h"
 #include "shell/Twips.h"
 

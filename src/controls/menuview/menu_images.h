@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/menuview/ImageList.h"
+#include "controls/ImageList.h"
 
 namespace norvane {
 

@@ -1,6 +1,6 @@
 #include "OpenMenu.h"
 
-#include "controls/menuview/ImageList.h"
+#include "controls/ImageList.h"
 
 #include <QImage>
 #include <QPainter>
