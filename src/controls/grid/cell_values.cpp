@@ -47,14 +47,20 @@ double dateNumber(const QDateTime &date)
            date.time().msecsSinceStartOfDay() / kMillisecondsOfDay;
 }
 
-QDateTime dateOfNumber(double number)
+DayAndTime dayAndTime(double number)
 {
     const double day = std::floor(number);
-    const auto inDay = static_cast<int>(std::llround((number - day) * kMillisecondsOfDay));
     const QDate date = QDate::fromJulianDay(static_cast<qint64>(day) + kFirstDay);
-    if (inDay >= static_cast<int>(kMillisecondsOfDay))
-        return QDateTime(date.addDays(1), QTime(0, 0));
-    return QDateTime(date, QTime::fromMSecsSinceStartOfDay(inDay));
+    const double milliseconds = std::round((number - day) * kMillisecondsOfDay);
+    if (milliseconds >= kMillisecondsOfDay)
+        return {date.addDays(1), 0};
+    return {date, static_cast<int>(milliseconds)};
+}
+
+QDateTime dateOfNumber(double number)
+{
+    const DayAndTime of = dayAndTime(number);
+    return QDateTime(of.day, QTime::fromMSecsSinceStartOfDay(of.milliseconds));
 }
 
 KeptValue keptValue(const QVariant &value)

@@ -28,6 +28,13 @@ struct CellValue
 };
 
 double dateNumber(const QDateTime &date);
+/// The day and the time of such a number, for those who need no time zone.
+struct DayAndTime
+{
+    QDate day;
+    int milliseconds = 0; ///< of the day
+};
+DayAndTime dayAndTime(double number);
 /// Local, to the millisecond.
 QDateTime dateOfNumber(double number);
 

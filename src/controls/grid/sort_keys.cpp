@@ -46,19 +46,19 @@ struct Stretch
 /// A date cut down to the year, month, day, hour or minute, as a whole number.
 qint64 cutDate(double number, qint32 type)
 {
-    const QDateTime date = dateOfNumber(number);
-    const qint64 day = date.date().toJulianDay();
+    const DayAndTime date = dayAndTime(number);
+    const qint64 day = date.day.toJulianDay();
     switch (type) {
     case kSortDateYear:
-        return date.date().year();
+        return date.day.year();
     case kSortDateMonth:
-        return qint64(date.date().year()) * 12 + date.date().month() - 1;
+        return qint64(date.day.year()) * 12 + date.day.month() - 1;
     case kSortDateDay:
         return day;
     case kSortDateHour:
-        return day * 24 + date.time().hour();
+        return day * 24 + date.milliseconds / 3'600'000;
     default:
-        return day * 1440 + date.time().hour() * 60 + date.time().minute();
+        return day * 1440 + date.milliseconds / 60'000;
     }
 }
 
