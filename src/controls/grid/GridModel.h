@@ -185,7 +185,7 @@ public:
     QVector<int> visibleColumns() const;
 
 protected:
-    enum class Change { Cell, Rows, Columns, Header, Selection };
+    enum class Change { Cell, Rows, Columns, Width, Header, Selection };
     /// Called after each change; row and column are 0 unless it is of one cell.
     virtual void changed(Change change, int row, int column) = 0;
 

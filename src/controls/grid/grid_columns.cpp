@@ -73,7 +73,7 @@ void GridModel::setColumnWidth(int column, int width)
     if (ColumnWidth(column) == std::max(0, width))
         return;
     changedColumn(column).width = std::max(0, width);
-    changed(Change::Columns, 0, column);
+    changed(Change::Width, 0, column);
 }
 
 void GridModel::setColumnVisible(int column, bool visible)

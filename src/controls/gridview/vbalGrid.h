@@ -195,10 +195,12 @@ private:
     // vbalGrid.cpp
     void layOut() const;
     void layOutLater();
-    void fitRowHeights();
-    void lookChanged();
     qint32 fontIndex(const QFont &font);
     QFont fontOf(qint32 index) const;
+
+    // grid_look.cpp
+    void fitRowHeights();
+    void lookChanged();
 
     // grid_input.cpp
     bool moveByKey(QKeyEvent *event);

@@ -1,8 +1,8 @@
 #include "controls/menuview/MenuPainter.h"
 
+#include "controls/ImageList.h"
 #include "controls/menu/caption_markers.h"
 #include "controls/menu/menu_measures.h"
-#include "controls/ImageList.h"
 #include "controls/menuview/cNCMetrics.h"
 
 #include <QApplication>
