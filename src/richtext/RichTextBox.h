@@ -2,6 +2,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/WindowHandle.h"
+#include "richtext/ParagraphPainter.h"
 #include "richtext/PictureStore.h"
 #include "richtext/selection_format.h"
 
@@ -140,6 +141,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
     QVariant loadResource(int type, const QUrl &name) override;
     QMimeData *createMimeDataFromSelection() const override;
@@ -174,6 +176,7 @@ private:
 
     FileSystem &m_files;
     PictureStore m_pictures;
+    ParagraphPainter m_paragraphPainter;
     quint32 m_backColor = kSystemWindowColor;
     int m_mousePointer = 0;
     bool m_leftPressed = false;

@@ -146,14 +146,15 @@ void RichTextBox::setSelBullet(bool on)
     changeParagraphs([on](rtf::ParagraphFormat &format) {
         const bool standard =
             format.leftIndent == kDefaultBulletIndent && format.firstIndent == -kDefaultBulletIndent;
-        if (on && !format.bullet && format.leftIndent == 0 && format.firstIndent == 0) {
+        if (on && !format.item.list && format.leftIndent == 0 && format.firstIndent == 0) {
             format.leftIndent = kDefaultBulletIndent;
             format.firstIndent = -kDefaultBulletIndent;
-        } else if (!on && format.bullet && standard) {
+        } else if (!on && format.isBullet() && standard) {
             format.leftIndent = 0;
             format.firstIndent = 0;
         }
-        format.bullet = on;
+        if (on != format.isBullet())
+            format.setBullet(on);
     });
 }
 

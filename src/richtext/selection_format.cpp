@@ -89,7 +89,7 @@ SelectionFormat selectionFormatOf(const QTextCursor &selection, const QTextCharF
         const rtf::ParagraphFormat paragraph = paragraphFormat(block);
         alignment.add(alignmentNumber(paragraph));
         rightIndent.add(paragraph.rightIndent);
-        bullet.add(paragraph.bullet);
+        bullet.add(paragraph.isBullet());
         for (auto part = block.begin(); !part.atEnd() && from < to; ++part) {
             const QTextFragment fragment = part.fragment();
             if (fragment.position() >= to)

@@ -1,38 +1,81 @@
 #pragma once
 
+#include "richtext/rtf/RowReader.h"
 #include "richtext/rtf/operations.h"
 
 namespace norvane::rtf {
 
 /// Takes what the interpreter finds and makes the document's operations of it: neighbours of one
-/// format become one run, and no text holds what a text may not.
+/// format become one run, no text holds what a text may not, and tables are whole, whatever order
+/// their parts come in.
 class OperationSink
 {
 public:
     FormatPool<CharacterFormat> &characterFormats() { return m_document.characterFormats; }
     FormatPool<ParagraphFormat> &paragraphFormats() { return m_document.paragraphFormats; }
 
+    /// A paragraph begins, if none has: within that many tables.
+    /// @param expectedCells how many the row is known to have; 0 if that is not known
+    void beginParagraph(int depth, int expectedCells);
     void addText(QStringView text, int format);
     /// Bytes below 0x80.
     void addAscii(QByteArrayView text, int format);
-    void addPicture(const Picture &picture, int format);
+    void addPicture(Picture picture, int format);
+    /// What is kept, before the next text or end.
+    void addKept(const QByteArray &bytes);
+    /// The paragraph must have begun.
     void endParagraph(int paragraphFormat, int format);
     /// Takes back a tab at the paragraph's end.
     void chopTab();
-    bool paragraphIsEmpty() const { return m_paragraphIsEmpty; }
 
-    /// The operations so far.
-    std::vector<Operation> &operations();
-    Document take(const QString &defaultFont);
+    /// Whether tables so deep, and one more of them, are read as tables.
+    bool takesTables(int level) const;
+    /// Ends a cell of a table that has that many tables around it, itself counted. The paragraph
+    /// need not have begun, and be it in no table so far.
+    void endCell(int level, int paragraphFormat, int format);
+    void endRow(int level, const RowDescription &row, int paragraphFormat, int format);
+
+    bool paragraphIsEmpty() const { return m_paragraphIsEmpty; }
+    /// Whether there is anything but what is kept.
+    bool hasContent() const { return m_hasContent; }
+    /// Grows with everything that is added but text of no characters.
+    quint64 contentCount() const { return m_contentCount; }
+
+    /// The picture that was added last; nullptr when something else was.
+    PictureRun *lastPicture();
+    Document take();
 
 private:
+    struct Table
+    {
+        std::vector<size_t> cellEnds; ///< of the row that is being read: places of operations
+        bool cellHasContent = false;
+        bool hasRows = false;
+        int lastRow = -1;
+    };
+
     void beginRun(int format);
     void endRun();
+    void flushKept();
+    void openTable(size_t place);
+    void closeTable(int paragraphFormat, int format);
+    void addContent();
+    void finishRow(const RowDescription &row, int paragraphFormat, int format);
+    RowFormat mergedRow(const RowDescription &row);
 
     Document m_document;
     QString m_text;
     int m_format = 0;
+    QByteArray m_kept;
+    std::vector<Table> m_tables;
+    int m_tableCount = 0;
+    bool m_inParagraph = false;
+    size_t m_paragraphPlace = 0; ///< of the paragraph's first operation
     bool m_paragraphIsEmpty = true;
+    bool m_hasContent = false;
+    quint64 m_contentCount = 0;
+    int m_endFormat = 0;       ///< of characters, for cells that have no text
+    int m_paragraphFormat = 0; ///< the same of paragraphs
 };
 
 } // namespace norvane::rtf
