@@ -431,7 +431,7 @@ private:
     QTextBlockFormat m_around; ///< of text without a paragraph end
     QTextCharFormat m_typing;
     std::optional<QTextTableCell> m_cell; ///< whose first paragraph begins
-    KeptPointer m_kept;    ///< the piece before what comes next
+    KeptPointer m_kept;                   ///< the piece before what comes next
     int m_keptNumber = 0;
     int m_depth = 0;     ///< of the tables around the cursor
     int m_flattened = 0; ///< of the tables that are read as text

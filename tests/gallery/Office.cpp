@@ -1,5 +1,7 @@
 #include "Office.h"
 
+#include "richtext/rtf/symbol_fonts.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -7,6 +9,12 @@
 #include <QUrl>
 
 namespace norvane {
+namespace {
+
+constexpr char16_t kFirstSign = 0xF020;
+constexpr char16_t kLastSign = 0xF0FF;
+
+} // namespace
 
 QString Office::convert(const QStringList &files, const QString &format, const QString &folder) const
 {
@@ -47,19 +55,36 @@ QString Office::exportedText(const QString &folder, const QString &baseName)
     return text.remove(u'\r');
 }
 
-QString comparableText(const QString &text)
+QStringList comparableLines(const QString &text)
 {
     // A sign, or numbers and letters with the stops between and behind them.
-    static const QRegularExpression mark(QStringLiteral(u"^\\s*(?:[\u2022\u25E6\u25AA\uF0B7\u00B7o-]|\\(?[0-"
-                                                        u"9A-Za-z]{1,4}(?:\\.[0-9A-Za-z]{1,4})*[.)])[ \\t]"));
+    static const QRegularExpression mark(
+        QStringLiteral("^\\s*(?:[\u2022\u25E6\u25AA\uF0B7\u00B7o\u2192-]|[({]?[0-9A-Za-z]{1,4}(?:[.\u2013][0-"
+                       "9A-Za-z]{1,4})*[.)])(?=[ \\t]|$)"));
+    static const QRegularExpression page(QStringLiteral("(?<=page )[0-9]+"));
     QStringList lines;
     for (QString line : QString(text).replace(QChar::LineSeparator, u'\n').split(u'\n')) {
         line.remove(mark);
+        line.replace(page, QStringLiteral("#"));
+        for (QChar &character : line) {
+            if (character.unicode() >= kFirstSign && character.unicode() <= kLastSign)
+                character = QChar(rtf::symbolCharacter(
+                    QStringLiteral("Symbol"), static_cast<unsigned char>(character.unicode() & 0xFF)));
+        }
         line = line.trimmed();
         if (!line.isEmpty())
             lines.append(line);
     }
-    return lines.join(u'\n');
+    return lines;
+}
+
+QString firstDifference(const QStringList &left, const QStringList &right)
+{
+    for (qsizetype line = 0; line < qMax(left.size(), right.size()); ++line) {
+        if (left.value(line) != right.value(line))
+            return QStringLiteral("%1: %2\nbut %3").arg(line).arg(left.value(line), right.value(line));
+    }
+    return {};
 }
 
 } // namespace norvane

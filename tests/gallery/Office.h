@@ -22,8 +22,11 @@ private:
     QTemporaryDir m_home;
 };
 
-/// The text export writes what the document's text does not have: the marks of lists, a blank line
-/// for a page break; and blanks at ends of lines differ. Both texts without all that.
-QString comparableText(const QString &text);
+/// The text export writes what a document's text does not have: the marks of lists, a blank line for
+/// a page break. It counts pages anew, and leaves signs of the font Symbol by their number; blanks at
+/// ends of lines differ. The text without all that, line by line.
+QStringList comparableLines(const QString &text);
+/// The first line in which two such texts differ; empty if they do not.
+QString firstDifference(const QStringList &left, const QStringList &right);
 
 } // namespace norvane

@@ -32,6 +32,28 @@ rtf::Document throughTextDocument(const rtf::Document &document)
     return readDocument(text);
 }
 
+std::string differenceOf(const QString &left, const QString &right)
+{
+    return firstDifference(comparableLines(left), comparableLines(right)).toStdString();
+}
+
+/// The text of a document with the numbers of its footnotes, which the text export has.
+QString textOf(const rtf::Document &document)
+{
+    QString text;
+    int notes = 0;
+    for (const rtf::Operation &operation : document.operations) {
+        if (const auto *run = std::get_if<rtf::TextRun>(&operation))
+            text += run->text;
+        else if (const auto *piece = std::get_if<rtf::KeptPiece>(&operation))
+            text += piece->bytes.contains("footnote") ? QString::number(++notes) : QString();
+        else if (std::holds_alternative<rtf::ParagraphEnd>(operation) ||
+                 std::holds_alternative<rtf::CellEnd>(operation))
+            text += u'\n';
+    }
+    return text;
+}
+
 /// The rich text of all documents of the gallery, and what the other program makes of it.
 class Gallery : public testing::Test
 {
@@ -94,8 +116,7 @@ TEST_F(Gallery, WeReadTheTextThatTheOtherProgramReads)
     for (const QString &name : std::as_const(shared->names)) {
         const rtf::Document document =
             *rtf::read(contentOf(shared->read.filePath(name + QStringLiteral(".rtf"))));
-        EXPECT_EQ(comparableText(document.plainText()).toStdString(),
-                  comparableText(Office::exportedText(shared->read.path(), name)).toStdString())
+        EXPECT_EQ(differenceOf(textOf(document), Office::exportedText(shared->read.path(), name)), "")
             << name.toStdString();
     }
 }
@@ -103,8 +124,9 @@ TEST_F(Gallery, WeReadTheTextThatTheOtherProgramReads)
 TEST_F(Gallery, TheOtherProgramReadsTheSameTextFromWhatWeWrite)
 {
     for (const QString &name : std::as_const(shared->names)) {
-        EXPECT_EQ(comparableText(Office::exportedText(shared->written.path(), name)).toStdString(),
-                  comparableText(Office::exportedText(shared->read.path(), name)).toStdString())
+        EXPECT_EQ(differenceOf(Office::exportedText(shared->written.path(), name),
+                               Office::exportedText(shared->read.path(), name)),
+                  "")
             << name.toStdString();
     }
 }
@@ -119,6 +141,7 @@ rtf::Document generatedDocument(quint32 seed)
         rtf::CharacterFormat characters = sample.characterFormats.at(format);
         characters.hidden = false;
         characters.capitals = rtf::Capitals::Normal;
+        characters.wrapper = -1; // fields get a new result
         format = document.characterFormats.indexOf(characters);
     };
     for (rtf::Operation &operation : document.operations) {
@@ -147,8 +170,9 @@ TEST_F(Gallery, TheOtherProgramReadsGeneratedDocuments)
     }
     ASSERT_EQ(shared->office.convert(files, kTextFormat, folder.path()).toStdString(), std::string());
     for (quint32 seed = 1; seed <= kCount; ++seed)
-        EXPECT_EQ(comparableText(Office::exportedText(folder.path(), QString::number(seed))).toStdString(),
-                  comparableText(generatedDocument(seed).plainText()).toStdString())
+        EXPECT_EQ(differenceOf(Office::exportedText(folder.path(), QString::number(seed)),
+                               generatedDocument(seed).plainText()),
+                  "")
             << seed;
 }
 

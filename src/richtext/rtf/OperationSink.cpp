@@ -211,6 +211,8 @@ void OperationSink::finishRow(const RowDescription &row, int paragraphFormat, in
     m_inParagraph = false;
     if (table->cellEnds.empty())
         return;
+    if (!row.format.cells.isEmpty())
+        dropExcessCells(size_t(row.format.cells.size()));
     int index = table->lastRow;
     if (!row.format.cells.isEmpty() || index < 0 ||
         m_document.rowFormats.at(index).cells.size() != qsizetype(table->cellEnds.size()))
@@ -226,6 +228,18 @@ void OperationSink::finishRow(const RowDescription &row, int paragraphFormat, in
     table->hasRows = true;
     table->lastRow = index;
     ++m_contentCount;
+}
+
+/// Some writers end one cell more than they describe.
+void OperationSink::dropExcessCells(size_t described)
+{
+    std::vector<size_t> &cellEnds = m_tables.back().cellEnds;
+    auto &operations = m_document.operations;
+    while (cellEnds.size() > described && cellEnds.size() > 1 && cellEnds.back() + 1 == operations.size() &&
+           cellEnds[cellEnds.size() - 2] + 2 == operations.size()) {
+        operations.pop_back();
+        cellEnds.pop_back();
+    }
 }
 
 /// The row with cells for all texts, and one cell for those that are merged.

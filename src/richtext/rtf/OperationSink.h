@@ -61,6 +61,7 @@ private:
     void closeTable(int paragraphFormat, int format);
     void addContent();
     void finishRow(const RowDescription &row, int paragraphFormat, int format);
+    void dropExcessCells(size_t described);
     RowFormat mergedRow(const RowDescription &row);
 
     Document m_document;

@@ -33,6 +33,8 @@ public:
     /// @param depth how many tables it lies in
     /// @param numbers of a list's item
     void beginParagraph(const ParagraphFormat &format, int depth, const std::vector<int> &numbers);
+    /// The next paragraph states its format, even if it is that of the one before.
+    void forgetParagraph() { m_paragraph.reset(); }
     /// @param format must stay until the next one is given
     void characters(const CharacterFormat &format);
     void text(QStringView text, const CharacterFormat &format);

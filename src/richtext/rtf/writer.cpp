@@ -228,6 +228,7 @@ private:
         const int row = m_rows[m_nextRow++];
         if (m_depth == 1)
             m_formats.row(m_document.rowFormats.at(row));
+        m_formats.forgetParagraph();
     }
 
     const Document &m_document;
