@@ -1,7 +1,7 @@
-// Figures of the rich text path: reading, filling a document, writing, opening an editor.
+// Figures of the rich text path: reading, filling a document, writing.
 
-#include "richtext/NV_RTFEdit.h"
 #include "richtext/PictureStore.h"
+#include "richtext/RichTextBox.h"
 #include "richtext/document_builder.h"
 #include "richtext/document_reader.h"
 #include "richtext/rtf/read.h"
@@ -88,27 +88,10 @@ void saveDocument(benchmark::State &state)
         benchmark::DoNotOptimize(rtf::write(readDocument(document)));
 }
 
-/// What a note without a tool bar costs until it is on the screen.
-void openEditor(benchmark::State &state)
-{
-    const QByteArray rtf = generatedRtf(2'000);
-    NoFiles files;
-    for ([[maybe_unused]] auto unused : state) {
-        NV_RTFEdit editor(files);
-        editor.setToolBar(false);
-        editor.setBackColor(0xC0FFFF);
-        editor.setTextRTF(rtf);
-        editor.resize(340, 250);
-        editor.show();
-        QCoreApplication::processEvents();
-    }
-}
-
 BENCHMARK(readRtf)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMillisecond);
 BENCHMARK(loadDocument)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMillisecond);
 BENCHMARK(loadIntoBox)->Arg(1 << 20)->Unit(benchmark::kMillisecond);
 BENCHMARK(saveDocument)->Arg(1 << 20)->Unit(benchmark::kMillisecond);
-BENCHMARK(openEditor)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -13,6 +13,7 @@
 #include "platform/linux/ProcProcesses.h"
 #include "platform/linux/SessionFolders.h"
 #include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtPrinting.h"
 #include "platform/qt/QtPrompts.h"
 #include "platform/qt/QtWatchTimer.h"
 #include "platform/qt/SystemClock.h"
@@ -40,6 +41,7 @@ struct Backends
 
     QtEventLoop events;
     QtPrompts prompts;
+    QtPrinting printing;
     QtWatchTimer timer{events};
 
     X11WindowSystem windows;

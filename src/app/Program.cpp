@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/linux/ExitGuard.h"
+#include "platform/linux/wayland_session.h"
 #include "shell/hot_key_actions.h"
 #include "shell/internal_error.h"
 #include "shell/lifecycle/StartUp.h"
@@ -22,7 +23,7 @@ namespace {
 /// Commands of the tray that can be used now; the others wait for their windows.
 const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_exit")};
 
-constexpr int kFirstNoticeMs = 10000;
+constexpr int kLongNoticeMs = 10000;
 
 Twips screenTwips()
 {
@@ -34,7 +35,6 @@ Twips screenTwips()
 
 Program::Watching::Watching(Program &program)
     : stickies({.store = program.m_state.store,
-                .files = program.m_backends.files,
                 .forms = program.m_state.forms,
                 .clips = program.m_state.Clips,
                 .windows = program.m_backends.windows,
@@ -47,6 +47,7 @@ Program::Watching::Watching(Program &program)
                 .hotKeys = program.m_backends.hotKeys,
                 .grid = program.m_views,
                 .rescue = program.m_rescue,
+                .edit = program.m_edit,
                 .twips = program.m_twips,
                 .clickSound = program.m_state.DefaultSoundFile}),
       cycle(program.watchParts(stickies)), attach(program.watchParts(stickies), cycle, program.m_views),
@@ -88,16 +89,27 @@ Program::Program()
                  .windows = m_backends.windows,
                  .sound = m_backends.sound,
                  .trayHost = m_backends.trayHost,
+                 .hotKeys = m_hotKeys,
                  .twips = m_twips,
                  .version = QVersionNumber::fromString(QCoreApplication::applicationVersion())}),
-      m_views(m_windows), m_rescue(m_state.store, m_backends.files, m_backends.clock, m_backends.notifier),
+      m_views(m_windows),
+      m_rescue(m_state.store, m_backends.files, m_backends.clock, m_backends.notifier,
+               [this](const QString &text) { m_windows.showNotice(text, kLongNoticeMs); }),
+      m_edit({.files = m_backends.files,
+              .shell = m_backends.shell,
+              .prompts = m_backends.prompts,
+              .printing = m_backends.printing,
+              .clock = m_backends.clock,
+              .state = m_state.edit}),
       m_shutDown({.store = m_state.store,
                   .watch = m_state.watch,
                   .timer = m_backends.timer,
                   .forms = m_state.forms,
                   .unloadPreview = {},
-                  .endProcess = [] { QCoreApplication::quit(); }}),
-      m_firstStart(m_backends.settings, m_backends.notifier),
+                  // Not quit(), which any window may decline.
+                  .endProcess = [] { QCoreApplication::exit(); }}),
+      m_firstNotices(m_backends.settings, m_backends.notifier,
+                     [this](const QString &text) { return m_windows.showNotice(text, kLongNoticeMs); }),
       m_accessibility(m_backends.settings, m_backends.prompts, m_backends.shellWindows)
 {
 }
@@ -133,19 +145,29 @@ int Program::run(const QStringList &arguments)
     });
     EndSignals endSignals;
     connect(&endSignals, &EndSignals::endAsked, this, &Program::end);
+    qApp->installEventFilter(this);
     connect(
         qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { saveDirtyNotes(m_state.forms); },
         Qt::DirectConnection);
-    registerHotKeys();
     connectWindows();
     fillTray();
     connect(&m_backends.shellWindows, &ShellWindows::locationChanged, this, &Program::offerAccessibility);
 
-    m_firstStart.show(m_hotKeys.text(HotKeyId::Attach), m_hotKeys.text(HotKeyId::Main),
-                      [this](const QString &text) { m_windows.showNotice(text, kFirstNoticeMs); });
+    m_firstNotices.tellKeys(m_hotKeys.text(HotKeyId::Attach), m_hotKeys.text(HotKeyId::Main));
+    if (isWaylandSession())
+        m_firstNotices.tellOnlyX();
     const int code = QCoreApplication::exec();
     end(); // when the loop was left by another way than the shut-down
     return code;
+}
+
+bool Program::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != qApp || event->type() != QEvent::Quit)
+        return QObject::eventFilter(watched, event);
+    // Left to itself, the toolkit would close each window first, which detaches a note for good.
+    end();
+    return true;
 }
 
 void Program::end()
@@ -159,30 +181,14 @@ void Program::connectWindows()
 {
     connect(&m_windows, &ShellForms::shutDownRequested, this, &Program::end, Qt::QueuedConnection);
     connect(&m_windows, &ShellForms::openPageRequested, this, &Program::openPage);
-    m_windows.browser()->setHotKeyTexts(m_hotKeys.text(HotKeyId::Attach), m_hotKeys.text(HotKeyId::Detach),
-                                        m_hotKeys.text(HotKeyId::Delete), m_hotKeys.text(HotKeyId::Main));
+    connect(&m_backends.hotKeys, &HotKeys::pressed, this,
+            [this, owner = m_windows.browser()->hWnd()](WindowHandle window, int id) {
+                if (window == owner)
+                    hotKeyPressed(id);
+            });
 }
 
 // ---- Hot keys ----
-
-void Program::registerHotKeys()
-{
-    m_hotKeys.records.load(m_backends.settings);
-    const WindowHandle owner = m_windows.browser()->hWnd();
-    m_hotKeys.registerAll(owner);
-    connect(&m_backends.hotKeys, &HotKeys::pressed, this, [this, owner](WindowHandle window, int id) {
-        if (window == owner)
-            hotKeyPressed(id);
-    });
-    QStringList refused;
-    for (const int id : m_hotKeys.refused())
-        refused.append(m_hotKeys.text(static_cast<HotKeyId>(id)));
-    if (!refused.isEmpty())
-        m_backends.notifier.notify(
-            kApplicationTitle.toString(),
-            tr("These keys belong to another program: %1").arg(refused.join(QStringLiteral(", "))),
-            [](bool) {});
-}
 
 void Program::hotKeyPressed(int id)
 {

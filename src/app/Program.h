@@ -3,8 +3,9 @@
 #include "app/Backends.h"
 #include "app/ProgramViews.h"
 #include "options/HotKeyModel.h"
+#include "richtext/EditServices.h"
 #include "shell/AccessibilityOffer.h"
-#include "shell/FirstStartNotice.h"
+#include "shell/FirstNotices.h"
 #include "shell/lifecycle/SharedState.h"
 #include "shell/lifecycle/ShutDown.h"
 #include "shell/windows/ShellForms.h"
@@ -34,6 +35,9 @@ public:
     /// Starts, runs the event loop and ends. @return the exit code of the process
     int run(const QStringList &arguments);
 
+    /// Makes the end that the session asks for the program's own.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     /// What watches the desktop; made when start-up is over.
     struct Watching
@@ -50,7 +54,6 @@ private:
     WatchParts watchParts(StickyFactory &stickies);
     void connectWindows();
     void fillTray();
-    void registerHotKeys();
     void hotKeyPressed(int id);
     void openPage(int id);
     void offerAccessibility();
@@ -66,8 +69,9 @@ private:
     ShellForms m_windows;
     ProgramViews m_views;
     NoteRescue m_rescue;
+    EditServices m_edit;
     ShutDown m_shutDown;
-    FirstStartNotice m_firstStart;
+    FirstNotices m_firstNotices;
     AccessibilityOffer m_accessibility;
     std::unique_ptr<Watching> m_watching;
     bool m_inHotKey = false;

@@ -1,21 +1,43 @@
 #include "app/Program.h"
 #include "app/window_table.h"
+#include "platform/RuntimeError.h"
 #include "platform/x11/display.h"
+#include "shell/windows/form_icon.h"
 
 #include <QApplication>
 #include <QTextStream>
 #include <cstdio>
+#include <vector>
 
 using namespace norvane;
 
 namespace {
 
-/// Windows are placed inside windows of other programs, which only X11 allows: under Wayland the
-/// program runs on the X server that the compositor offers.
-void chooseX11()
+/// The command line, with the toolkit told to use X11. Windows are placed inside windows of other
+/// programs, which only X11 allows: under Wayland the program runs on the X server that the
+/// compositor offers. An environment variable would tell it to the programs that are started, too.
+std::vector<char *> argumentsForX11(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
+    static char option[] = "-platform";
+    static char x11[] = "xcb";
+    std::vector<char *> arguments(argv, argv + argc);
+    const QByteArray chosen = qgetenv("QT_QPA_PLATFORM");
+    if (chosen.isEmpty() || chosen.contains("wayland"))
+        arguments.insert(arguments.begin() + 1, {option, x11});
+    arguments.push_back(nullptr);
+    return arguments;
+}
+
+int printWindows()
+{
+    try {
+        QTextStream out(stdout);
+        printWindowTable(out);
+        return 0;
+    } catch (const RuntimeError &error) {
+        std::fputs(qPrintable(error.description() + u'\n'), stderr);
+        return 1;
+    }
 }
 
 } // namespace
@@ -28,19 +50,18 @@ int main(int argc, char **argv)
                    stderr);
         return 1;
     }
-    chooseX11();
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication application(argc, argv);
+    std::vector<char *> forToolkit = argumentsForX11(argc, argv);
+    int count = static_cast<int>(forToolkit.size()) - 1;
+    const QApplication application(count, forToolkit.data());
+    QApplication::setWindowIcon(applicationIcon());
     QApplication::setApplicationName(QStringLiteral("Norvane"));
     QApplication::setApplicationVersion(QStringLiteral(NORVANE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("norvane"));
 
     const QStringList arguments = QApplication::arguments().mid(1);
-    if (arguments.contains(QStringLiteral("--windows"))) {
-        QTextStream out(stdout);
-        printWindowTable(out);
-        return 0;
-    }
+    if (arguments.contains(QStringLiteral("--windows")))
+        return printWindows();
     Program program;
     return program.run(arguments);
 }

@@ -16,10 +16,7 @@ QString HotKeyModel::text(HotKeyId id) const
 bool HotKeyModel::RegHotKey(WindowHandle hWnd, int Modifiers, int Key)
 {
     ++m_count;
-    const bool registered = m_hotKeys.registerHotKey(hWnd, m_count, Modifiers, Key);
-    if (!registered && Key != 0)
-        m_refused.append(m_count);
-    return registered;
+    return m_hotKeys.registerHotKey(hWnd, m_count, Modifiers, Key);
 }
 
 void HotKeyModel::registerAll(WindowHandle hWnd)
@@ -33,7 +30,6 @@ void HotKeyModel::UnregisterHotKeys(WindowHandle hWnd)
     for (int id = 1; id <= m_count; ++id)
         m_hotKeys.unregisterHotKey(hWnd, id);
     m_count = 0;
-    m_refused.clear();
 }
 
 } // namespace norvane

@@ -3,8 +3,6 @@
 #include "options/HotKeyRecords.h"
 #include "platform/WindowHandle.h"
 
-#include <QVector>
-
 namespace norvane {
 
 class HotKeys;
@@ -29,19 +27,15 @@ public:
     /// @param Key       virtual key code
     /// @return what the system answered: false when the key cannot be had
     bool RegHotKey(WindowHandle hWnd, int Modifiers, int Key);
-    /// Registers the six records, ids 1 to 6 if none is registered yet.
+    /// Registers the six records, ids 1 to 6 if none is registered yet. A combination that cannot be
+    /// had is dead without a word.
     void registerAll(WindowHandle hWnd);
     /// Withdraws all; the next id is 1 again.
     void UnregisterHotKeys(WindowHandle hWnd);
 
-    /// Ids of those registered now that the system refused although they name a key: dead until
-    /// the user chooses another combination. In order.
-    const QVector<int> &refused() const { return m_refused; }
-
 private:
     HotKeys &m_hotKeys;
     int m_count = 0;
-    QVector<int> m_refused;
 };
 
 } // namespace norvane

@@ -1,7 +1,7 @@
 #include "options/HotKeyRecords.h"
 
-#include "platform/SettingsStore.h"
 #include "shell/numeric_prefix.h"
+#include "shell/settings_keys.h"
 
 namespace norvane {
 
@@ -9,7 +9,7 @@ namespace {
 
 QString section()
 {
-    return QStringLiteral("HotKeys");
+    return settings::kHotKeysSection.toString();
 }
 
 QString modifiersKey(const HotKeyDescription &description)

@@ -1,10 +1,25 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 namespace norvane {
 
-/// Questions to the user: message boxes now; file, folder, colour and font dialogs as they are used.
+/// A font with its effects, as a font dialog has them.
+struct FontChoice
+{
+    QString family;
+    double points = 10;
+    bool bold = false;
+    bool italic = false;
+    bool strikeThru = false;
+    bool underline = false;
+    quint32 color = 0; ///< blue-green-red; 0 is black
+
+    bool operator==(const FontChoice &) const = default;
+};
+
+/// Questions to the user: message boxes, and dialogs that choose files, folders, colours and fonts.
 class Prompts
 {
 public:
@@ -19,6 +34,7 @@ public:
         kExclamation = 48,
         kInformation = 64,
         kSystemModal = 4096, ///< stays above all windows
+        kForeground = 65536, ///< comes before all windows when it opens
     };
     enum Answer { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
 
@@ -26,6 +42,13 @@ public:
     virtual Answer messageBox(const QString &text, int style, const QString &title) = 0;
     /// Lets the user choose a folder that exists. Native path; empty when cancelled.
     virtual QString chooseFolder(const QString &title, const QString &start) = 0;
+    /// Lets the user choose a file that exists. Native path; empty when cancelled.
+    /// @param filter kinds of files, each with its pattern: "Plain Text (TXT)|*.txt|All|*.*"
+    virtual QString openFile(const QString &title, const QString &filter) = 0;
+    /// Lets the user choose a colour, in blue-green-red byte order. Nothing when cancelled.
+    virtual std::optional<quint32> chooseColor(quint32 start) = 0;
+    /// Lets the user choose a font with its effects and colour. Nothing when cancelled.
+    virtual std::optional<FontChoice> chooseFont(const FontChoice &start) = 0;
 };
 
 } // namespace norvane

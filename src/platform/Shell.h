@@ -29,6 +29,8 @@ public:
     };
     /// Opens a document, folder, program or address with its program; does not wait for it.
     virtual int open(const QString &location) = 0;
+    /// Whether open() would run what the location names as a program, or whether its program would.
+    virtual bool runsProgram(const QString &location) const = 0;
 
     /// The type of a path or address by its text alone ("Plain text document", "XYZ File", "File",
     /// "Application"; a folder told as such by its text: "File Folder"). Touches no disk. Empty

@@ -31,6 +31,9 @@ public:
         QString location; ///< a URL ("https://…", "file:///…") or a native folder path
     };
 
+    /// Begins to look, without waiting. Before, no program is asked and no connection is held; asking
+    /// for a location begins, too.
+    virtual void start() = 0;
     /// The location without waiting. A window not seen before, or one whose caption is another than
     /// at its last look-up, is Unknown and its look-up starts: a new caption never comes with an
     /// old location.

@@ -7,6 +7,7 @@
 #include "platform/HotKeys.h"
 #include "platform/InstanceLock.h"
 #include "platform/Notifier.h"
+#include "platform/Printing.h"
 #include "platform/Processes.h"
 #include "platform/Prompts.h"
 #include "platform/SettingsStore.h"
@@ -27,6 +28,8 @@ FileSystem::~FileSystem() = default;
 HotKeys::~HotKeys() = default;
 InstanceLock::~InstanceLock() = default;
 Notifier::~Notifier() = default;
+PrintJob::~PrintJob() = default;
+Printing::~Printing() = default;
 Processes::~Processes() = default;
 Prompts::~Prompts() = default;
 SettingsStore::~SettingsStore() = default;

@@ -1,16 +1,70 @@
 #include "richtext/EditToolBar.h"
 
+#include "controls/svg_icon.h"
+
 #include <QAction>
 #include <QComboBox>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QToolButton>
+#include <algorithm>
 
 namespace norvane {
 namespace {
 
 const char kMixedProperty[] = "mixed";
+constexpr int kIconSize = 16;
+
+/// What stands behind a button.
+enum class Group { GoesOn, Ends, CombosBehind };
+
+} // namespace
+
+struct EditToolBar::ToolButton
+{
+    const char *key;
+    const char *toolTip;
+    const char *themeName;
+    const char *file;
+    bool checkable = false;
+    Group group = Group::GoesOn;
+};
+
+namespace {
+
+constexpr EditToolBar::ToolButton kButtons[] = {
+    {"C_NEW", "New", "document-new", "new"},
+    {"C_OPEN", "Open", "document-open", "open"},
+    {"C_SAVE", "Save", "document-save", "save", false, Group::Ends},
+    {"C_COLOR", "Color", "format-text-color", "color", false, Group::Ends},
+    {"C_CUT", "Cut", "edit-cut", "cut"},
+    {"C_COPY", "Copy", "edit-copy", "copy"},
+    {"C_PASTE", "Paste", "edit-paste", "paste", false, Group::CombosBehind},
+    {"C_BOLD", "Bold", "format-text-bold", "bold", true},
+    {"C_ITALIC", "Italic", "format-text-italic", "italic", true},
+    {"C_UNDR", "Under Line", "format-text-underline", "underline", true, Group::Ends},
+    {"C_LEFT", "Align Left", "format-justify-left", "left", true},
+    {"C_CENTER", "Align Center", "format-justify-center", "center", true},
+    {"C_RIGHT", "Align Right", "format-justify-right", "right", true},
+    {"C_BULLET", "Bullet", "format-list-unordered", "bullet", true, Group::Ends},
+    {"C_FIND", "Find and Replace", "edit-find", "find"},
+    {"C_PRINT", "Print", "document-print", "print"},
+};
+
+/// Icons of two makers do not match: the theme's are taken only if it has them all.
+bool themeHasAll()
+{
+    return std::all_of(std::begin(kButtons), std::end(kButtons), [](const EditToolBar::ToolButton &tool) {
+        return QIcon::hasThemeIcon(QString::fromLatin1(tool.themeName));
+    });
+}
+
+QIcon ownPicture(const QString &name, const QColor &ink)
+{
+    return svgIcon(QStringLiteral(":/norvane/icons/edit-%1.svg").arg(name), ink);
+}
 
 QComboBox *makeCombo(EditToolBar *bar, const QString &name, const QString &toolTip)
 {
@@ -20,7 +74,7 @@ QComboBox *makeCombo(EditToolBar *bar, const QString &name, const QString &toolT
     combo->setAccessibleName(toolTip);
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
-    combo->setFocusPolicy(Qt::ClickFocus);
+    combo->setFocusPolicy(Qt::StrongFocus);
     return combo;
 }
 
@@ -32,47 +86,60 @@ EditToolBar::EditToolBar(QWidget *parent) : QToolBar(parent)
     setAccessibleName(tr("Format"));
     setMovable(false);
     setFloatable(false);
-    setIconSize({16, 16});
+    setIconSize({kIconSize, kIconSize});
     setToolButtonStyle(Qt::ToolButtonIconOnly);
     setContextMenuPolicy(Qt::PreventContextMenu);
 
-    addButton(QStringLiteral("C_SAVE"), QStringLiteral("Save"), QStringLiteral("document-save"), false);
-    addSeparator();
-    addCombos();
-    addSeparator();
-    addButton(QStringLiteral("C_BOLD"), QStringLiteral("Bold"), QStringLiteral("format-text-bold"), true);
-    addButton(QStringLiteral("C_ITALIC"), QStringLiteral("Italic"), QStringLiteral("format-text-italic"),
-              true);
-    addButton(QStringLiteral("C_UNDR"), QStringLiteral("Under Line"), QStringLiteral("format-text-underline"),
-              true);
-    addSeparator();
-    addButton(QStringLiteral("C_LEFT"), QStringLiteral("Align Left"), QStringLiteral("format-justify-left"),
-              true);
-    addButton(QStringLiteral("C_CENTER"), QStringLiteral("Align Center"),
-              QStringLiteral("format-justify-center"), true);
-    addButton(QStringLiteral("C_RIGHT"), QStringLiteral("Align Right"),
-              QStringLiteral("format-justify-right"), true);
-    addSeparator();
-    addButton(QStringLiteral("C_BULLET"), QStringLiteral("Bullet"), QStringLiteral("format-list-unordered"),
-              true);
+    for (const ToolButton &tool : kButtons) {
+        addButton(tool);
+        if (tool.group == Group::CombosBehind)
+            addCombos();
+        if (tool.group != Group::GoesOn)
+            addSeparator();
+    }
+    setPictures({});
 }
 
-void EditToolBar::addButton(const QString &key, const QString &toolTip, const QString &icon, bool checkable)
+void EditToolBar::layOn(const QPalette &paper)
 {
-    QAction *action = addAction(QIcon::fromTheme(icon), toolTip);
+    setPalette(paper);
+    setPictures(paper.color(QPalette::ButtonText));
+}
+
+/// @param ink of a paper; invalid on the desktop's own ground
+void EditToolBar::setPictures(const QColor &ink)
+{
+    const bool fromTheme = !ink.isValid() && themeHasAll();
+    for (const ToolButton &tool : kButtons) {
+        const QString themeName = QString::fromLatin1(tool.themeName);
+        button(QString::fromLatin1(tool.key))
+            ->setIcon(fromTheme ? QIcon::fromTheme(themeName)
+                                : ownPicture(QString::fromLatin1(tool.file), ink));
+    }
+    // The toolkit's button for what has no room has a picture for light ground only.
+    if (auto *more = findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button")))
+        more->setIcon(ownPicture(QStringLiteral("more"), ink));
+}
+
+void EditToolBar::addButton(const ToolButton &tool)
+{
+    const QString key = QString::fromLatin1(tool.key);
+    const QString toolTip = QString::fromLatin1(tool.toolTip);
+    QAction *action = addAction(toolTip);
     action->setObjectName(key);
     action->setToolTip(toolTip);
-    action->setCheckable(checkable);
+    action->setCheckable(tool.checkable);
     connect(action, &QAction::triggered, this, [this, key] { emit buttonClick(key); });
     QWidget *widget = widgetForAction(action);
     widget->setObjectName(key);
     widget->setAccessibleName(toolTip);
-    widget->setFocusPolicy(Qt::NoFocus); // a press leaves the caret in the text
+    widget->setFocusPolicy(Qt::TabFocus); // a press with the mouse leaves the caret in the text
     m_buttons.insert(key, action);
 }
 
 void EditToolBar::addCombos()
 {
+    addSeparator();
     m_fontName = makeCombo(this, QStringLiteral("Combo1"), QStringLiteral("Font name"));
     m_fontName->setMinimumContentsLength(12);
     m_fontName->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -92,6 +159,14 @@ void EditToolBar::addCombos()
         if (isNumber && points > 0)
             emit fontSizeChosen(points);
     });
+}
+
+void EditToolBar::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        emit left();
+    else
+        QToolBar::keyPressEvent(event);
 }
 
 void EditToolBar::setPressed(const QString &key, bool pressed)

@@ -9,12 +9,19 @@ namespace norvane {
 
 /// The tool bar `li` of NV_RTFEdit: buttons by key (an action's objectName), `Combo1` with the font
 /// name and `Combo2` with the font size. It shows states and tells of presses; it changes no text.
+/// Its pictures are those of the desktop's icon theme, with our own where that has none.
 class EditToolBar : public QToolBar
 {
     Q_OBJECT
 
 public:
+    struct ToolButton;
+
     explicit EditToolBar(QWidget *parent);
+
+    /// Makes the bar a part of a paper: its colours are the palette's, its pictures our own in the
+    /// palette's ink, since a theme's are made for the desktop's ground.
+    void layOn(const QPalette &paper);
 
     /// The button of that key, or nullptr.
     QAction *button(const QString &key) const { return m_buttons.value(key); }
@@ -36,10 +43,16 @@ signals:
     /// The user chose in a combo.
     void fontNameChosen(const QString &family);
     void fontSizeChosen(double points);
+    /// Escape: the focus goes back to the text.
+    void left();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void addButton(const QString &key, const QString &toolTip, const QString &icon, bool checkable);
+    void addButton(const ToolButton &tool);
     void addCombos();
+    void setPictures(const QColor &ink);
 
     QHash<QString, QAction *> m_buttons;
     QComboBox *m_fontName = nullptr;

@@ -1,31 +1,21 @@
 #include "richtext/NV_RTFEdit.h"
 
+#include "richtext/EditMenu.h"
 #include "richtext/EditToolBar.h"
-#include "richtext/format_conversion.h"
+#include "richtext/edit_keys.h"
 #include "richtext/virtual_keys.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QFontDatabase>
 #include <QKeyEvent>
-#include <QMenu>
 
 namespace norvane {
-namespace {
+using namespace edit_keys;
 
-const QString kSave = QStringLiteral("C_SAVE");
-const QString kBold = QStringLiteral("C_BOLD");
-const QString kItalic = QStringLiteral("C_ITALIC");
-const QString kUnderline = QStringLiteral("C_UNDR");
-const QString kLeft = QStringLiteral("C_LEFT");
-const QString kCenter = QStringLiteral("C_CENTER");
-const QString kRight = QStringLiteral("C_RIGHT");
-const QString kBullet = QStringLiteral("C_BULLET");
-constexpr int kRightButton = 2;
-
-} // namespace
-
-NV_RTFEdit::NV_RTFEdit(FileSystem &files, QWidget *parent)
-    : QWidget(parent), m_box(new RichTextBox(files, this)), m_toolBar(new EditToolBar(this))
+NV_RTFEdit::NV_RTFEdit(const EditServices &services, QWidget *parent)
+    : QWidget(parent), m_services(services), m_box(new RichTextBox(services.files, this)),
+      m_toolBar(new EditToolBar(this)), m_menu(new EditMenu(this))
 {
     m_box->setObjectName(QStringLiteral("RichTextBox1"));
     m_box->setAccessibleName(tr("Text"));
@@ -33,28 +23,37 @@ NV_RTFEdit::NV_RTFEdit(FileSystem &files, QWidget *parent)
 
     connect(m_toolBar, &EditToolBar::buttonClick, this, &NV_RTFEdit::toolBarClick);
     connect(m_toolBar, &EditToolBar::fontNameChosen, this, [this](const QString &family) {
-        setSelFontName(family);
+        if (m_box->mayChangeSelection())
+            setSelFontName(family);
         SetFocus();
     });
     connect(m_toolBar, &EditToolBar::fontSizeChosen, this, [this](double points) {
-        setSelFontSize(points);
+        if (m_box->mayChangeSelection())
+            setSelFontSize(points);
         SetFocus();
     });
+    connect(m_toolBar, &EditToolBar::left, this, &NV_RTFEdit::SetFocus);
+    connect(m_menu, &EditMenu::itemClick, this, &NV_RTFEdit::menuClick);
+    connect(m_menu, &EditMenu::textChosen, this, &NV_RTFEdit::replaceSelection);
+    connectBox();
+}
 
+NV_RTFEdit::~NV_RTFEdit() = default;
+
+void NV_RTFEdit::connectBox()
+{
     connect(m_box, &RichTextBox::SelChange, this, &NV_RTFEdit::RefreshControls);
-    connect(m_box, &RichTextBox::KeyDown, this, &NV_RTFEdit::KeyDown);
-    connect(m_box, &RichTextBox::KeyPress, this, &NV_RTFEdit::KeyPress);
+    connect(m_box, &RichTextBox::KeyDown, this, &NV_RTFEdit::boxKeyDown);
+    connect(m_box, &RichTextBox::KeyPress, this, &NV_RTFEdit::boxKeyPress);
     connect(m_box, &RichTextBox::KeyUp, this, &NV_RTFEdit::KeyUp);
-    connect(m_box, &RichTextBox::Click, this, &NV_RTFEdit::Click);
+    connect(m_box, &RichTextBox::Click, this, &NV_RTFEdit::boxClick);
     connect(m_box, &RichTextBox::DblClick, this, &NV_RTFEdit::DblClick);
     connect(m_box, &RichTextBox::MouseDown, this, &NV_RTFEdit::MouseDown);
-    connect(m_box, &RichTextBox::MouseMove, this, &NV_RTFEdit::MouseMove);
+    connect(m_box, &RichTextBox::MouseMove, this, &NV_RTFEdit::boxMouseMove);
     connect(m_box, &RichTextBox::MouseUp, this, &NV_RTFEdit::boxMouseUp);
     connect(m_box, &RichTextBox::MenuKey, this, &NV_RTFEdit::popUpMenu);
     connect(m_box, &RichTextBox::Change, this, &NV_RTFEdit::Change);
 }
-
-NV_RTFEdit::~NV_RTFEdit() = default;
 
 void NV_RTFEdit::setTextRTF(const QByteArray &rtf)
 {
@@ -96,6 +95,19 @@ void NV_RTFEdit::ShowToolbar(bool visible)
     prepareToolBar();
     RefreshControls();
     layOut();
+}
+
+void NV_RTFEdit::setBackColor(quint32 color)
+{
+    m_box->setBackColor(color);
+    setToolBarOnPaper(m_toolBarOnPaper);
+}
+
+void NV_RTFEdit::setToolBarOnPaper(bool on)
+{
+    m_toolBarOnPaper = on;
+    if (on)
+        m_toolBar->layOn(m_box->palette());
 }
 
 bool NV_RTFEdit::ToolBar() const
@@ -143,51 +155,40 @@ void NV_RTFEdit::setEnableSaveButton(bool enabled)
     m_toolBar->button(kSave)->setEnabled(enabled);
 }
 
-void NV_RTFEdit::toolBarClick(const QString &key)
+/// The usual keys of formats, and of the way to the tool bar.
+bool NV_RTFEdit::formatKey(const QKeyEvent &event)
 {
-    if (key == kSave) {
-        emit SaveMe();
-    } else if (key == kBold) {
-        setSelBold(!SelBold().value_or(false));
-    } else if (key == kItalic) {
-        setSelItalic(!SelItalic().value_or(false));
-    } else if (key == kUnderline) {
-        setSelUnderline(!SelUnderline().value_or(false));
-    } else if (key == kLeft) {
-        setSelAlignment(0);
-    } else if (key == kCenter) {
-        setSelAlignment(2);
-    } else if (key == kRight) {
-        setSelAlignment(1);
-    } else if (key == kBullet) {
-        if (!SelBullet())
-            setSelBullet(false);
-        setSelBullet(!SelBullet().value_or(false));
+    if (event.modifiers() != Qt::ControlModifier)
+        return false;
+    switch (event.key()) {
+    case Qt::Key_B:
+        toolBarClick(kBold);
+        return true;
+    case Qt::Key_I:
+        toolBarClick(kItalic);
+        return true;
+    case Qt::Key_U:
+        toolBarClick(kUnderline);
+        return true;
+    case Qt::Key_F:
+        toolBarClick(kFind);
+        return true;
+    case Qt::Key_Tab:
+        if (ToolBar())
+            m_toolBar->fontName()->setFocus(Qt::TabFocusReason);
+        return ToolBar();
+    default:
+        return false;
     }
-    // A press has toggled the button by itself: show what the text says.
-    RefreshControls();
-}
-
-void NV_RTFEdit::boxMouseUp(int button, int shift, double x, double y)
-{
-    emit MouseUp(button, shift, x, y);
-    if (button == kRightButton)
-        popUpMenu((QPointF(x, y) / twipsPerPixel()).toPoint());
-}
-
-void NV_RTFEdit::popUpMenu(const QPoint &position)
-{
-    if (!m_contextMenu)
-        return;
-    const std::unique_ptr<QMenu> menu(m_box->createStandardContextMenu());
-    menu->setPalette(QPalette()); // the desktop's, not the paper's
-    menu->exec(m_box->viewport()->mapToGlobal(position));
 }
 
 void NV_RTFEdit::keyPressEvent(QKeyEvent *event)
 {
     // Keys that the box did not want come here too: their events have been raised.
-    if (!m_box->hasFocus()) {
+    if (m_box->hasFocus()) {
+        if (formatKey(*event))
+            return;
+    } else {
         emit KeyDown(virtualKeyCode(*event), shiftState(event->modifiers()));
         const QString text = event->text();
         for (const QChar unit : text) {

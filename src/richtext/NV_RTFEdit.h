@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Prompts.h"
+#include "richtext/EditServices.h"
 #include "richtext/RichTextBox.h"
 
 #include <QWidget>
@@ -7,6 +9,7 @@
 
 namespace norvane {
 
+class EditMenu;
 class EditToolBar;
 
 /// The program's one rich text editor: a RichTextBox (`RichTextBox1`), a tool bar (`li`) with two
@@ -27,8 +30,7 @@ class NV_RTFEdit : public QWidget
     Q_OBJECT
 
 public:
-    /// @param files where LoadFile and SaveFile read and write; must outlive the control
-    explicit NV_RTFEdit(FileSystem &files, QWidget *parent = nullptr);
+    explicit NV_RTFEdit(const EditServices &services, QWidget *parent = nullptr);
     ~NV_RTFEdit() override;
 
     /// The box itself, for hosts that search or measure.
@@ -54,6 +56,9 @@ public:
     void setSelStart(int position) { m_box->setSelStart(position); }
     int SelLength() const { return m_box->SelLength(); }
     void setSelLength(int length) { m_box->setSelLength(length); }
+
+    /// Prints the selection, or the whole document when nothing is selected.
+    void SelPrint(QPagedPaintDevice &device) const { m_box->SelPrint(device); }
 
     // Format of the selection
     std::optional<int> SelAlignment() const { return m_box->SelAlignment(); }
@@ -81,7 +86,7 @@ public:
 
     // Look
     quint32 BackColor() const { return m_box->BackColor(); }
-    void setBackColor(quint32 color) { m_box->setBackColor(color); }
+    void setBackColor(quint32 color);
     bool Enabled() const { return m_box->isEnabled(); }
     /// The box alone; the tool bar stays as it is.
     void setEnabled(bool enabled) { m_box->setEnabled(enabled); }
@@ -101,6 +106,9 @@ public:
     void ShowToolbar(bool visible);
     bool ToolBar() const;
     void setToolBar(bool visible) { ShowToolbar(visible); }
+    /// Whether the tool bar lies on the box's paper, in its colours, and not on the window. Initially
+    /// false.
+    void setToolBarOnPaper(bool on);
     /// Whether the right mouse button opens the context menu. Initially true.
     void ContextMenu(bool enabled) { m_contextMenu = enabled; }
     /// Fills `Combo1` with the installed font families, in the system's order, and shows the
@@ -111,9 +119,14 @@ public:
     /// The enabled state of `C_SAVE`: the control's save state. Initially true.
     bool EnableSaveButton() const;
     void setEnableSaveButton(bool enabled);
-    /// Whether links are detected and active. Initially false.
+    /// Whether links are detected and active. Initially false. Switching it on gives the links of
+    /// the document the look of links, which is an edit; switching it off leaves their look.
     bool AutoURLDetect() const { return mAutoURLDetect; }
-    void setAutoURLDetect(bool on) { mAutoURLDetect = on; }
+    void setAutoURLDetect(bool on);
+    /// Runs the `mnu_Paste` command.
+    void Command_Pate() { mnu_Paste(); }
+    /// Runs the `mnu_Print` command: a printer dialog, and the selection or the whole document.
+    void NV_Print() { mnu_Print(); }
     /// Focus to the box.
     void SetFocus() { m_box->setFocus(); }
 
@@ -146,13 +159,44 @@ protected:
 private:
     void layOut();
     void prepareToolBar();
-    void toolBarClick(const QString &key);
-    void boxMouseUp(int button, int shift, double x, double y);
-    void popUpMenu(const QPoint &position);
+    void connectBox();
 
+    // Commands
+    bool formatKey(const QKeyEvent &event);
+    void toolBarClick(const QString &key);
+    void menuClick(const QString &name);
+    void popUpMenu(const QPoint &position);
+    /// Runs a command that asks something: not before the event that brought it is done with.
+    void askLater(void (NV_RTFEdit::*command)());
+    void newDocument();
+    void openDocument();
+    void chooseColor();
+    void toggleBullet();
+    void mnu_Cut();
+    void mnu_Paste();
+    void replaceSelection(const QString &text);
+    void align(int alignment);
+    void mnu_Find();
+    void mnu_Font();
+    void mnu_Print();
+
+    // Links
+    void boxKeyDown(int code, int shift);
+    void boxKeyPress(int &key);
+    void boxMouseMove(int button, int shift, double x, double y);
+    void boxMouseUp(int button, int shift, double x, double y);
+    void boxClick();
+    void checkTypedWord();
+    QString wordUnderPointer(double x, double y);
+
+    EditServices m_services;
     RichTextBox *m_box = nullptr;
     EditToolBar *m_toolBar = nullptr;
+    EditMenu *m_menu = nullptr;
+    FontChoice m_dialogFont; ///< what the font dialog showed last
+    QString m_storedLink;    ///< address that the document itself gives to the text under the pointer
     bool m_contextMenu = true;
+    bool m_toolBarOnPaper = false;
     bool m_fontsFilled = false;
     bool mAutoURLDetect = false;
 };

@@ -34,11 +34,6 @@ rtf::Document documentFrom(const QByteArray &rtf)
     return std::move(*document);
 }
 
-[[noreturn]] void raiseInvalidCall(const QString &description)
-{
-    throw RuntimeError(kErrorInvalidCall, description, kSource);
-}
-
 /// Text with any kind of line end for a text cursor, which begins a paragraph at "\n".
 QString forCursor(QString text)
 {
@@ -151,7 +146,7 @@ void RichTextBox::LoadFile(const QString &name, int format)
     else if (format == kPlainText)
         setText(textOfFile(m_files.read(name)));
     else
-        raiseInvalidCall(QStringLiteral("There is no such file format."));
+        throw RuntimeError(kErrorInvalidCall, QStringLiteral("There is no such file format."), kSource);
 }
 
 void RichTextBox::SaveFile(const QString &name, int format) const
@@ -161,7 +156,7 @@ void RichTextBox::SaveFile(const QString &name, int format) const
     else if (format == kPlainText)
         m_files.write(name, fileOfText(plainText()));
     else
-        raiseInvalidCall(QStringLiteral("There is no such file format."));
+        throw RuntimeError(kErrorInvalidCall, QStringLiteral("There is no such file format."), kSource);
 }
 
 QString RichTextBox::SelText() const
@@ -191,70 +186,18 @@ void RichTextBox::setSelRTF(const QByteArray &rtf)
     setTextCursor(cursor);
 }
 
-int RichTextBox::SelStart() const
-{
-    return textPosition(*document(), textCursor().selectionStart());
-}
-
-void RichTextBox::setSelStart(int position)
-{
-    if (position < 0)
-        raiseInvalidCall(QStringLiteral("A position in a text is not below 0."));
-    QTextCursor cursor = textCursor();
-    cursor.setPosition(documentPosition(*document(), position));
-    setTextCursor(cursor);
-}
-
-int RichTextBox::SelLength() const
-{
-    return textPosition(*document(), textCursor().selectionEnd()) - SelStart();
-}
-
-void RichTextBox::setSelLength(int length)
-{
-    if (length < 0)
-        raiseInvalidCall(QStringLiteral("The length of a selection is not below 0."));
-    QTextCursor cursor = textCursor();
-    const int from = cursor.selectionStart();
-    const int end = int(qMin(qint64(SelStart()) + length, qint64(plainText().size())));
-    cursor.setPosition(from);
-    cursor.setPosition(documentPosition(*document(), end), QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
-}
-
-int RichTextBox::Find(const QString &text, int start, int end, int options)
-{
-    const QString &all = plainText();
-    const int from = start >= 0 ? start : SelStart() + SelLength();
-    const qsizetype to = end >= 0 ? qMin(qsizetype(end), all.size()) : all.size();
-    if (text.isEmpty() || from > to)
-        return -1;
-    const auto sensitivity = options & kMatchCase ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    const auto isInWord = [&all](qsizetype position) {
-        return position >= 0 && position < all.size() &&
-               (all.at(position).isLetterOrNumber() || all.at(position) == u'_');
-    };
-    for (qsizetype found = all.indexOf(text, from, sensitivity); found >= 0 && found + text.size() <= to;
-         found = all.indexOf(text, found + 1, sensitivity)) {
-        if (options & kWholeWord && (isInWord(found - 1) || isInWord(found + text.size())))
-            continue;
-        if (!(options & kNoHighlight)) {
-            QTextCursor cursor = textCursor();
-            cursor.setPosition(documentPosition(*document(), int(found)));
-            cursor.setPosition(documentPosition(*document(), int(found + text.size())),
-                               QTextCursor::KeepAnchor);
-            setTextCursor(cursor);
-        }
-        return int(found);
-    }
-    return -1;
-}
-
 void RichTextBox::setBackColor(quint32 color)
 {
     m_backColor = color;
     // A system colour follows the desktop's palette, any other is the paper's own.
     setPalette(color & 0x80000000 ? QPalette() : paperPalette(QPalette(), colorFromBlueGreenRed(color)));
+}
+
+void RichTextBox::setBulletIndent(int twips)
+{
+    if (twips < 0)
+        throw RuntimeError(kErrorInvalidCall, QStringLiteral("An indent is not below 0."), kSource);
+    m_bulletIndent = twips;
 }
 
 QFont RichTextBox::Font() const

@@ -4,11 +4,14 @@
 #include "platform/WindowHandle.h"
 #include "richtext/ParagraphPainter.h"
 #include "richtext/PictureStore.h"
+#include "richtext/links/word_checks.h"
 #include "richtext/selection_format.h"
 
 #include <QTextEdit>
 #include <functional>
 #include <optional>
+
+class QPagedPaintDevice;
 
 namespace norvane {
 
@@ -62,6 +65,7 @@ public:
     /// Puts the caret there, with nothing selected; beyond the end is the end. Raises 5 below 0.
     void setSelStart(int position);
     int SelLength() const;
+    /// Selects as much from SelStart on; beyond the end is the end. Raises 5 below 0.
     void setSelLength(int length);
 
     /// 0 left, 1 right, 2 centre; 3 for justified text from elsewhere.
@@ -71,6 +75,10 @@ public:
     void setSelBold(bool on);
     std::optional<bool> SelBullet() const;
     void setSelBullet(bool on);
+    /// Twips above the line; negative: below. A document keeps only whether text is raised or
+    /// lowered: it reads as a third of the text's size.
+    std::optional<int> SelCharOffset() const;
+    void setSelCharOffset(int twips);
     /// Text in the automatic colour reads as 0, and 0 makes it automatic: the paper's ink.
     std::optional<quint32> SelColor() const;
     void setSelColor(quint32 color);
@@ -89,6 +97,9 @@ public:
     void setSelRightIndent(int twips);
     std::optional<bool> SelStrikeThru() const;
     void setSelStrikeThru(bool on);
+    /// Tab stops of the paragraphs. Stops that are added stand half an inch apart behind the last.
+    std::optional<int> SelTabCount() const;
+    void setSelTabCount(int count);
     std::optional<bool> SelUnderline() const;
     void setSelUnderline(bool on);
 
@@ -98,10 +109,36 @@ public:
     /// @return its position, or -1: then the selection is as it was
     int Find(const QString &text, int start = -1, int end = -1, int options = 0);
 
+    /// The position of the character at a point of the viewport. A point beside the text of its line,
+    /// or below the text, is on the end of the paragraph: its CR, or the end of the text.
+    int CharFromPos(const QPoint &point) const;
+    /// The paragraph of a position: with the CR LF before it, and with a CR behind it even where it is
+    /// the last one.
+    links::Piece paragraphAround(int position) const;
+    /// From the begin of the paragraph before that of a position to @p behind units behind it.
+    links::Piece textBefore(int position, int behind) const;
+    /// The address that a document itself links a character to; empty if it does not.
+    QString storedLinkAt(int position) const;
+    /// Gives stretches of the text, in ascending order, the look of a link: blue and underlined. One
+    /// edit in all; what already looks so is no edit.
+    void applyLinkLook(const QVector<links::Span> &spans);
+
+    /// Whether the user may change the selection: the text is not locked, nothing in it protected.
+    bool mayChangeSelection() const;
+    bool CanUndo() const { return !isReadOnly() && document()->isUndoAvailable(); }
+    /// Prints the selection; the whole document when nothing is selected. Text without a colour of
+    /// its own is printed black.
+    void SelPrint(QPagedPaintDevice &device) const;
+    /// Prints the whole document, whatever is selected.
+    void printAll(QPagedPaintDevice &device) const;
+
     /// The paper. Ink, the colour of text without a colour of its own, is dark on light paper and
     /// light on dark paper, whatever the desktop's palette.
     quint32 BackColor() const { return m_backColor; }
     void setBackColor(quint32 color);
+    /// Indent that SelBullet gives to paragraphs without one, in twips. Initially 360. Raises 5 below 0.
+    int BulletIndent() const { return m_bulletIndent; }
+    void setBulletIndent(int twips);
     /// Font of text that names none, and of new documents.
     QFont Font() const;
     void setFont(const QFont &font);
@@ -118,7 +155,8 @@ public:
     void layOutAgain();
 
 signals:
-    /// Events of the box; numbers and units as in NV_RTFEdit.
+    /// Events of the box; numbers and units as in NV_RTFEdit. A press that selects text by dragging is
+    /// no Click.
     void KeyDown(int KeyCode, int Shift);
     void KeyPress(int &KeyAscii);
     void KeyUp(int KeyCode, int Shift);
@@ -142,6 +180,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
     QVariant loadResource(int type, const QUrl &name) override;
     QMimeData *createMimeDataFromSelection() const override;
@@ -153,6 +192,12 @@ private:
     using MouseSignal = void (RichTextBox::*)(int, int, double, double);
     using ParagraphChange = std::function<void(rtf::ParagraphFormat &)>;
 
+    /// A stretch of the document, in its positions.
+    struct Range
+    {
+        int from = 0;
+        int to = 0;
+    };
     /// The format of a selection, as long as it stays the same.
     struct KnownFormat
     {
@@ -163,23 +208,30 @@ private:
     };
 
     const QString &plainText() const;
+    int textLength() const;
     const SelectionFormat &selectionFormat() const;
     void selectionMayHaveChanged();
     void changeCharacters(const CharacterChange &change);
+    void changeCharacters(const QVector<Range> &ranges, const CharacterChange &change);
     void changeParagraphs(const ParagraphChange &change);
+    void pastePlainText();
     void replaceDocument(const std::function<void(QTextCursor &)> &fill);
     void loadRichText(const QByteArray &rtf);
     void emitMouse(MouseSignal signal, int button, const QMouseEvent &from);
     bool keyPressed(QString &text);
     bool wouldChangeProtected(const QKeyEvent &event) const;
     bool isProtected(int from, int to) const;
+    bool isOnProtectedSelection(const QPoint &point) const;
 
     FileSystem &m_files;
     PictureStore m_pictures;
     ParagraphPainter m_paragraphPainter;
     quint32 m_backColor = kSystemWindowColor;
     int m_mousePointer = 0;
+    int m_bulletIndent = 360;
     bool m_leftPressed = false;
+    bool m_keepSelection = false; ///< a press on a selection that may not be dragged away
+    QPoint m_pressed;
     mutable std::optional<KnownFormat> m_selectionFormat; ///< nothing after an edit
     mutable std::optional<QString> m_plainText;
 };

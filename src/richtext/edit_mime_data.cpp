@@ -66,6 +66,14 @@ QByteArray richTextOf(const QMimeData &source)
     return {};
 }
 
+bool isPictureAlone(const QString &html)
+{
+    if (html.contains(u"data:image/", Qt::CaseInsensitive))
+        return false;
+    QString text = QTextDocumentFragment::fromHtml(html).toPlainText();
+    return text.remove(QChar::ObjectReplacementCharacter).trimmed().isEmpty();
+}
+
 std::optional<rtf::Picture> pictureOf(const QMimeData &source)
 {
     for (const QString &type : {QStringLiteral("image/png"), QStringLiteral("image/jpeg")}) {

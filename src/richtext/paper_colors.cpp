@@ -14,6 +14,14 @@ double luminance(const QColor &color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
+/// @param share of the other colour, 0 to 1
+QColor mixed(const QColor &color, const QColor &other, float share)
+{
+    const auto part = [share](float a, float b) { return a + (b - a) * share; };
+    return QColor::fromRgbF(part(color.redF(), other.redF()), part(color.greenF(), other.greenF()),
+                            part(color.blueF(), other.blueF()));
+}
+
 } // namespace
 
 QColor colorFromBlueGreenRed(quint32 color)
@@ -33,10 +41,16 @@ QPalette paperPalette(const QPalette &desktop, const QColor &paper)
     const QColor ink = inkOn(paper);
     QColor faint = ink;
     faint.setAlphaF(0.5F);
-    QPalette palette = desktop;
+    // A button's edges are shades of its colour: on black there would be none.
+    QPalette palette(mixed(paper, ink, 0.10F), paper);
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        for (const QPalette::ColorRole role :
+             {QPalette::Highlight, QPalette::HighlightedText, QPalette::Link, QPalette::LinkVisited,
+              QPalette::ToolTipBase, QPalette::ToolTipText})
+            palette.setColor(group, role, desktop.color(group, role));
         palette.setColor(group, QPalette::Base, paper);
-        palette.setColor(group, QPalette::Text, group == QPalette::Disabled ? faint : ink);
+        for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+            palette.setColor(group, role, group == QPalette::Disabled ? faint : ink);
         palette.setColor(group, QPalette::PlaceholderText, faint);
     }
     return palette;

@@ -9,7 +9,8 @@ namespace norvane {
 QColor colorFromBlueGreenRed(quint32 color);
 /// The ink for text without a colour of its own: dark on light paper, light on dark paper.
 QColor inkOn(const QColor &paper);
-/// A palette whose base is the paper and whose text is its ink; the rest is as in @p desktop.
+/// A palette of the paper and its ink, for what lies on it: text, bars, buttons. How a selection looks
+/// is as in @p desktop.
 QPalette paperPalette(const QPalette &desktop, const QColor &paper);
 
 } // namespace norvane

@@ -8,7 +8,10 @@
 #include "richtext/rtf/read.h"
 #include "richtext/virtual_keys.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -34,6 +37,7 @@ bool RichTextBox::keyPressed(QString &text)
 
 void RichTextBox::keyPressEvent(QKeyEvent *event)
 {
+    constexpr auto kPlainPaste = Qt::ControlModifier | Qt::ShiftModifier;
     emit KeyDown(virtualKeyCode(*event), shiftState(event->modifiers()));
     QString text = event->text();
     if (!text.isEmpty() && !keyPressed(text)) {
@@ -44,7 +48,10 @@ void RichTextBox::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
-    if (text == event->text()) {
+    if (event->key() == Qt::Key_V && event->modifiers() == kPlainPaste) {
+        pastePlainText();
+        event->accept();
+    } else if (text == event->text()) {
         QTextEdit::keyPressEvent(event);
     } else {
         QKeyEvent changed(event->type(), 0, Qt::NoModifier, text, event->isAutoRepeat());
@@ -101,6 +108,12 @@ bool RichTextBox::isProtected(int from, int to) const
     return false;
 }
 
+bool RichTextBox::mayChangeSelection() const
+{
+    const QTextCursor cursor = textCursor();
+    return !isReadOnly() && !isProtected(cursor.selectionStart(), cursor.selectionEnd());
+}
+
 bool RichTextBox::wouldChangeProtected(const QKeyEvent &event) const
 {
     QTextCursor cursor = textCursor();
@@ -135,23 +148,39 @@ void RichTextBox::mousePressEvent(QMouseEvent *event)
 {
     emitMouse(&RichTextBox::MouseDown, buttonNumber(event->button()), *event);
     m_leftPressed = event->button() == Qt::LeftButton;
+    m_pressed = event->position().toPoint();
+    m_keepSelection = m_leftPressed && isOnProtectedSelection(m_pressed);
     QTextEdit::mousePressEvent(event);
+}
+
+/// Whether a press there would take hold of the selection, and of protected text with it.
+bool RichTextBox::isOnProtectedSelection(const QPoint &point) const
+{
+    const QTextCursor selection = textCursor();
+    const int position = cursorForPosition(point).position();
+    return !isReadOnly() && position >= selection.selectionStart() && position < selection.selectionEnd() &&
+           isProtected(selection.selectionStart(), selection.selectionEnd());
 }
 
 void RichTextBox::mouseMoveEvent(QMouseEvent *event)
 {
     emitMouse(&RichTextBox::MouseMove, buttonNumber(event->buttons()), *event);
-    QTextEdit::mouseMoveEvent(event);
-    // The base class has its own idea of the pointer over links.
+    // Without a button the base class would look for check boxes to point at, paragraph by paragraph.
+    if (!m_keepSelection && event->buttons() != Qt::NoButton)
+        QTextEdit::mouseMoveEvent(event);
+    // It has its own idea of the pointer over links.
     setMousePointer(m_mousePointer);
 }
 
 void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
 {
     QTextEdit::mouseReleaseEvent(event);
+    const QPoint released = event->position().toPoint();
+    const bool dragged = (released - m_pressed).manhattanLength() >= QApplication::startDragDistance();
     const bool click = m_leftPressed && event->button() == Qt::LeftButton &&
-                       viewport()->rect().contains(event->position().toPoint());
+                       viewport()->rect().contains(released) && !(dragged && textCursor().hasSelection());
     m_leftPressed = false;
+    m_keepSelection = false;
     emitMouse(&RichTextBox::MouseUp, buttonNumber(event->button()), *event);
     if (click)
         emit Click();
@@ -170,6 +199,19 @@ void RichTextBox::contextMenuEvent(QContextMenuEvent *event)
     event->accept();
     if (event->reason() == QContextMenuEvent::Keyboard)
         emit MenuKey(cursorRect().bottomLeft());
+}
+
+void RichTextBox::dropEvent(QDropEvent *event)
+{
+    const int place = cursorForPosition(event->position().toPoint()).position();
+    if (!isReadOnly() && !isProtected(place, place)) {
+        QTextEdit::dropEvent(event);
+        return;
+    }
+    // The base class would take the text away from where it was before it finds no place for it.
+    QDragLeaveEvent leave;
+    dragLeaveEvent(&leave);
+    event->ignore();
 }
 
 QVariant RichTextBox::loadResource(int type, const QUrl &name)
@@ -192,20 +234,31 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const
 
 void RichTextBox::insertFromMimeData(const QMimeData *source)
 {
-    QTextCursor cursor = textCursor();
-    if (isReadOnly() || isProtected(cursor.selectionStart(), cursor.selectionEnd()))
+    if (!mayChangeSelection())
         return;
+    QTextCursor cursor = textCursor();
     const QByteArray rtf = richTextOf(*source);
     const std::optional<rtf::Document> document = rtf::read(rtf);
     if (document) {
         buildDocument(*document, cursor, m_pictures, Extent::Piece);
-    } else if (source->hasHtml()) {
+    } else if (source->hasHtml() && !(source->hasImage() && isPictureAlone(source->html()))) {
         cursor.insertFragment(QTextDocumentFragment::fromHtml(source->html(), this->document()));
     } else if (const std::optional<rtf::Picture> picture = pictureOf(*source)) {
         cursor.insertImage(m_pictures.add(*picture));
     } else if (source->hasText()) {
         cursor.insertText(source->text());
     }
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void RichTextBox::pastePlainText()
+{
+    const QMimeData *source = QApplication::clipboard()->mimeData();
+    if (!source || !source->hasText() || !mayChangeSelection())
+        return;
+    QTextCursor cursor = textCursor();
+    cursor.insertText(source->text());
     setTextCursor(cursor);
     ensureCursorVisible();
 }

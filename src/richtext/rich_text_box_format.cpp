@@ -4,6 +4,7 @@
 #include "richtext/format_conversion.h"
 #include "richtext/format_properties.h"
 #include "richtext/paper_colors.h"
+#include "richtext/text_positions.h"
 
 #include <QTextBlock>
 #include <QVector>
@@ -18,6 +19,27 @@ void setFlag(QTextCharFormat &format, int property, bool on)
         format.setProperty(property, true);
     else
         format.clearProperty(property);
+}
+
+constexpr quint32 kLinkColor = 0xFF0000; // pure blue, in blue-green-red
+
+void setColor(QTextCharFormat &format, quint32 color)
+{
+    format.clearProperty(kBlackProperty);
+    if (color == 0 || color & 0x80000000)
+        format.clearForeground();
+    else
+        format.setForeground(colorFromBlueGreenRed(color));
+}
+
+void setUnderline(QTextCharFormat &format, bool on)
+{
+    format.clearProperty(QTextFormat::FontUnderline);
+    format.clearProperty(kUnderlineProperty);
+    if (on)
+        format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+    else
+        format.clearProperty(QTextFormat::TextUnderlineStyle);
 }
 
 } // namespace
@@ -44,6 +66,12 @@ void RichTextBox::changeCharacters(const CharacterChange &change)
         return;
     }
 
+    changeCharacters({{cursor.selectionStart(), cursor.selectionEnd()}}, change);
+}
+
+void RichTextBox::changeCharacters(const QVector<Range> &ranges, const CharacterChange &change)
+{
+    m_selectionFormat.reset();
     struct Part
     {
         int from;
@@ -51,37 +79,77 @@ void RichTextBox::changeCharacters(const CharacterChange &change)
         QTextCharFormat format;
     };
     QVector<Part> parts;
-    QVector<int> emptyParagraphs;
-    const int from = cursor.selectionStart();
-    const int to = cursor.selectionEnd();
-    for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() < to;
-         block = block.next()) {
-        if (block.length() == 1)
-            emptyParagraphs.append(block.position());
-        for (auto part = block.begin(); !part.atEnd(); ++part) {
-            const QTextFragment fragment = part.fragment();
-            const int begin = qMax(from, fragment.position());
-            const int end = qMin(to, fragment.position() + fragment.length());
-            if (begin < end)
-                parts.append({begin, end, fragment.charFormat()});
+    QVector<QTextBlock> emptyParagraphs;
+    // One way through the document, however many ranges stand in one paragraph.
+    QTextBlock block;
+    QTextBlock::iterator part;
+    for (const Range &range : ranges) {
+        if (!block.isValid() || range.from >= block.position() + block.length()) {
+            block = document()->findBlock(range.from);
+            part = block.begin();
+        }
+        while (block.isValid() && block.position() < range.to) {
+            if (block.length() == 1)
+                emptyParagraphs.append(block);
+            for (; !part.atEnd(); ++part) {
+                const QTextFragment fragment = part.fragment();
+                const int begin = qMax(range.from, fragment.position());
+                const int end = qMin(range.to, fragment.position() + fragment.length());
+                if (begin < end)
+                    parts.append({begin, end, fragment.charFormat()});
+                if (fragment.position() + fragment.length() >= range.to)
+                    break;
+            }
+            if (!part.atEnd())
+                break;
+            block = block.next();
+            part = block.begin();
         }
     }
 
     QTextCursor edit(document());
-    edit.beginEditBlock();
-    for (Part &part : parts) {
-        change(part.format);
-        edit.setPosition(part.from);
-        edit.setPosition(part.to, QTextCursor::KeepAnchor);
-        edit.setCharFormat(part.format);
-    }
-    for (const int position : emptyParagraphs) {
-        edit.setPosition(position);
-        QTextCharFormat format = edit.blockCharFormat();
+    bool edited = false;
+    const auto begin = [&] {
+        if (!edited)
+            edit.beginEditBlock();
+        edited = true;
+    };
+    for (const Part &changed : std::as_const(parts)) {
+        QTextCharFormat format = changed.format;
         change(format);
+        if (format == changed.format)
+            continue;
+        begin();
+        edit.setPosition(changed.from);
+        edit.setPosition(changed.to, QTextCursor::KeepAnchor);
+        edit.setCharFormat(format);
+    }
+    for (const QTextBlock &empty : std::as_const(emptyParagraphs)) {
+        edit.setPosition(empty.position());
+        const QTextCharFormat before = edit.blockCharFormat();
+        QTextCharFormat format = before;
+        change(format);
+        if (format == before)
+            continue;
+        begin();
         edit.setBlockCharFormat(format);
     }
-    edit.endEditBlock();
+    if (edited)
+        edit.endEditBlock();
+}
+
+void RichTextBox::applyLinkLook(const QVector<links::Span> &spans)
+{
+    QVector<Range> ranges;
+    ranges.reserve(spans.size());
+    for (const links::Span &span : spans) {
+        const int end = int(qMin(qint64(span.from) + span.length, qint64(textLength())));
+        ranges.append({documentPosition(*document(), span.from), documentPosition(*document(), end)});
+    }
+    changeCharacters(ranges, [](QTextCharFormat &format) {
+        setColor(format, kLinkColor);
+        setUnderline(format, true);
+    });
 }
 
 void RichTextBox::changeParagraphs(const ParagraphChange &change)
@@ -143,18 +211,33 @@ std::optional<bool> RichTextBox::SelBullet() const
 
 void RichTextBox::setSelBullet(bool on)
 {
-    changeParagraphs([on](rtf::ParagraphFormat &format) {
-        const bool standard =
-            format.leftIndent == kDefaultBulletIndent && format.firstIndent == -kDefaultBulletIndent;
+    changeParagraphs([on, indent = m_bulletIndent](rtf::ParagraphFormat &format) {
+        const bool standard = format.leftIndent == indent && format.firstIndent == -indent;
         if (on && !format.item.list && format.leftIndent == 0 && format.firstIndent == 0) {
-            format.leftIndent = kDefaultBulletIndent;
-            format.firstIndent = -kDefaultBulletIndent;
+            format.leftIndent = indent;
+            format.firstIndent = -indent;
         } else if (!on && format.isBullet() && standard) {
             format.leftIndent = 0;
             format.firstIndent = 0;
         }
         if (on != format.isBullet())
             format.setBullet(on);
+    });
+}
+
+std::optional<int> RichTextBox::SelCharOffset() const
+{
+    return selectionFormat().charOffset;
+}
+
+void RichTextBox::setSelCharOffset(int twips)
+{
+    changeCharacters([twips](QTextCharFormat &format) {
+        if (twips == 0)
+            format.clearProperty(QTextFormat::TextVerticalAlignment);
+        else
+            format.setVerticalAlignment(twips > 0 ? QTextCharFormat::AlignSuperScript
+                                                  : QTextCharFormat::AlignSubScript);
     });
 }
 
@@ -165,13 +248,7 @@ std::optional<quint32> RichTextBox::SelColor() const
 
 void RichTextBox::setSelColor(quint32 color)
 {
-    changeCharacters([color](QTextCharFormat &format) {
-        format.clearProperty(kBlackProperty);
-        if (color == 0 || color & 0x80000000)
-            format.clearForeground();
-        else
-            format.setForeground(colorFromBlueGreenRed(color));
-    });
+    changeCharacters([color](QTextCharFormat &format) { setColor(format, color); });
 }
 
 std::optional<QString> RichTextBox::SelFontName() const
@@ -243,6 +320,27 @@ void RichTextBox::setSelStrikeThru(bool on)
     changeCharacters([on](QTextCharFormat &format) { setFlag(format, QTextFormat::FontStrikeOut, on); });
 }
 
+std::optional<int> RichTextBox::SelTabCount() const
+{
+    return selectionFormat().tabCount;
+}
+
+void RichTextBox::setSelTabCount(int count)
+{
+    constexpr int kLeastTabs = 0;
+    constexpr int kMostTabs = 32;
+    constexpr int kHalfInch = 720;
+    const int wanted = qBound(kLeastTabs, count, kMostTabs);
+    changeParagraphs([wanted](rtf::ParagraphFormat &format) {
+        while (format.tabs.size() > wanted)
+            format.tabs.removeLast();
+        while (format.tabs.size() < wanted) {
+            const int last = format.tabs.isEmpty() ? 0 : format.tabs.last().position;
+            format.tabs.append({last + kHalfInch, rtf::TabKind::Left});
+        }
+    });
+}
+
 std::optional<bool> RichTextBox::SelUnderline() const
 {
     return selectionFormat().underline;
@@ -250,14 +348,7 @@ std::optional<bool> RichTextBox::SelUnderline() const
 
 void RichTextBox::setSelUnderline(bool on)
 {
-    changeCharacters([on](QTextCharFormat &format) {
-        format.clearProperty(QTextFormat::FontUnderline);
-        format.clearProperty(kUnderlineProperty);
-        if (on)
-            format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
-        else
-            format.clearProperty(QTextFormat::TextUnderlineStyle);
-    });
+    changeCharacters([on](QTextCharFormat &format) { setUnderline(format, on); });
 }
 
 } // namespace norvane

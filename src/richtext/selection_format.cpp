@@ -49,9 +49,24 @@ int alignmentNumber(const rtf::ParagraphFormat &format)
     return 3;
 }
 
+/// Raised and lowered text has no amount of its own: it counts as a third of the text's size.
+int charOffset(const QTextCharFormat &format, const QFont &base)
+{
+    const int third = qRound(pointSizeOf(format, base) * 20 / 3);
+    switch (format.verticalAlignment()) {
+    case QTextCharFormat::AlignSuperScript:
+        return third;
+    case QTextCharFormat::AlignSubScript:
+        return -third;
+    default:
+        return 0;
+    }
+}
+
 struct CommonCharacters
 {
     Common<bool> bold, italic, isProtected, strikeThru, underline;
+    Common<int> offset;
     Common<quint32> color;
     Common<QString> fontName;
     Common<double> fontSize;
@@ -63,6 +78,7 @@ struct CommonCharacters
         isProtected.add(format.boolProperty(kProtectedProperty));
         strikeThru.add(format.fontStrikeOut());
         underline.add(format.underlineStyle() != QTextCharFormat::NoUnderline);
+        offset.add(charOffset(format, base));
         color.add(blueGreenRed(colorOf(format).value_or(0)));
         fontName.add(fontFamilyOf(format, base));
         fontSize.add(pointSizeOf(format, base));
@@ -81,6 +97,7 @@ SelectionFormat selectionFormatOf(const QTextCursor &selection, const QTextCharF
     CommonCharacters characters;
     Common<int> alignment;
     Common<int> rightIndent;
+    Common<int> tabCount;
     Common<bool> bullet;
     bool anyText = false;
     // A selection that ends at the start of a paragraph does not touch that paragraph.
@@ -89,6 +106,7 @@ SelectionFormat selectionFormatOf(const QTextCursor &selection, const QTextCharF
         const rtf::ParagraphFormat paragraph = paragraphFormat(block);
         alignment.add(alignmentNumber(paragraph));
         rightIndent.add(paragraph.rightIndent);
+        tabCount.add(int(paragraph.tabs.size()));
         bullet.add(paragraph.isBullet());
         for (auto part = block.begin(); !part.atEnd() && from < to; ++part) {
             const QTextFragment fragment = part.fragment();
@@ -108,6 +126,7 @@ SelectionFormat selectionFormatOf(const QTextCursor &selection, const QTextCharF
     format.alignment = alignment.value();
     format.bold = characters.bold.value();
     format.bullet = bullet.value();
+    format.charOffset = characters.offset.value();
     format.color = characters.color.value();
     format.fontName = characters.fontName.value();
     format.fontSize = characters.fontSize.value();
@@ -115,6 +134,7 @@ SelectionFormat selectionFormatOf(const QTextCursor &selection, const QTextCharF
     format.isProtected = characters.isProtected.value();
     format.rightIndent = rightIndent.value();
     format.strikeThru = characters.strikeThru.value();
+    format.tabCount = tabCount.value();
     format.underline = characters.underline.value();
     return format;
 }

@@ -11,13 +11,15 @@ struct SelectionFormat
     std::optional<int> alignment; ///< 0 left, 1 right, 2 centre, 3 justified
     std::optional<bool> bold;
     std::optional<bool> bullet;
-    std::optional<quint32> color; ///< blue-green-red; the automatic colour is 0
+    std::optional<int> charOffset; ///< twips above the line; negative: below
+    std::optional<quint32> color;  ///< blue-green-red; the automatic colour is 0
     std::optional<QString> fontName;
     std::optional<double> fontSize; ///< points
     std::optional<bool> italic;
     std::optional<bool> isProtected;
     std::optional<int> rightIndent; ///< twips
     std::optional<bool> strikeThru;
+    std::optional<int> tabCount;
     std::optional<bool> underline;
 };
 

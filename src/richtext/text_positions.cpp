@@ -26,6 +26,23 @@ QTextBlock blockAt(const QTextDocument &document, int textPosition)
     return document.findBlockByNumber(low);
 }
 
+/// What a text has in place of a character of the document; empty: that character.
+QStringView inText(QChar character)
+{
+    switch (character.unicode()) {
+    case QChar::ParagraphSeparator:
+    case 0xFDD0: // begin and end of a frame: paragraph ends for a reader
+    case 0xFDD1:
+        return u"\r\n";
+    case QChar::LineSeparator:
+        return u"\v";
+    case QChar::ObjectReplacementCharacter:
+        return u" ";
+    default:
+        return {};
+    }
+}
+
 } // namespace
 
 int documentPosition(const QTextDocument &document, int textPosition)
@@ -52,24 +69,17 @@ QString textBetween(const QTextDocument &document, int from, int to)
 
     QString text;
     text.reserve(raw.size() + raw.size() / 32);
-    for (const QChar character : raw) {
-        switch (character.unicode()) {
-        case QChar::ParagraphSeparator:
-        case 0xFDD0: // begin and end of a frame: paragraph ends for a reader
-        case 0xFDD1:
-            text += u"\r\n";
-            break;
-        case QChar::LineSeparator:
-            text += u'\v';
-            break;
-        case QChar::ObjectReplacementCharacter:
-            text += u' ';
-            break;
-        default:
-            text += character;
-        }
+    qsizetype taken = 0;
+    for (qsizetype i = 0; i < raw.size(); ++i) {
+        if (raw.at(i) < QChar(QChar::LineSeparator))
+            continue;
+        const QStringView stands = inText(raw.at(i));
+        if (stands.isEmpty())
+            continue;
+        text.append(QStringView(raw).mid(taken, i - taken)).append(stands);
+        taken = i + 1;
     }
-    return text;
+    return text.append(QStringView(raw).mid(taken));
 }
 
 } // namespace norvane

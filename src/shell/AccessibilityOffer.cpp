@@ -1,15 +1,13 @@
 #include "shell/AccessibilityOffer.h"
 
 #include "platform/Prompts.h"
-#include "platform/SettingsStore.h"
 #include "platform/ShellWindows.h"
+#include "shell/settings_keys.h"
 
 namespace norvane {
 
 namespace {
 
-const QString kSection = QStringLiteral("Main");
-const QString kKey = QStringLiteral("AccessibilityOffer");
 const QString kAccepted = QStringLiteral("1");
 const QString kDeclined = QStringLiteral("0");
 
@@ -32,7 +30,7 @@ void AccessibilityOffer::noticeBrowserWithoutLocation()
 
 void AccessibilityOffer::offer()
 {
-    QString answer = m_settings.get(kSection, kKey, QString());
+    QString answer = settings::read(m_settings, settings::kAccessibilityOffer);
     if (answer.isEmpty()) {
         const QString question = tr("Norvane can attach notes to single web pages, but your desktop keeps "
                                     "the addresses of browser "
@@ -44,7 +42,7 @@ void AccessibilityOffer::offer()
         const bool accepted = m_prompts.messageBox(question, Prompts::kYesNo | Prompts::kQuestion,
                                                    QStringLiteral("Norvane")) == Prompts::kYes;
         answer = accepted ? kAccepted : kDeclined;
-        m_settings.save(kSection, kKey, answer);
+        settings::save(m_settings, settings::kAccessibilityOffer, answer);
     }
     if (answer == kAccepted)
         m_shellWindows.enableAccessibility();

@@ -2,13 +2,18 @@
 
 #include "shell/numeric_prefix.h"
 
+#include <algorithm>
+
 namespace norvane {
 
 namespace {
 
+/// No window is larger or farther away: window systems count in 16 bits.
+constexpr double kFarthestPixel = 32767.0;
+
 int pixels(double twips, double perPixel)
 {
-    return static_cast<int>(roundHalfEven(twips / perPixel));
+    return static_cast<int>(roundHalfEven(std::clamp(twips / perPixel, -kFarthestPixel, kFarthestPixel)));
 }
 
 } // namespace

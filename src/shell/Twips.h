@@ -15,7 +15,7 @@ public:
     double perPixelX() const { return m_perPixelX; }
     double perPixelY() const { return m_perPixelY; }
 
-    /// Nearest pixels, halves to even.
+    /// Nearest pixels, halves to even; none beyond 32767 in either direction.
     QRect toPixels(const QRectF &twips) const;
     /// Exact: stored positions are single precision.
     QRectF fromPixels(const QRect &pixels) const;

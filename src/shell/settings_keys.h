@@ -20,17 +20,28 @@ inline constexpr Key kExactWindowName{u"DB", u"ExactWindowName", u"0"};
 /// Number of extra tracked classes, in the keys "01", "02", … of the section. Set by hand.
 inline constexpr Key kClassExItems{u"ClassEx", u"Items", u"0"};
 
+/// Two keys for each hot key, "Main.0" and "Main.1": modifiers and key code.
+inline constexpr QStringView kHotKeysSection = u"HotKeys";
+
 // Place of the frame, twips. Width and height default to those of the work area.
 inline constexpr Key kMainTop{u"Main", u"Top", u"0"};
 inline constexpr Key kMainLeft{u"Main", u"Left", u"0"};
 inline constexpr Key kMainWidth{u"Main", u"Width", u""};
 inline constexpr Key kMainHeight{u"Main", u"Height", u""};
 
+// What was said or asked once: "1" said, or yes; "0" no; empty: not yet.
+inline constexpr Key kAccessibilityOffer{u"Main", u"AccessibilityOffer", u""};
+inline constexpr Key kFirstStartNotice{u"Main", u"FirstStartNotice", u""};
+inline constexpr Key kOnlyXNotice{u"Main", u"OnlyXNotice", u""};
+
 // Place of the browser, twips.
 inline constexpr Key kBrowserTop{u"NoteBrowser", u"Top", u"0"};
 inline constexpr Key kBrowserLeft{u"NoteBrowser", u"Left", u"0"};
 inline constexpr Key kBrowserWidth{u"NoteBrowser", u"Width", u"10000"};
 inline constexpr Key kBrowserHeight{u"NoteBrowser", u"Height", u"7000"};
+/// 0 as it was placed, 1 minimised, 2 maximised. Written and never read.
+inline constexpr Key kBrowserWindowState{u"NoteBrowser", u"WindowState", u""};
+inline constexpr Key kShowCategoryBar{u"NoteBrowser", u"ShowCategoryBar", u"1"};
 /// Number of the selected category tab, from 1.
 inline constexpr Key kLastCategory{u"NoteBrowser", u"LastCategory", u"1"};
 

@@ -4,6 +4,7 @@
 #include "sticky/PinButton.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace norvane {
 
@@ -11,6 +12,8 @@ namespace {
 
 constexpr int kGap = 6;         // between pin, name and image, pixels
 constexpr int kImageMargin = 3; // 45 twips
+constexpr int kLeading = 2;     // above and below the name
+constexpr int kPinMargin = kNoteEdge - 1;
 
 /// Three fine lines that say "take hold here", at the right of the strip.
 class GripImage : public QWidget
@@ -48,6 +51,7 @@ NoteStrip::NoteStrip(QWidget *parent)
     : QWidget(parent), m_pin(new PinButton(this)), m_image(new GripImage(this)), m_label(new QLabel(this))
 {
     setObjectName(QStringLiteral("Picture1"));
+    setMouseTracking(true); // the note shows what a press at the pointer would do
     m_label->setObjectName(QStringLiteral("lblFriendlyName"));
     m_label->setTextFormat(Qt::PlainText);
     m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -56,6 +60,11 @@ NoteStrip::NoteStrip(QWidget *parent)
     font.setPointSizeF(std::max(7.0, font.pointSizeF() - 1.0));
     m_label->setFont(font);
     setCaption(QStringLiteral("Name"));
+}
+
+int NoteStrip::thickness() const
+{
+    return std::max(kNoteStrip, m_label->fontMetrics().height() + 2 * kLeading);
 }
 
 void NoteStrip::setCaption(const QString &caption)
@@ -97,7 +106,9 @@ void NoteStrip::paintEvent(QPaintEvent *)
 
 void NoteStrip::resizeEvent(QResizeEvent *)
 {
-    m_pin->setGeometry(0, 0, height(), height());
+    // The note's sizing edge goes around the pin.
+    const int side = height() - kPinMargin;
+    m_pin->setGeometry(kPinMargin, kPinMargin, side, side);
     const int left = height() + kGap / 2;
     m_image->setGeometry(left, 0, std::max(0, width() - left), height());
     m_label->setGeometry(left, 0, std::max(0, width() - left - 3 * kGap - kImageMargin), height() - 1);

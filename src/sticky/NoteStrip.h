@@ -19,6 +19,8 @@ public:
     explicit NoteStrip(QWidget *parent);
 
     PinButton *pin() const { return m_pin; }
+    /// The height of the strip: more than kNoteStrip where the desktop's font is a large one.
+    int thickness() const;
     void setCaption(const QString &caption);
     QString caption() const { return m_caption; }
     void setPaper(const NotePaper &paper);

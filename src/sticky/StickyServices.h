@@ -9,7 +9,6 @@ namespace norvane {
 class Clock;
 class clsClips;
 class EventLoop;
-class FileSystem;
 class FormList;
 class HotKeys;
 class NoteGridView;
@@ -19,13 +18,13 @@ class Sound;
 class WatchTimer;
 class WindowEmbedding;
 class WindowSystem;
+struct EditServices;
 struct WatchSettings;
 
 /// What a sticky note uses of the program. Everything outlives every note.
 struct StickyServices
 {
     NoteStore &store;
-    FileSystem &files;
     FormList &forms;
     clsClips &clips;
     WindowSystem &windows;
@@ -38,6 +37,7 @@ struct StickyServices
     HotKeys &hotKeys;
     NoteGridView &grid;
     NoteRescue &rescue;
+    const EditServices &edit;
     Twips twips;
     QString clickSound; ///< wave file of the type effect
 };

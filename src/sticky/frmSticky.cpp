@@ -3,13 +3,13 @@
 #include "options/HotKeyRecords.h"
 #include "platform/Clock.h"
 #include "platform/EventLoop.h"
-#include "platform/FileSystem.h"
 #include "platform/HotKeys.h"
 #include "platform/RuntimeError.h"
 #include "platform/Sound.h"
 #include "platform/WatchTimer.h"
 #include "platform/WindowEmbedding.h"
 #include "platform/WindowSystem.h"
+#include "platform/errors.h"
 #include "richtext/NV_RTFEdit.h"
 #include "sticky/NoteStrip.h"
 #include "sticky/PinButton.h"
@@ -25,6 +25,8 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
+#include <algorithm>
 
 namespace norvane {
 
@@ -71,7 +73,7 @@ Qt::CursorShape pointerOf(NoteGrip grip)
 
 frmSticky::frmSticky(const StickyServices &services)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint), m_services(services),
-      m_strip(new NoteStrip(this)), m_text(new NV_RTFEdit(services.files, this))
+      m_strip(new NoteStrip(this)), m_text(new NV_RTFEdit(services.edit, this))
 {
     setObjectName(QStringLiteral("frmSticky"));
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -86,6 +88,7 @@ frmSticky::frmSticky(const StickyServices &services)
     m_text->setAccessibleName(tr("Note"));
     m_text->setBorderStyle(0);
     m_text->setToolBar(false);
+    m_text->setToolBarOnPaper(true);
     m_text->setSelFontSize(kFontSize);
     m_text->setEnableSaveButton(false);
     // The pin opens the note's menu; it is there with the menus.
@@ -164,12 +167,20 @@ void frmSticky::moveTwips(const QRectF &rect)
     pixels.setSize(pixels.size().expandedTo(kNoteLeast));
     m_loadedTwips = rect;
     m_loadedPixels = pixels;
+    const bool sized = pixels.size() != m_place.size();
     moveTo(pixels);
+    if (sized)
+        geometryEdited();
 }
 
 QRectF frmSticky::rectTwips() const
 {
-    return m_place == m_loadedPixels ? m_loadedTwips : m_services.twips.fromPixels(m_place);
+    QRectF twips = m_services.twips.fromPixels(m_place);
+    if (m_place.topLeft() == m_loadedPixels.topLeft())
+        twips.moveTopLeft(m_loadedTwips.topLeft());
+    if (m_place.size() == m_loadedPixels.size())
+        twips.setSize(m_loadedTwips.size());
+    return twips;
 }
 
 void frmSticky::movePixels(const QPoint &position)
@@ -257,19 +268,18 @@ void frmSticky::nudge()
 
 void frmSticky::paintEvent(QPaintEvent *)
 {
+    // Areas one in the other: lines would be uneven where a pixel of ours is several of the screen's.
     QPainter painter(this);
-    painter.fillRect(rect(), m_paper.paper);
-    painter.setPen(m_paper.softEdge);
-    painter.drawRect(rect().adjusted(1, 1, -2, -2));
-    painter.setPen(m_paper.edge);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.fillRect(rect(), m_paper.edge);
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), m_paper.softEdge);
+    painter.fillRect(rect().adjusted(2, 2, -2, -2), m_paper.paper);
 }
 
 void frmSticky::resizeEvent(QResizeEvent *)
 {
     const int width = std::max(0, this->width() - 2 * kNoteEdge);
-    m_strip->setGeometry(1, 1, std::max(0, this->width() - 2), kNoteStrip + kNoteEdge - 1);
-    const int top = kNoteEdge + kNoteStrip;
+    const int top = kNoteEdge + m_strip->thickness();
+    m_strip->setGeometry(1, 1, std::max(0, this->width() - 2), top - 1);
     m_text->setGeometry(kNoteEdge, top, width, std::max(0, height() - top - kNoteEdge));
 }
 
@@ -289,9 +299,11 @@ void frmSticky::closeEvent(QCloseEvent *event)
 
 void frmSticky::mousePressEvent(QMouseEvent *event)
 {
-    if (event->button() != Qt::LeftButton)
+    const QPoint point = event->position().toPoint();
+    // What the text and its tool bar have no use for comes here too, and takes hold of nothing.
+    if (event->button() != Qt::LeftButton || m_text->geometry().contains(point))
         return;
-    m_grip = noteGripAt(event->position().toPoint(), size());
+    m_grip = noteGripAt(point, size());
     if (m_grip == NoteGrip::None)
         m_grip = NoteGrip::Move;
     m_dragStart = event->globalPosition().toPoint();
@@ -305,8 +317,18 @@ void frmSticky::mouseMoveEvent(QMouseEvent *event)
         showGrip(noteGripAt(event->position().toPoint(), size()));
         return;
     }
-    const QPoint delta = event->globalPosition().toPoint() - m_dragStart;
-    moveTo(draggedNote(m_dragRect, m_grip, delta));
+    const QPoint pointer = insideTarget(event->globalPosition().toPoint());
+    moveTo(draggedNote(m_dragRect, m_grip, pointer - m_dragStart));
+}
+
+/// The nearest point of the target: a note that was dragged out of it could never be seen again.
+QPoint frmSticky::insideTarget(const QPoint &point) const
+{
+    const QRect target = m_services.windows.clientRect(fields.ParentHwnd);
+    if (target.isEmpty())
+        return point;
+    return {std::clamp(point.x(), target.left(), target.right()),
+            std::clamp(point.y(), target.top(), target.bottom())};
 }
 
 void frmSticky::mouseReleaseEvent(QMouseEvent *event)
@@ -333,7 +355,8 @@ void frmSticky::writeNote()
     m_text->SaveFile(m_services.store.bodyFile(fields.ID), kRichText);
 }
 
-void frmSticky::SaveNote()
+/// @return the number of the error that ended it; 0 when row and body file were written
+int frmSticky::save()
 {
     const BusyPointer busy;
     try {
@@ -341,25 +364,43 @@ void frmSticky::SaveNote()
         writeNote();
         m_services.store.requeryNoteIndex();
         m_services.grid.Refresh_Grid();
+        // A dialog that opens meanwhile may outlast the note.
+        const QPointer<frmSticky> self(this);
         m_services.events.yield();
         // What was typed meanwhile is not in the file.
-        if (m_changes == saved)
+        if (self && m_changes == saved)
             resetSaveState();
-    } catch (const RuntimeError &) {
-        // The note stays dirty; its unload has the rescue file.
+        return 0;
+    } catch (const RuntimeError &error) {
+        return error.number();
     }
+}
+
+void frmSticky::SaveNote()
+{
+    save(); // a note that could not be saved stays dirty; its unload has the rescue file
 }
 
 void frmSticky::saveAtExit()
 {
-    if (!fields.AutoSave || !isDirty())
+    if (!fields.AutoSave || !isDirty() || m_rescued == m_changes)
         return;
     try {
         writeNote();
         resetSaveState();
-    } catch (const RuntimeError &) {
-        m_services.rescue.rescue(fields.FriendlyName, m_text->TextRTF());
+    } catch (const RuntimeError &error) {
+        rescueAfter(error.number());
     }
+}
+
+void frmSticky::rescueAfter(int error)
+{
+    if (m_rescued == m_changes)
+        return;
+    m_rescued = m_changes;
+    // A note whose row was deleted is meant to go.
+    if (error != kErrorNoCurrentRecord && error != kErrorRecordDeleted)
+        m_services.rescue.rescue(fields.FriendlyName, m_text->TextRTF());
 }
 
 void frmSticky::mnuFile_Close_Click()
@@ -370,7 +411,7 @@ void frmSticky::mnuFile_Close_Click()
                              ? nullptr
                              : m_services.store.database()->openRecordset(
                                    QStringLiteral("select ID,Active from memos where ID=%1").arg(fields.ID));
-        if (row) {
+        if (row && !row->eof()) {
             row->edit();
             row->setField(QStringLiteral("ACTIVE"), false);
             row->update();
@@ -399,9 +440,9 @@ void frmSticky::unload()
         return;
     m_unloaded = true;
     if (fields.AutoSave && isDirty()) {
-        SaveNote();
-        if (isDirty())
-            m_services.rescue.rescue(fields.FriendlyName, m_text->TextRTF());
+        if (const int error = save())
+            rescueAfter(error);
+        saveAtExit(); // what came while it was saved
     }
     m_services.clips.RemoveByHwnd(m_handle);
     m_services.forms.remove(this);

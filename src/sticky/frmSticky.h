@@ -6,6 +6,7 @@
 #include "watcher/StickyNote.h"
 
 #include <QWidget>
+#include <optional>
 
 class QAction;
 
@@ -40,7 +41,7 @@ public:
     void setToolBar(bool shown) override;
     void setAutoURLDetect(bool on) override;
     void moveTwips(const QRectF &rect) override;
-    /// The rectangle that was loaded, as long as nobody has moved the note since.
+    /// Place and size that were loaded, each as long as nobody has changed it since.
     QRectF rectTwips() const override;
     void movePixels(const QPoint &position) override;
     QSize sizePixels() const override;
@@ -72,9 +73,12 @@ protected:
 
 private:
     void makeActions();
+    int save();
+    void rescueAfter(int error);
     /// Row and body file; raises what store and file system raise.
     void writeNote();
     void moveTo(const QRect &place);
+    QPoint insideTarget(const QPoint &point) const;
     void textChanged();
     /// A move or resize by hand begins: geometry counts as an edit.
     void geometryEdited();
@@ -92,6 +96,7 @@ private:
     QRectF m_loadedTwips;
     QRect m_loadedPixels; ///< where m_loadedTwips stands on the screen
     quint64 m_changes = 0;
+    std::optional<quint64> m_rescued; ///< the changes that went into a rescue file, or nowhere
     NoteGrip m_grip = NoteGrip::None;
     QPoint m_dragStart;
     QRect m_dragRect;

@@ -12,8 +12,10 @@
 
 namespace norvane {
 
-NoteRescue::NoteRescue(const NoteStore &store, FileSystem &files, const Clock &clock, Notifier &notifier)
-    : m_store(store), m_files(files), m_clock(clock), m_notifier(notifier)
+NoteRescue::NoteRescue(const NoteStore &store, FileSystem &files, const Clock &clock, Notifier &notifier,
+                       std::function<void(const QString &)> showOtherwise)
+    : m_store(store), m_files(files), m_clock(clock), m_notifier(notifier),
+      m_showOtherwise(std::move(showOtherwise))
 {
 }
 
@@ -36,7 +38,10 @@ QString NoteRescue::rescue(const QString &title, const QByteArray &rtf)
 
 void NoteRescue::tell(const QString &text)
 {
-    m_notifier.notify(kApplicationTitle.toString(), text, [](bool) {});
+    m_notifier.notify(kApplicationTitle.toString(), text, [this, text](bool shown) {
+        if (!shown)
+            m_showOtherwise(text);
+    });
 }
 
 } // namespace norvane

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 
 namespace norvane {
 
@@ -14,7 +15,9 @@ class Notifier;
 class NoteRescue
 {
 public:
-    NoteRescue(const NoteStore &store, FileSystem &files, const Clock &clock, Notifier &notifier);
+    /// @param showOtherwise shows a text where the desktop has no notifications
+    NoteRescue(const NoteStore &store, FileSystem &files, const Clock &clock, Notifier &notifier,
+               std::function<void(const QString &)> showOtherwise);
 
     /// Writes the note as a rescue file. The first rescued note is told to the user, with the
     /// folder where this one and later ones are; a note that is lost since even that failed is told
@@ -31,6 +34,7 @@ private:
     FileSystem &m_files;
     const Clock &m_clock;
     Notifier &m_notifier;
+    std::function<void(const QString &)> m_showOtherwise;
     bool m_told = false;
 };
 

@@ -20,8 +20,8 @@ namespace norvane {
 
 namespace {
 
-constexpr int kAllCategories = -1;
-constexpr int kNoCategory = 0;
+constexpr int kNoCategory = 0;       ///< of a row in none; the grid's number for all of them, too
+constexpr int kWithoutCategory = -1; ///< the grid shows the notes in none
 
 } // namespace
 
@@ -89,7 +89,7 @@ void AttachWindow::addNote(const clsWindow &window)
 {
     const QString name = strippedTitle(m_parts.windows, window.WindowTitle);
     const QDateTime now = m_parts.clock.now();
-    const int category = m_grid ? m_grid->category() : kAllCategories;
+    const int category = m_grid ? m_grid->category() : kNoCategory;
 
     const auto notes =
         m_parts.store.database()->openRecordset(QStringLiteral("select * from Memos where false"));
@@ -102,7 +102,7 @@ void AttachWindow::addNote(const clsWindow &window)
     notes->setField(QStringLiteral("FriendlyName"), name);
     notes->setField(QStringLiteral("DateCreated"), now);
     notes->setField(QStringLiteral("LastUpdate"), now);
-    notes->setField(QStringLiteral("CAT_ID"), category == kAllCategories ? kNoCategory : category);
+    notes->setField(QStringLiteral("CAT_ID"), category == kWithoutCategory ? kNoCategory : category);
     notes->setField(QStringLiteral("AutoSave"), true);
     notes->setField(QStringLiteral("AutoURLDetect"), true);
     notes->update();

@@ -10,7 +10,7 @@ public:
 
     /// Shows the notes as they are now.
     virtual void Refresh_Grid() = 0;
-    /// `CAT_ID` of the category that is shown; -1 when all are.
+    /// `CAT_ID` of the category that is shown; 0 when all are, -1 when those without one are.
     virtual int category() const = 0;
 };
 

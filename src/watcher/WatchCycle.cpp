@@ -47,15 +47,15 @@ WatchCycle::WatchCycle(const WatchParts &parts, QObject *parent)
 
 void WatchCycle::tick()
 {
-    if (m_ticking)
+    if (m_ticking || m_parts.events.yielding())
         return;
-    m_ticking = true;
-    const auto done = qScopeGuard([this] { m_ticking = false; });
-
     m_parts.events.yield();
     // What ran in the meantime may have stopped the clock, and that holds for this tick too.
     if (stopped())
         return;
+    m_ticking = true;
+    const auto done = qScopeGuard([this] { m_ticking = false; });
+
     rescueOrphans();
     RefreshWindowList();
     if (m_nothingStaleAt != closeState())

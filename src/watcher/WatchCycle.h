@@ -53,7 +53,7 @@ public:
     explicit WatchCycle(const WatchParts &parts, QObject *parent = nullptr);
 
     /// One turn: a snapshot of the windows, at most one note closed, a second snapshot, notes opened.
-    /// Does nothing inside itself.
+    /// Does nothing inside itself or inside a yield.
     void tick();
 
     /// Brings `LiveWindows` up to date.

@@ -2,15 +2,17 @@
 
 #include "platform/Prompts.h"
 
+#include <QPair>
 #include <QQueue>
 #include <QVector>
 #include <functional>
+#include <optional>
 
 namespace norvane::fakes {
 
-/// Answers message boxes and folder choosers from a script and keeps what was asked.
+/// Answers message boxes and choosers from a script and keeps what was asked.
 ///
-/// A question without a scripted answer gets what closing the box gives: OK, or No.
+/// A question without a scripted answer gets what closing the box gives: OK, No, or cancelled.
 class FakePrompts : public Prompts
 {
 public:
@@ -30,6 +32,12 @@ public:
     QVector<FolderRequest> folderRequests;
     QQueue<Answer> answers; ///< for questions with Yes and No, in their order
     QQueue<QString> folders;
+    QQueue<QString> files;
+    QQueue<std::optional<quint32>> colors;
+    QQueue<std::optional<FontChoice>> fonts;
+    QVector<QPair<QString, QString>> fileRequests; ///< title and filter
+    QVector<quint32> colorRequests;
+    QVector<FontChoice> fontRequests;
     /// Runs while a box stands open, before it is answered.
     std::function<void(const Box &)> duringBox;
 
@@ -47,6 +55,24 @@ public:
     {
         folderRequests.append({title, start});
         return folders.isEmpty() ? QString() : folders.dequeue();
+    }
+
+    QString openFile(const QString &title, const QString &filter) override
+    {
+        fileRequests.append({title, filter});
+        return files.isEmpty() ? QString() : files.dequeue();
+    }
+
+    std::optional<quint32> chooseColor(quint32 start) override
+    {
+        colorRequests.append(start);
+        return colors.isEmpty() ? std::nullopt : colors.dequeue();
+    }
+
+    std::optional<FontChoice> chooseFont(const FontChoice &start) override
+    {
+        fontRequests.append(start);
+        return fonts.isEmpty() ? std::nullopt : fonts.dequeue();
     }
 };
 

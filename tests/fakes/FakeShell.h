@@ -16,6 +16,7 @@ public:
     QStringList opened;
     QHash<QString, int> openResults; ///< kOpened where a location is not in it
     QHash<QString, QString> typeNames;
+    QStringList programs; ///< the locations that open() would run
     QString folder = QStringLiteral("/home/user/.local/share/norvane");
 
     int open(const QString &location) override
@@ -23,6 +24,8 @@ public:
         opened.append(location);
         return openResults.value(location, kOpened);
     }
+
+    bool runsProgram(const QString &location) const override { return programs.contains(location); }
 
     QString typeName(const QString &path) const override
     {

@@ -17,6 +17,7 @@ public:
     int freshQueries = 0;
     int lastTimeout = 0;
     bool accessibilityNeeded = false;
+    bool started = false;
 
     /// The look-up of the window ends with this location.
     void setLocation(WindowHandle window, const QString &location)
@@ -27,6 +28,7 @@ public:
     /// The window has changed and its look-up runs.
     void setUnknown(WindowHandle window) { answers[window] = {State::Unknown, {}}; }
 
+    void start() override { started = true; }
     Answer location(WindowHandle window) override
     {
         ++queries;

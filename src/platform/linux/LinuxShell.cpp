@@ -90,6 +90,28 @@ int LinuxShell::open(const QString &location)
     return location.contains(u'/') ? openPath(location) : openByName(location);
 }
 
+bool LinuxShell::runsProgram(const QString &location) const
+{
+    const bool isFile = location.startsWith(u"file:", Qt::CaseInsensitive);
+    if (!isFile && isAddress(location))
+        return false;
+    if (!isFile && !location.contains(u'/'))
+        return true;
+    const QString path = isFile ? QUrl(location).toLocalFile() : location;
+    if (QFileInfo(path).isDir())
+        return false;
+    if (isProgram(path) || QFileInfo(path).isExecutable())
+        return true;
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(path);
+    for (const char *kind : {"application/x-desktop", "application/x-executable",
+                             "application/x-ms-dos-executable", "application/x-java-archive",
+                             "application/java-archive", "application/vnd.appimage", "application/x-msi"}) {
+        if (type.inherits(QLatin1String(kind)))
+            return true;
+    }
+    return false;
+}
+
 QString LinuxShell::typeName(const QString &path) const
 {
     return typeNameOf(path);

@@ -17,6 +17,9 @@ public:
     /// A path relative to nowhere is looked for among the programs of PATH and the desktop's
     /// entries. A "file:" address is opened as its path.
     int open(const QString &location) override;
+    /// Files that are marked executable count, and those whose kind other programs run: desktop
+    /// entries, scripts, archives of programs.
+    bool runsProgram(const QString &location) const override;
     QString typeName(const QString &path) const override;
     /// $XDG_DATA_HOME/norvane; made, with its parents, where it does not exist.
     QString programFolder() const override;

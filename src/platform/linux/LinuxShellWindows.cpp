@@ -77,8 +77,6 @@ LinuxShellWindows::LinuxShellWindows(WindowSystem &windows, const DesktopSession
 
     d->busThread.setObjectName(QStringLiteral("desktop buses"));
     d->buses.moveToThread(&d->busThread);
-    d->busThread.start();
-    QMetaObject::invokeMethod(&d->buses, &DesktopBuses::start, Qt::QueuedConnection);
 }
 
 LinuxShellWindows::~LinuxShellWindows()
@@ -89,6 +87,8 @@ LinuxShellWindows::~LinuxShellWindows()
     }
     m_d->queues.clear();
     m_d->endingQueues.clear();
+    if (!m_d->busThread.isRunning())
+        return;
     QMetaObject::invokeMethod(&m_d->buses, &DesktopBuses::stop, Qt::QueuedConnection);
     m_d->busThread.quit();
     m_d->busThread.wait();
@@ -140,13 +140,23 @@ void LinuxShellWindows::Private::windowForgotten(WindowHandle window, qint64 pro
     queues.erase(known);
 }
 
+void LinuxShellWindows::start()
+{
+    if (m_d->busThread.isRunning())
+        return;
+    m_d->busThread.start();
+    QMetaObject::invokeMethod(&m_d->buses, &DesktopBuses::start, Qt::QueuedConnection);
+}
+
 ShellWindows::Answer LinuxShellWindows::location(WindowHandle window)
 {
+    start();
     return m_d->tracker.location(window);
 }
 
 QString LinuxShellWindows::freshLocation(WindowHandle window, int timeoutMs)
 {
+    start();
     LookUpRequest request = m_d->tracker.requestFor(window);
     ProgramQueue *queue = m_d->queueOf(request);
     if (queue == nullptr)

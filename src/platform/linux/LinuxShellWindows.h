@@ -21,7 +21,8 @@ struct DesktopSession
 ///
 /// Browsers and most file managers tell them on the accessibility bus, others on the session bus.
 /// Each program is asked in a thread of its own. Buses that are missing are no error: the locations
-/// are empty until they come.
+/// are empty until they come. Until start() or the first browser or folder window, nothing of this
+/// is started.
 class LinuxShellWindows final : public ShellWindows
 {
     Q_OBJECT
@@ -33,6 +34,7 @@ public:
     /// Waits for look-ups under way, a few tenths of a second at most.
     ~LinuxShellWindows() override;
 
+    void start() override;
     Answer location(WindowHandle window) override;
     QString freshLocation(WindowHandle window, int timeoutMs) override;
     bool needsAccessibility() const override;

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QThread>
+#include <utility>
 
 namespace norvane {
 
@@ -14,15 +16,20 @@ constexpr int kLongestYieldMs = 50;
 
 void QtEventLoop::yield()
 {
-    if (m_yielding)
+    if (yielding())
         return;
-    m_yielding = true;
+    const int outer = std::exchange(m_yieldLevel, QThread::currentThread()->loopLevel());
     const QPointer<QtEventLoop> self(this);
     QCoreApplication::processEvents(QEventLoop::AllEvents, kLongestYieldMs);
     if (!self)
         return;
-    m_yielding = false;
+    m_yieldLevel = outer;
     emit yielded();
+}
+
+bool QtEventLoop::yielding() const
+{
+    return m_yieldLevel == QThread::currentThread()->loopLevel();
 }
 
 } // namespace norvane

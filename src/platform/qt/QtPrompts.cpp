@@ -1,10 +1,14 @@
 #include "platform/qt/QtPrompts.h"
 
+#include "platform/qt/FontDialog.h"
+
 #include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
+#include <utility>
 
 namespace norvane {
 
@@ -38,9 +42,12 @@ QMessageBox::Icon iconOf(int style)
 
 QString textForBox(const QString &text)
 {
+    // The toolkit breaks lines at line feeds only.
+    QString lines = text;
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
     QString shown;
     qsizetype word = 0;
-    for (const QChar unit : text) {
+    for (const QChar unit : std::as_const(lines)) {
         const bool insidePair = unit.isLowSurrogate();
         if (shown.size() >= kLongestText && !insidePair)
             return shown + kEllipsis;
@@ -100,6 +107,52 @@ QString QtPrompts::chooseFolder(const QString &title, const QString &start)
         folder = QDir::toNativeSeparators(dialog->selectedFiles().constFirst());
     delete dialog.data();
     return folder;
+}
+
+QStringList nameFilters(const QString &filter)
+{
+    QStringList filters;
+    const QStringList parts = filter.split(u'|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString pattern = parts.at(i + 1);
+        if (pattern.toUpper() != pattern)
+            pattern += u' ' + pattern.toUpper();
+        filters += parts.at(i) + QStringLiteral(" (%1)").arg(pattern);
+    }
+    return filters;
+}
+
+QString QtPrompts::openFile(const QString &title, const QString &filter)
+{
+    const QPointer<QFileDialog> dialog = new QFileDialog(QApplication::activeWindow(), title);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters(nameFilters(filter));
+    dialog->setDirectory(QDir::homePath());
+    QString file;
+    if (dialog->exec() == QDialog::Accepted && dialog && !dialog->selectedFiles().isEmpty())
+        file = QDir::toNativeSeparators(dialog->selectedFiles().constFirst());
+    delete dialog.data();
+    return file;
+}
+
+std::optional<quint32> QtPrompts::chooseColor(quint32 start)
+{
+    const QPointer<QColorDialog> dialog = new QColorDialog(colorOfValue(start), QApplication::activeWindow());
+    std::optional<quint32> color;
+    if (dialog->exec() == QDialog::Accepted && dialog)
+        color = valueOfColor(dialog->selectedColor());
+    delete dialog.data();
+    return color;
+}
+
+std::optional<FontChoice> QtPrompts::chooseFont(const FontChoice &start)
+{
+    const QPointer<FontDialog> dialog = new FontDialog(start, QApplication::activeWindow());
+    std::optional<FontChoice> font;
+    if (dialog->exec() == QDialog::Accepted && dialog)
+        font = dialog->choice();
+    delete dialog.data();
+    return font;
 }
 
 } // namespace norvane

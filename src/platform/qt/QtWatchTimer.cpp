@@ -3,7 +3,9 @@
 #include "platform/qt/QtEventLoop.h"
 
 #include <QPointer>
+#include <QThread>
 #include <algorithm>
+#include <utility>
 
 namespace norvane {
 
@@ -24,10 +26,15 @@ QtWatchTimer::QtWatchTimer(QtEventLoop &loop, QObject *parent) : WatchTimer(pare
     connect(&m_loop, &QtEventLoop::yielded, this, &QtWatchTimer::onYielded);
 }
 
+bool QtWatchTimer::ticking() const
+{
+    return m_tickLevel == QThread::currentThread()->loopLevel();
+}
+
 void QtWatchTimer::setInterval(int milliseconds)
 {
     m_interval = std::max(milliseconds, 0);
-    if (!runs() && !m_ticking)
+    if (!runs() && !ticking())
         m_requested = false;
     arm();
 }
@@ -44,8 +51,8 @@ void QtWatchTimer::setEnabled(bool enabled)
 
 void QtWatchTimer::requestTick()
 {
-    const bool counts = m_ticking ? m_enabled : runs();
-    if (!counts || m_requested)
+    const bool counts = ticking() ? m_enabled : runs();
+    if (!counts || (m_requested && m_timer.isActive()))
         return;
     m_requested = true;
     arm();
@@ -58,7 +65,7 @@ void QtWatchTimer::arm()
         return;
     }
     // After the tick or the yield that is under way it is armed once more.
-    if (m_requested && (m_ticking || m_loop.yielding()))
+    if (m_requested && (ticking() || m_loop.yielding()))
         return;
     qint64 delay = m_interval;
     if (m_requested) {
@@ -73,19 +80,21 @@ void QtWatchTimer::onTimeout()
 {
     if (!runs())
         return;
-    if (m_ticking || m_loop.yielding()) {
+    // The clock of a dialog that opens inside.
+    m_timer.start(m_interval);
+    if (ticking() || m_loop.yielding()) {
         m_requested = true;
         return;
     }
     m_requested = false;
-    m_ticking = true;
+    const int outer = std::exchange(m_tickLevel, QThread::currentThread()->loopLevel());
     QElapsedTimer duration;
     duration.start();
     const QPointer<QtWatchTimer> self(this);
     emit tick();
     if (!self)
         return;
-    m_ticking = false;
+    m_tickLevel = outer;
     m_gapMs = std::max<qint64>(kLeastGapMs, kRestFactor * duration.elapsed());
     m_sinceTick.start();
     arm();
@@ -93,7 +102,7 @@ void QtWatchTimer::onTimeout()
 
 void QtWatchTimer::onYielded()
 {
-    if (m_requested && !m_ticking)
+    if (m_requested && !ticking())
         arm();
 }
 

@@ -15,7 +15,8 @@ class QtEventLoop;
 /// title hundreds of times a second cannot keep the program busy; after one the interval starts
 /// anew. A tick that falls due during a tick or during a yield comes after it. A request made
 /// during a tick counts even if the tick has set the interval to 0 meanwhile, provided that the
-/// timer runs when the tick is over.
+/// timer runs when the tick is over. A dialog that opens inside a tick or a yield does not stop the
+/// timer: what turns in the dialog's own loop is not inside.
 class QtWatchTimer : public WatchTimer
 {
     Q_OBJECT
@@ -35,6 +36,7 @@ public:
 
 private:
     bool runs() const { return m_enabled && m_interval > 0; }
+    bool ticking() const;
     /// Sets the timer for the requested tick if there is one, else for a whole interval.
     void arm();
     void onTimeout();
@@ -46,7 +48,7 @@ private:
     qint64 m_gapMs = kLeastGapMs;
     int m_interval = 0;
     bool m_enabled = false;
-    bool m_ticking = false;
+    int m_tickLevel = -1;     ///< how deep in loops the tick under way is; -1: there is none
     bool m_requested = false; ///< a tick is wanted before the interval is over
 };
 

@@ -3,19 +3,16 @@
 #include "platform/RuntimeError.h"
 #include "platform/errors.h"
 #include "platform/sqlite/DatabaseCore.h"
-#include "platform/sqlite/open_recordset.h"
 #include "platform/sqlite/values.h"
 
 namespace norvane::dao {
 
 FinishedRecordset::FinishedRecordset(std::shared_ptr<DatabaseCore> core, std::unique_ptr<SelectQuery> query,
                                      bool forwardOnly)
-    : m_core(std::move(core)), m_query(std::move(query)), m_forwardOnly(forwardOnly)
+    : QueryRecordset(std::move(core), std::move(query), true), m_forwardOnly(forwardOnly)
 {
     readAll();
 }
-
-FinishedRecordset::~FinishedRecordset() = default;
 
 bool FinishedRecordset::bof() const
 {
@@ -76,41 +73,10 @@ void FinishedRecordset::findNext(const QString & /*condition*/)
 QVariant FinishedRecordset::field(const QString &name) const
 {
     checkOpen();
-    const auto column = static_cast<std::size_t>(m_query->columnIndex(name));
+    const auto column = static_cast<std::size_t>(query().columnIndex(name));
     checkCurrent();
-    const auto width = static_cast<std::size_t>(m_query->columns().size());
+    const auto width = static_cast<std::size_t>(query().columns().size());
     return m_values[static_cast<std::size_t>(m_position) * width + column];
-}
-
-QStringList FinishedRecordset::fieldNames() const
-{
-    checkOpen();
-    return m_query->columnNames();
-}
-
-void FinishedRecordset::addNew()
-{
-    raiseReadOnly();
-}
-void FinishedRecordset::edit()
-{
-    raiseReadOnly();
-}
-void FinishedRecordset::setField(const QString & /*name*/, const QVariant & /*value*/)
-{
-    raiseReadOnly();
-}
-void FinishedRecordset::update()
-{
-    raiseReadOnly();
-}
-void FinishedRecordset::cancelUpdate()
-{
-    raiseReadOnly();
-}
-void FinishedRecordset::remove()
-{
-    raiseReadOnly();
 }
 
 void FinishedRecordset::requery()
@@ -125,47 +91,10 @@ int FinishedRecordset::recordCount() const
     return m_rowCount;
 }
 
-void FinishedRecordset::setCacheSize(int /*records*/)
-{
-    checkOpen();
-}
-void FinishedRecordset::fillCache()
-{
-    checkOpen();
-}
-
-void FinishedRecordset::setFilter(const QString &condition)
-{
-    checkOpen();
-    m_filter = condition;
-}
-
-QString FinishedRecordset::filter() const
-{
-    checkOpen();
-    return m_filter;
-}
-
-std::unique_ptr<Recordset> FinishedRecordset::openRecordset(RecordsetType type)
-{
-    checkOpen();
-    auto query = std::make_unique<SelectQuery>(*m_query);
-    if (!m_filter.trimmed().isEmpty())
-        query->addFilter(m_filter);
-    return openRows(m_core, std::move(query), type, true);
-}
-
 void FinishedRecordset::close()
 {
     m_values.clear();
-    m_core.reset();
-}
-
-void FinishedRecordset::checkOpen() const
-{
-    if (!m_core)
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("The recordset is closed."));
-    m_core->connection();
+    QueryRecordset::close();
 }
 
 void FinishedRecordset::checkBothWays() const
@@ -178,29 +107,23 @@ void FinishedRecordset::checkBothWays() const
 void FinishedRecordset::checkCurrent() const
 {
     if (m_position < 0 || m_position >= m_rowCount)
-        throw RuntimeError(kErrorNoCurrentRecord, QStringLiteral("There is no current record."));
+        raiseNoCurrentRecord();
 }
 
 void FinishedRecordset::readAll()
 {
-    const SqlText where = m_query->where();
-    Statement rows = m_core->connection().prepare(
-        "SELECT " + m_query->selectList() + " FROM " + m_query->source() + where.sql +
-        (m_query->isAggregate() ? QByteArray() : m_query->orderBy()));
+    const SqlText where = query().where();
+    Statement rows =
+        core().connection().prepare("SELECT " + query().selectList() + " FROM " + query().source() +
+                                    where.sql + (query().isAggregate() ? QByteArray() : query().orderBy()));
     rows.bind(where.values);
     m_values.clear();
     m_rowCount = 0;
     m_position = 0;
-    const auto &columns = m_query->columns();
+    const auto &columns = query().columns();
     for (; rows.step(); ++m_rowCount)
         for (int i = 0; i < columns.size(); ++i)
             m_values.push_back(readField(rows, i, columns[i].field.type));
-}
-
-void FinishedRecordset::raiseReadOnly() const
-{
-    checkOpen();
-    throw RuntimeError(kErrorReadOnly, QStringLiteral("The records cannot be changed. They are read-only."));
 }
 
 void FinishedRecordset::raiseInvalid() const

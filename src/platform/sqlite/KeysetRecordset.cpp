@@ -4,7 +4,6 @@
 #include "platform/errors.h"
 #include "platform/sqlite/DatabaseCore.h"
 #include "platform/sqlite/Parser.h"
-#include "platform/sqlite/open_recordset.h"
 
 #include <algorithm>
 
@@ -19,13 +18,11 @@ constexpr int kLargestCache = 1200;
 
 KeysetRecordset::KeysetRecordset(std::shared_ptr<DatabaseCore> core, std::unique_ptr<SelectQuery> query,
                                  RecordsetType type, bool readOnly)
-    : m_core(std::move(core)), m_query(std::move(query)), m_type(type), m_readOnly(readOnly),
-      m_rows(std::make_unique<RowSet>(m_core, *m_query, type == RecordsetType::Snapshot)),
+    : QueryRecordset(std::move(core), std::move(query), readOnly || type == RecordsetType::Snapshot),
+      m_rows(std::make_unique<RowSet>(sharedCore(), this->query(), type == RecordsetType::Snapshot)),
       m_cacheSize(kCacheSize)
 {
 }
-
-KeysetRecordset::~KeysetRecordset() = default;
 
 bool KeysetRecordset::bof() const
 {
@@ -87,23 +84,17 @@ void KeysetRecordset::findNext(const QString &condition)
 QVariant KeysetRecordset::field(const QString &name) const
 {
     checkOpen();
-    const int column = m_query->columnIndex(name);
+    const int column = query().columnIndex(name);
     if (m_edit)
-        return m_edit->value(column, *m_core);
+        return m_edit->value(column, core());
     checkCurrent();
     return currentRow()[column];
-}
-
-QStringList KeysetRecordset::fieldNames() const
-{
-    checkOpen();
-    return m_query->columnNames();
 }
 
 void KeysetRecordset::addNew()
 {
     checkUpdatable();
-    m_edit = std::make_unique<EditBuffer>(*m_query);
+    m_edit = std::make_unique<EditBuffer>(query());
 }
 
 void KeysetRecordset::edit()
@@ -111,13 +102,13 @@ void KeysetRecordset::edit()
     checkUpdatable();
     checkCurrent();
     m_cache.remove(m_rows->key(m_position)); // what is edited is what stands there now
-    m_edit = std::make_unique<EditBuffer>(*m_query, m_rows->key(m_position), currentRow());
+    m_edit = std::make_unique<EditBuffer>(query(), m_rows->key(m_position), currentRow());
 }
 
 void KeysetRecordset::setField(const QString &name, const QVariant &value)
 {
     checkUpdatable();
-    const int column = m_query->columnIndex(name);
+    const int column = query().columnIndex(name);
     if (!m_edit)
         throw RuntimeError(kErrorUpdateWithoutEdit,
                            QStringLiteral("A field was changed without AddNew or Edit before it."));
@@ -130,7 +121,7 @@ void KeysetRecordset::update()
     if (!m_edit)
         throw RuntimeError(kErrorUpdateWithoutEdit,
                            QStringLiteral("Update without AddNew or Edit before it."));
-    const qint64 key = m_edit->write(*m_core);
+    const qint64 key = m_edit->write(core());
     if (m_edit->isNew()) {
         const bool behind = m_rows->size() > 0 && !m_currentDeleted && m_position >= m_rows->size();
         m_rows->append(key);
@@ -154,8 +145,7 @@ void KeysetRecordset::remove()
     checkCurrent();
     m_edit.reset();
     const auto key = static_cast<qlonglong>(m_rows->key(m_position));
-    const int removed =
-        m_core->connection().run("DELETE FROM " + m_query->source() + " WHERE rowid=?", {key});
+    const int removed = core().connection().run("DELETE FROM " + query().source() + " WHERE rowid=?", {key});
     m_rows->erase(m_position);
     m_currentDeleted = true;
     if (removed == 0)
@@ -191,46 +181,11 @@ void KeysetRecordset::fillCache()
         readAhead();
 }
 
-void KeysetRecordset::setFilter(const QString &condition)
-{
-    checkOpen();
-    m_filter = condition;
-}
-
-QString KeysetRecordset::filter() const
-{
-    checkOpen();
-    return m_filter;
-}
-
-std::unique_ptr<Recordset> KeysetRecordset::openRecordset(RecordsetType type)
-{
-    checkOpen();
-    auto query = std::make_unique<SelectQuery>(*m_query);
-    if (!m_filter.trimmed().isEmpty())
-        query->addFilter(m_filter);
-    return openRows(m_core, std::move(query), type, m_readOnly || m_type == RecordsetType::Snapshot);
-}
-
 void KeysetRecordset::close()
 {
     m_edit.reset();
     m_rows.reset();
-}
-
-void KeysetRecordset::checkOpen() const
-{
-    if (!m_rows)
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("The recordset is closed."));
-    m_core->connection();
-}
-
-void KeysetRecordset::checkUpdatable() const
-{
-    checkOpen();
-    if (m_readOnly || m_type == RecordsetType::Snapshot)
-        throw RuntimeError(kErrorReadOnly,
-                           QStringLiteral("The records cannot be changed. They are read-only."));
+    QueryRecordset::close();
 }
 
 void KeysetRecordset::checkCurrent() const
@@ -238,14 +193,14 @@ void KeysetRecordset::checkCurrent() const
     if (m_currentDeleted)
         throw RuntimeError(kErrorRecordDeleted, QStringLiteral("The record is deleted."));
     if (m_position < 0 || m_position >= m_rows->size())
-        throw RuntimeError(kErrorNoCurrentRecord, QStringLiteral("There is no current record."));
+        raiseNoCurrentRecord();
 }
 
 void KeysetRecordset::checkNotEmpty() const
 {
     checkOpen();
     if (m_rows->size() == 0)
-        throw RuntimeError(kErrorNoCurrentRecord, QStringLiteral("There is no current record."));
+        raiseNoCurrentRecord();
 }
 
 /// A move drops what was not updated.
@@ -260,7 +215,7 @@ void KeysetRecordset::moveTo(int position)
 void KeysetRecordset::find(const QString &condition, int from)
 {
     const int found =
-        m_rows->find(sqlCondition(parseCondition(condition), m_query->columns()), std::max(from, 0));
+        m_rows->find(sqlCondition(parseCondition(condition), query().columns()), std::max(from, 0));
     m_noMatch = found < 0;
     if (!m_noMatch)
         moveTo(found);
@@ -268,11 +223,11 @@ void KeysetRecordset::find(const QString &condition, int from)
 
 const KeysetRecordset::Row &KeysetRecordset::currentRow() const
 {
-    const quint64 changes = m_core->connection().changeCount();
-    if (m_cacheChanges != changes || m_cacheGeneration != m_core->generation())
+    const quint64 changes = core().connection().changeCount();
+    if (m_cacheChanges != changes || m_cacheGeneration != core().generation())
         m_cache.clear();
     m_cacheChanges = changes;
-    m_cacheGeneration = m_core->generation();
+    m_cacheGeneration = core().generation();
     const qint64 key = m_rows->key(m_position);
     auto found = m_cache.constFind(key);
     if (found == m_cache.constEnd()) {
@@ -293,7 +248,7 @@ const KeysetRecordset::Row &KeysetRecordset::currentRow() const
 void KeysetRecordset::readAhead() const
 {
     m_cache.clear();
-    Transaction transaction(m_core->connection(), Transaction::Kind::Read);
+    Transaction transaction(core().connection(), Transaction::Kind::Read);
     const int end = std::min(m_rows->size(), m_position + m_cacheSize);
     for (int i = m_position; i < end; ++i)
         if (auto row = m_rows->read(m_rows->key(i)))

@@ -1,22 +1,19 @@
 #pragma once
 
 #include "platform/sqlite/EditBuffer.h"
+#include "platform/sqlite/QueryRecordset.h"
 #include "platform/sqlite/RowSet.h"
 
 #include <QHash>
-#include <memory>
 
 namespace norvane::dao {
 
-class DatabaseCore;
-
 /// A dynaset or a snapshot.
-class KeysetRecordset : public Recordset
+class KeysetRecordset : public QueryRecordset
 {
 public:
     KeysetRecordset(std::shared_ptr<DatabaseCore> core, std::unique_ptr<SelectQuery> query,
                     RecordsetType type, bool readOnly);
-    ~KeysetRecordset() override;
 
     bool bof() const override;
     bool eof() const override;
@@ -28,7 +25,6 @@ public:
     void findFirst(const QString &condition) override;
     void findNext(const QString &condition) override;
     QVariant field(const QString &name) const override;
-    QStringList fieldNames() const override;
     void addNew() override;
     void edit() override;
     void setField(const QString &name, const QVariant &value) override;
@@ -39,16 +35,11 @@ public:
     int recordCount() const override;
     void setCacheSize(int records) override;
     void fillCache() override;
-    void setFilter(const QString &condition) override;
-    QString filter() const override;
-    std::unique_ptr<Recordset> openRecordset(RecordsetType type) override;
     void close() override;
 
 private:
     using Row = QVector<QVariant>;
 
-    void checkOpen() const;
-    void checkUpdatable() const;
     void checkCurrent() const;
     void checkNotEmpty() const;
     void moveTo(int position);
@@ -56,17 +47,12 @@ private:
     const Row &currentRow() const;
     void readAhead() const;
 
-    std::shared_ptr<DatabaseCore> m_core;
-    std::unique_ptr<SelectQuery> m_query;
-    RecordsetType m_type;
-    bool m_readOnly;
     std::unique_ptr<RowSet> m_rows; ///< nullptr when closed
     int m_position = 0;             ///< -1 before the first record, size() behind the last
     bool m_currentDeleted = false;  ///< the current record stood before the one at m_position
     bool m_noMatch = false;
     bool m_walking = false; ///< the last move was to the next record
     std::unique_ptr<EditBuffer> m_edit;
-    QString m_filter;
     int m_cacheSize;
 
     mutable QHash<qint64, Row> m_cache;

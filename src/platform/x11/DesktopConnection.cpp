@@ -7,6 +7,8 @@ namespace norvane::x11 {
 
 namespace {
 
+constexpr qint64 kQuietNs = 50'000;
+
 constexpr size_t kAtomCount = static_cast<size_t>(AtomName::Count);
 
 constexpr std::array<const char *, kAtomCount> kAtomTexts = {
@@ -157,7 +159,12 @@ void DesktopConnection::flush()
 
 XcbPointer<xcb_generic_event_t> DesktopConnection::pollEvent()
 {
-    return XcbPointer<xcb_generic_event_t>(xcb_poll_for_event(m_connection));
+    if (m_quiet.isValid() && m_quiet.nsecsElapsed() < kQuietNs)
+        return queuedEvent();
+    XcbPointer<xcb_generic_event_t> event(xcb_poll_for_event(m_connection));
+    if (!event)
+        m_quiet.start();
+    return event;
 }
 
 XcbPointer<xcb_generic_event_t> DesktopConnection::queuedEvent()
@@ -165,9 +172,15 @@ XcbPointer<xcb_generic_event_t> DesktopConnection::queuedEvent()
     return XcbPointer<xcb_generic_event_t>(xcb_poll_for_queued_event(m_connection));
 }
 
-bool DesktopConnection::waitForInput(int timeoutMs) const
+void DesktopConnection::expectInput()
+{
+    m_quiet.invalidate();
+}
+
+bool DesktopConnection::waitForInput(int timeoutMs)
 {
     pollfd descriptor = {fileDescriptor(), POLLIN, 0};
+    expectInput();
     return poll(&descriptor, 1, timeoutMs) > 0;
 }
 

@@ -10,12 +10,8 @@ namespace {
 constexpr quint32 kMaxWindows = 65536; ///< of a list; a longer one is cut
 constexpr quint32 kWindowEvents = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 constexpr quint32 kRootEvents = XCB_EVENT_MASK_PROPERTY_CHANGE;
-/// Programs answer a ping by a message to the root, which only listeners to its children receive.
-constexpr quint32 kPongEvents = kRootEvents | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
 /// The facts that ShownFacts are made of.
 constexpr quint32 kShownFacts = kCaptionFact | kClassFact | kStateFact | kOwnerFact | kTypeFact;
-/// Window managers put a window into one frame, some into two.
-constexpr int kMaxFrameDepth = 8;
 
 /// Changes come in bursts (a new window has a dozen): wait for the end of one, then tell it.
 constexpr int kSettleMs = 5;
@@ -26,7 +22,7 @@ constexpr uint8_t kEventMask = 0x7f; ///< without the mark of events that were s
 
 } // namespace
 
-WindowTable::WindowTable()
+WindowTable::WindowTable() : m_places(m_connection), m_pings(m_connection, kRootEvents)
 {
     m_now.setSingleShot(true);
     m_settled.setSingleShot(true);
@@ -38,7 +34,10 @@ WindowTable::WindowTable()
         return;
     }
     m_notifier = std::make_unique<QSocketNotifier>(m_connection.fileDescriptor(), QSocketNotifier::Read);
-    connect(m_notifier.get(), &QSocketNotifier::activated, this, &WindowTable::takeIn);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
+        m_connection.expectInput();
+        takeIn();
+    });
     m_connection.selectEvents(m_connection.root(), kRootEvents);
     update();
     m_toldCount = m_changeCount;
@@ -58,8 +57,8 @@ void WindowTable::update()
     if (!m_staleWindows.isEmpty()) {
         readFacts();
     }
-    if (!m_staleRects.isEmpty()) {
-        readRects();
+    if (m_places.isStale()) {
+        m_places.read();
     }
     // Events that came along with the replies wake no notifier.
     while (const auto event = m_connection.queuedEvent()) {
@@ -97,15 +96,12 @@ QRect WindowTable::clientRect(xcb_window_t window)
     if (!facts(window)) {
         return {};
     }
-    if (m_records[window].following == Following::No) {
-        follow(window, m_records[window]);
+    if (!m_places.isFollowed(window)) {
+        m_places.follow(window);
         update();
     }
-    const auto record = m_records.constFind(window);
-    if (record == m_records.constEnd()) {
-        return {};
-    }
-    return record->rect.marginsRemoved(record->facts.shadowExtents);
+    const WindowFacts *known = knownFacts(window);
+    return known ? m_places.rect(window).marginsRemoved(known->shadowExtents) : QRect();
 }
 
 void WindowTable::setEmbedded(xcb_window_t window, xcb_window_t target)
@@ -114,30 +110,12 @@ void WindowTable::setEmbedded(xcb_window_t window, xcb_window_t target)
         m_embedded.remove(window);
     } else {
         m_embedded.insert(window, target);
-        const auto record = m_records.find(window);
-        if (record != m_records.end() && record->following == Following::No) {
-            follow(window, *record);
+        if (m_records.contains(window) && !m_places.isFollowed(window)) {
+            m_places.follow(window);
             tellPlacement(window);
         }
     }
     setOrder();
-}
-
-void WindowTable::ping(xcb_window_t window)
-{
-    m_connection.selectEvents(m_connection.root(), kPongEvents);
-    xcb_client_message_event_t event = {};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = window;
-    event.type = m_connection.atom(AtomName::WmProtocols);
-    event.data.data32[0] = m_connection.atom(AtomName::NetWmPing);
-    event.data.data32[1] = ++m_lastPing;
-    event.data.data32[2] = window;
-    xcb_send_event(m_connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char *>(&event));
-    m_connection.flush();
-    m_pinged.insert(window, m_lastPing);
 }
 
 // ---- Events -------------------------------------------------------------------------------------
@@ -168,27 +146,20 @@ void WindowTable::handle(const xcb_generic_event_t &event)
         handleProperty(reinterpret_cast<const xcb_property_notify_event_t &>(event));
         break;
     case XCB_CONFIGURE_NOTIFY:
-        handleConfigure(reinterpret_cast<const xcb_configure_notify_event_t &>(event).window);
+        tellPlacement(m_places.moved(reinterpret_cast<const xcb_configure_notify_event_t &>(event).window));
         break;
     case XCB_GRAVITY_NOTIFY:
-        handleConfigure(reinterpret_cast<const xcb_gravity_notify_event_t &>(event).window);
+        tellPlacement(m_places.moved(reinterpret_cast<const xcb_gravity_notify_event_t &>(event).window));
         break;
-    case XCB_REPARENT_NOTIFY: {
-        const xcb_window_t window = reinterpret_cast<const xcb_reparent_notify_event_t &>(event).window;
-        const auto record = m_records.find(window);
-        if (record != m_records.end() && record->following != Following::No) {
-            m_frames.remove(record->frame);
-            record->frame = XCB_NONE;
-            record->following = Following::Wanted;
-            handleConfigure(window);
-        }
+    case XCB_REPARENT_NOTIFY:
+        tellPlacement(
+            m_places.reparented(reinterpret_cast<const xcb_reparent_notify_event_t &>(event).window));
         break;
-    }
     case XCB_DESTROY_NOTIFY:
         handleDestroy(reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window);
         break;
     case XCB_CLIENT_MESSAGE:
-        handlePong(reinterpret_cast<const xcb_client_message_event_t &>(event));
+        m_pings.handle(reinterpret_cast<const xcb_client_message_event_t &>(event));
         break;
     default: // errors about windows that have gone are among these
         break;
@@ -236,16 +207,6 @@ void WindowTable::handleRootProperty(AtomName property)
     }
 }
 
-void WindowTable::handleConfigure(xcb_window_t window)
-{
-    const xcb_window_t inside = m_frames.value(window, window);
-    const auto record = m_records.constFind(inside);
-    if (record != m_records.constEnd() && record->following != Following::No) {
-        m_staleRects.insert(inside);
-        tellPlacement(inside);
-    }
-}
-
 void WindowTable::handleDestroy(xcb_window_t window)
 {
     const auto record = m_records.constFind(window);
@@ -257,26 +218,13 @@ void WindowTable::handleDestroy(xcb_window_t window)
         m_destroyed.append(window);
         m_now.start(0);
     }
-    m_frames.remove(record->frame);
     m_records.erase(record);
     m_staleWindows.remove(window);
-    m_staleRects.remove(window);
+    m_places.forget(window);
     m_placements.remove(window);
-    m_pinged.remove(window);
+    m_pings.forget(window);
     m_listed.remove(window);
     setOrder();
-}
-
-void WindowTable::handlePong(const xcb_client_message_event_t &event)
-{
-    if (event.type != m_connection.atom(AtomName::WmProtocols) || event.format != 32 ||
-        event.data.data32[0] != m_connection.atom(AtomName::NetWmPing)) {
-        return;
-    }
-    if (m_pinged.remove(event.data.data32[2]) > 0 && m_pinged.isEmpty()) {
-        m_connection.selectEvents(m_connection.root(), kRootEvents);
-        m_connection.flush();
-    }
 }
 
 // ---- Reading ------------------------------------------------------------------------------------
@@ -362,16 +310,10 @@ void WindowTable::addRecord(xcb_window_t window)
     // Events first, facts after: a change in between is then told.
     m_connection.selectEvents(window, kWindowEvents);
     m_staleWindows.insert(window);
-    Record &record = m_records[window];
+    m_records.insert(window, {});
     if (m_embedded.contains(window)) {
-        follow(window, record);
+        m_places.follow(window);
     }
-}
-
-void WindowTable::follow(xcb_window_t window, Record &record)
-{
-    record.following = Following::Wanted;
-    m_staleRects.insert(window);
 }
 
 void WindowTable::readFacts()
@@ -402,68 +344,6 @@ void WindowTable::readFacts()
     }
 }
 
-void WindowTable::readRects()
-{
-    const QVector<xcb_window_t> windows(m_staleRects.begin(), m_staleRects.end());
-    m_staleRects.clear();
-    findFrames(windows);
-    struct Request
-    {
-        xcb_window_t window;
-        xcb_translate_coordinates_cookie_t place;
-        xcb_get_geometry_cookie_t size;
-    };
-    QVector<Request> requests;
-    for (const xcb_window_t window : windows) {
-        xcb_connection_t *connection = m_connection.get();
-        const auto place =
-            m_connection.sent(xcb_translate_coordinates(connection, window, m_connection.root(), 0, 0));
-        const auto size = m_connection.sent(xcb_get_geometry(connection, window));
-        requests.append({window, place, size});
-    }
-    for (const Request &request : requests) {
-        const auto place = m_connection.reply(request.place, xcb_translate_coordinates_reply);
-        const auto size = m_connection.reply(request.size, xcb_get_geometry_reply);
-        const auto record = m_records.find(request.window);
-        if (place && size && record != m_records.end()) {
-            record->rect = QRect(place->dst_x, place->dst_y, size->width, size->height);
-        }
-    }
-}
-
-void WindowTable::findFrames(const QVector<xcb_window_t> &windows)
-{
-    // From each window upwards, all windows one step at a time.
-    QHash<xcb_window_t, xcb_window_t> climbing;
-    for (const xcb_window_t window : windows) {
-        if (m_records[window].following == Following::Wanted) {
-            climbing.insert(window, window);
-        }
-    }
-    for (int depth = 0; depth < kMaxFrameDepth && !climbing.isEmpty(); ++depth) {
-        QVector<std::pair<xcb_window_t, xcb_query_tree_cookie_t>> requests;
-        for (auto step = climbing.constBegin(); step != climbing.constEnd(); ++step) {
-            requests.append(
-                {step.key(), m_connection.sent(xcb_query_tree(m_connection.get(), step.value()))});
-        }
-        for (const auto &[window, cookie] : requests) {
-            const auto answer = m_connection.reply(cookie, xcb_query_tree_reply);
-            if (answer && answer->parent != m_connection.root() && answer->parent != XCB_NONE) {
-                climbing[window] = answer->parent;
-                continue;
-            }
-            Record &record = m_records[window];
-            record.frame = climbing.take(window);
-            record.following = Following::Yes;
-            if (record.frame != window) {
-                // In a drag by the mouse only the frame tells every step.
-                m_connection.selectEvents(record.frame, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-                m_frames.insert(record.frame, window);
-            }
-        }
-    }
-}
-
 // ---- Telling ------------------------------------------------------------------------------------
 
 void WindowTable::makeStale(xcb_window_t window, quint32 facts)
@@ -484,8 +364,7 @@ void WindowTable::makeStale(xcb_window_t window, quint32 facts)
 
 void WindowTable::tellPlacement(xcb_window_t window)
 {
-    const auto record = m_records.constFind(window);
-    if (record != m_records.constEnd() && record->following != Following::No) {
+    if (m_places.isFollowed(window)) {
         m_placements.insert(window);
         m_now.start(0);
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/x11/WindowPings.h"
+#include "platform/x11/WindowPlaces.h"
 #include "platform/x11/window_facts.h"
 
 #include <QHash>
@@ -55,10 +57,8 @@ public:
     xcb_window_t targetOf(xcb_window_t window) const { return m_embedded.value(window, XCB_NONE); }
     bool isEmbedded(xcb_window_t window) const { return m_embedded.contains(window); }
 
-    /// Asks the program of a window for a sign of life; see heardFrom().
-    void ping(xcb_window_t window);
-    /// Whether no ping to the window is left without an answer.
-    bool heardFrom(xcb_window_t window) const { return !m_pinged.contains(window); }
+    /// The signs of life that programs are asked for; update() takes in their answers.
+    WindowPings &pings() { return m_pings; }
 
 signals:
     void changed();
@@ -67,33 +67,24 @@ signals:
     void placementChanged(quint32 window);
 
 private:
-    enum class Following { No, Wanted, Yes };
     struct Record
     {
         WindowFacts facts;
         quint32 stale = kAllFacts;
         bool known = false; ///< whether the facts were read once
-        Following following = Following::No;
-        QRect rect;                    ///< of the window itself, with its shadow
-        xcb_window_t frame = XCB_NONE; ///< the child of the root that holds the window
     };
 
     void takeIn();
     void handle(const xcb_generic_event_t &event);
     void handleProperty(const xcb_property_notify_event_t &event);
     void handleRootProperty(AtomName property);
-    void handleConfigure(xcb_window_t window);
     void handleDestroy(xcb_window_t window);
-    void handlePong(const xcb_client_message_event_t &event);
 
     void readRoot();
     void setLists(const QVector<xcb_window_t> &clients, const QVector<xcb_window_t> &stacking);
     void setOrder();
     void readFacts();
-    void readRects();
-    void findFrames(const QVector<xcb_window_t> &windows);
     void addRecord(xcb_window_t window);
-    void follow(xcb_window_t window, Record &record);
     void makeStale(xcb_window_t window, quint32 facts);
     void tellPlacement(xcb_window_t window);
     void scheduleChanged();
@@ -102,17 +93,16 @@ private:
     void stop();
 
     DesktopConnection m_connection;
+    WindowPlaces m_places;
+    WindowPings m_pings;
     std::unique_ptr<QSocketNotifier> m_notifier;
     QTimer m_now;     ///< tells what cannot wait, on the next turn of the event loop
     QTimer m_settled; ///< tells changes, a few times a second at most
     QTimer m_pause;   ///< runs for a while after changes were told
     QHash<xcb_window_t, Record> m_records;
-    QHash<xcb_window_t, xcb_window_t> m_frames; ///< frame to the window in it
     QHash<xcb_window_t, xcb_window_t> m_embedded;
-    QHash<xcb_window_t, quint32> m_pinged; ///< window to the number of its last ping
-    QSet<xcb_window_t> m_dead;             ///< ids that were told to be destroyed
+    QSet<xcb_window_t> m_dead; ///< ids that were told to be destroyed
     QSet<xcb_window_t> m_staleWindows;
-    QSet<xcb_window_t> m_staleRects;
     QSet<xcb_window_t> m_listed;
     QSet<xcb_window_t> m_placements;
     QVector<xcb_window_t> m_destroyed;
@@ -125,7 +115,6 @@ private:
     bool m_listStale = true;
     bool m_activeStale = true;
     bool m_supportedStale = true;
-    quint32 m_lastPing = 0;
     quint64 m_changeCount = 0;
     quint64 m_toldCount = 0;
 };

@@ -121,18 +121,18 @@ bool X11WindowSystem::responds(WindowHandle window, int timeoutMs) const
         return true;
     }
     // One that still owes an answer was waited for already.
-    const bool owesAnswer = !m_table->heardFrom(idOf(window));
-    m_table->ping(idOf(window));
+    const bool owesAnswer = !m_table->pings().heardFrom(idOf(window));
+    m_table->pings().ping(idOf(window));
     QElapsedTimer clock;
     clock.start();
-    while (!owesAnswer && !m_table->heardFrom(idOf(window)) && !clock.hasExpired(timeoutMs)) {
+    while (!owesAnswer && !m_table->pings().heardFrom(idOf(window)) && !clock.hasExpired(timeoutMs)) {
         const int left = qMax(0, timeoutMs - static_cast<int>(clock.elapsed()));
         if (!m_table->connection().waitForInput(left) || !m_table->connection().isAlive()) {
             break;
         }
         m_table->update();
     }
-    return isWindow(window) && m_table->heardFrom(idOf(window));
+    return isWindow(window) && m_table->pings().heardFrom(idOf(window));
 }
 
 IconHandle X11WindowSystem::icon(WindowHandle window, IconSize, int) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/WindowHandle.h"
+#include "richtext/commands/EditState.h"
 #include "shell/Forms.h"
 #include "shell/command_line.h"
 #include "store/NoteStore.h"
@@ -30,6 +31,7 @@ struct SharedState
     clsWindows LiveWindows;                 ///< the windows of the last enumeration
     std::unique_ptr<CTaskList> TaskList;    ///< nullptr until start-up has come to it
     FormList forms;
+    EditState edit; ///< of the rich text editors
 };
 
 } // namespace norvane

@@ -6,6 +6,7 @@
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
 #include "platform/Shell.h"
+#include "platform/ShellWindows.h"
 #include "platform/WatchTimer.h"
 #include "platform/WindowSystem.h"
 #include "shell/default_sound.h"
@@ -71,6 +72,8 @@ void StartUp::start(const QStringList &arguments)
     showSplash();
     openDatabase();
     fillWatchSettings();
+    if (m_state.watch.IEAvailable)
+        m_parts.shellWindows.start();
     makeTaskList();
 
     loadFrame();

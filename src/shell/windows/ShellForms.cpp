@@ -1,5 +1,6 @@
 #include "shell/windows/ShellForms.h"
 
+#include "options/HotKeyModel.h"
 #include "platform/EventLoop.h"
 #include "platform/WindowSystem.h"
 #include "shell/Forms.h"
@@ -82,6 +83,11 @@ void ShellForms::minimiseFrame()
 void ShellForms::showBrowser()
 {
     auto *child = new frmMain(m_parts.forms, m_parts.settings, *frame(), m_parts.trayHost, m_parts.twips);
+    HotKeyModel &keys = m_parts.hotKeys;
+    keys.records.load(m_parts.settings);
+    keys.registerAll(child->hWnd());
+    child->setHotKeyTexts(keys.text(HotKeyId::Attach), keys.text(HotKeyId::Detach),
+                          keys.text(HotKeyId::Delete), keys.text(HotKeyId::Main));
     TrayIcon *tray = child->trayIcon();
     connect(tray, &TrayIcon::activated, this, &ShellForms::ToggleBrowser);
     connect(tray, &TrayIcon::commandTriggered, this, &ShellForms::trayCommand);
@@ -131,16 +137,17 @@ void ShellForms::ToggleBrowser()
     }
 }
 
-void ShellForms::showNotice(const QString &text, int durationMs)
+bool ShellForms::showNotice(const QString &text, int durationMs)
 {
     if (m_parts.forms.FormIsLoaded(QStringLiteral("frmMessage")))
-        return;
+        return false;
     auto *notice = new frmMessage(m_parts.forms, m_parts.windows, m_parts.sound);
     if (!text.isEmpty())
         notice->setText(text);
     if (durationMs > 0)
         notice->setDuration(durationMs);
     notice->Show();
+    return true;
 }
 
 void ShellForms::toolBarCommand(const QString &key)

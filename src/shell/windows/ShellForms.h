@@ -11,6 +11,7 @@ namespace norvane {
 class Clock;
 class EventLoop;
 class FormList;
+class HotKeyModel;
 class NoteStore;
 class SettingsStore;
 class Sound;
@@ -31,6 +32,7 @@ struct ShellFormsParts
     WindowSystem &windows;
     Sound &sound;
     TrayHost &trayHost;
+    HotKeyModel &hotKeys;
     Twips twips;
     QVersionNumber version;
 };
@@ -53,6 +55,8 @@ public:
     WindowHandle loadFrame() override;
     void moveFrame(const QRectF &place) override;
     void minimiseFrame() override;
+    /// The browser reads the hot keys and registers them on its window. Raises 6 when a stored number
+    /// does not fit.
     void showBrowser() override;
     void Refresh_tbCAT() override;
     int categoryTabCount() const override;
@@ -65,7 +69,8 @@ public:
     /// Shows `frmMessage`, unless one is loaded.
     /// @param text empty: the standing text
     /// @param durationMs how long it stands; 0: as long as it does by itself
-    void showNotice(const QString &text = {}, int durationMs = 0);
+    /// @return whether it is shown
+    bool showNotice(const QString &text = {}, int durationMs = 0);
 
 signals:
     /// The user wants the program to end.

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyle>
+#include <cmath>
 
 namespace norvane {
 
@@ -21,7 +22,9 @@ void StatusPanel::setPanelText(const QString &text)
 
 QSize StatusPanel::sizeHint() const
 {
-    return {fontMetrics().horizontalAdvance(m_text) + 2 * margin(), fontMetrics().height() + 2};
+    // The whole pixels of an advance may be less than what drawing and shortening count.
+    const int advance = static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(m_text)));
+    return {advance + 1 + 2 * margin(), fontMetrics().height() + 2};
 }
 
 QSize StatusPanel::minimumSizeHint() const

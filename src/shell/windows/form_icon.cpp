@@ -1,6 +1,6 @@
 #include "shell/windows/form_icon.h"
 
-#include "shell/windows/SvgIconEngine.h"
+#include "controls/svg_icon.h"
 
 #include <QWidget>
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "shell/windows/frmMain.h"
 
-#include "platform/SettingsStore.h"
 #include "platform/dao.h"
 #include "shell/numeric_prefix.h"
+#include "shell/settings_keys.h"
 #include "shell/windows/KeyHints.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/TrayIcon.h"
@@ -18,12 +18,6 @@
 #include <QVBoxLayout>
 
 namespace norvane {
-
-namespace {
-
-const QString kSection = QStringLiteral("NoteBrowser");
-
-} // namespace
 
 frmMain::frmMain(FormList &forms, SettingsStore &settings, mdiMain &frame, TrayHost &trayHost, Twips twips)
     : m_forms(forms), m_settings(settings), m_twips(twips), m_hints(new KeyHints), m_categoryBar(new QTabBar),
@@ -63,7 +57,7 @@ frmMain::frmMain(FormList &forms, SettingsStore &settings, mdiMain &frame, TrayH
     layout->addWidget(m_hints, 1);
     layout->addLayout(bottom);
     layout->addWidget(status);
-    if (numericPrefix(settings.get(kSection, QStringLiteral("ShowCategoryBar"), QStringLiteral("1"))) == 0.0)
+    if (numericPrefix(settings::read(m_settings, settings::kShowCategoryBar)) == 0.0)
         m_categoryBar->hide();
 
     m_hotKeyWindow.create();
@@ -173,28 +167,28 @@ void frmMain::closeEvent(QCloseEvent *event)
 
 void frmMain::restorePlace()
 {
-    const auto value = [this](const char16_t *key, const char16_t *otherwise) {
-        return numericPrefix(
-            m_settings.get(kSection, QString::fromUtf16(key), QString::fromUtf16(otherwise)));
+    const auto value = [this](const settings::Key &key) {
+        return numericPrefix(settings::read(m_settings, key));
     };
-    m_window->setGeometry(m_twips.toPixels(QRectF(value(u"Left", u"0"), value(u"Top", u"0"),
-                                                  value(u"Width", u"10000"), value(u"Height", u"7000"))));
+    m_window->setGeometry(
+        m_twips.toPixels(QRectF(value(settings::kBrowserLeft), value(settings::kBrowserTop),
+                                value(settings::kBrowserWidth), value(settings::kBrowserHeight))));
 }
 
 void frmMain::savePlace()
 {
     const QRectF place = m_twips.fromPixels(m_window->geometry());
-    const auto write = [this](const char16_t *key, double number) {
-        m_settings.save(kSection, QString::fromUtf16(key), QString::number(qRound64(number)));
+    const auto write = [this](const settings::Key &key, double number) {
+        settings::save(m_settings, key, QString::number(qRound64(number)));
     };
     if (!m_window->isMinimized() && !m_window->isMaximized()) {
-        write(u"Top", place.top());
-        write(u"Left", place.left());
-        write(u"Width", place.width());
-        write(u"Height", place.height());
+        write(settings::kBrowserTop, place.top());
+        write(settings::kBrowserLeft, place.left());
+        write(settings::kBrowserWidth, place.width());
+        write(settings::kBrowserHeight, place.height());
     }
-    write(u"WindowState", m_window->isMinimized() ? 1 : m_window->isMaximized() ? 2 : 0);
-    write(u"LastCategory", m_categoryBar->currentIndex() + 1);
+    write(settings::kBrowserWindowState, m_window->isMinimized() ? 1 : m_window->isMaximized() ? 2 : 0);
+    write(settings::kLastCategory, m_categoryBar->currentIndex() + 1);
 }
 
 } // namespace norvane

@@ -1,11 +1,12 @@
 #include "shell/windows/mdiMain.h"
 
 #include "platform/Clock.h"
-#include "platform/SettingsStore.h"
+#include "shell/settings_keys.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/form_icon.h"
 #include "shell/windows/frmAbout.h"
 #include "shell/windows/mdi_arrange.h"
+#include "store/NoteDatabaseSwitch.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -195,7 +196,7 @@ void mdiMain::showDate()
 
 void mdiMain::setDatabaseFolder(const QString &folder)
 {
-    m_databasePanel->setPanelText(QStringLiteral(" Database Path: ") + folder.toUpper());
+    m_databasePanel->setPanelText(databasePanelText(folder));
 }
 
 void mdiMain::Move(double left, double top, double width, double height)
@@ -247,11 +248,10 @@ void mdiMain::Form_Resize()
     if (!isVisible())
         return;
     const QRectF place = m_twips.fromPixels(QRect(pos(), size()));
-    const QString section = QStringLiteral("Main");
-    m_settings.save(section, QStringLiteral("Top"), twipsText(place.top()));
-    m_settings.save(section, QStringLiteral("Left"), twipsText(place.left()));
-    m_settings.save(section, QStringLiteral("Width"), twipsText(place.width()));
-    m_settings.save(section, QStringLiteral("Height"), twipsText(place.height()));
+    settings::save(m_settings, settings::kMainTop, twipsText(place.top()));
+    settings::save(m_settings, settings::kMainLeft, twipsText(place.left()));
+    settings::save(m_settings, settings::kMainWidth, twipsText(place.width()));
+    settings::save(m_settings, settings::kMainHeight, twipsText(place.height()));
 }
 
 // A stored place may be of another screen, and the default is the whole work area, into which the
@@ -265,8 +265,6 @@ void mdiMain::keepWithinReach()
     const QMargins around = windowHandle()->frameMargins();
     const QRect room = screen()->availableGeometry();
     const QSize fitting = size().boundedTo(room.marginsRemoved(around).size()).expandedTo(minimumSizeHint());
-    if (fitting != size())
-        resize(fitting);
     const QSize outer = fitting.grownBy(around);
     const QPoint now = windowHandle()->framePosition();
     const QPoint place(
@@ -274,6 +272,8 @@ void mdiMain::keepWithinReach()
         std::clamp(now.y(), room.top(), std::max(room.top(), room.bottom() + 1 - outer.height())));
     if (place != now)
         move(place);
+    if (fitting != size())
+        resize(fitting); // saves the place, too
     if (!around.isNull())
         m_settling = false;
 }

@@ -1,6 +1,5 @@
 #include "MainJob.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <cstdio>
@@ -9,18 +8,17 @@ namespace norvane::test {
 
 namespace {
 
-/// A window that loses the keyboard shows it up to half a second later.
-constexpr int kSettledMs = 900;
-
 /// A busy program may lose keys; a person looks for a while, then presses them again.
 constexpr int kKeysMs = 8000;
+
+constexpr int kHalfMenuEntry = 14; // pixels
 
 const QString kText = QStringLiteral("Ask Ada about the second draft.");
 
 } // namespace
 
 MainJob::MainJob(VirtualDesktop &desktop, Target &target, QString program, QString pictures)
-    : m_desktop(desktop), m_x(desktop.x()), m_target(target), m_program(std::move(program)),
+    : m_desktop(desktop), m_x(desktop.x()), m_target(target), m_norvane(desktop, std::move(program)),
       m_pictures(std::move(pictures))
 {
 }
@@ -40,8 +38,8 @@ bool MainJob::step(const QString &name, const std::function<bool()> &seen, int t
     m_report += line;
     std::fputs(qPrintable(line), stdout);
     std::fflush(stdout);
-    if (!held && m_norvane != nullptr)
-        m_report += whatIsThere() + m_desktop.errorOutput(m_norvane);
+    if (!held && m_norvane.process() != nullptr)
+        m_report += whatIsThere() + m_norvane.errorOutput();
     if (!m_pictures.isEmpty()) {
         QString file = name;
         file.replace(QLatin1Char(' '), QLatin1Char('-'));
@@ -79,52 +77,12 @@ xcb_window_t MainJob::findTarget(int thing) const
 
 xcb_window_t MainJob::note() const
 {
-    if (m_norvane == nullptr)
-        return 0;
-    const QVector<xcb_window_t> windows = m_x.clientsOfProcess(m_norvane->processId());
-    for (const xcb_window_t window : windows) {
-        if (m_x.transientFor(window) == m_window && m_x.isViewable(window))
-            return window;
-    }
-    return 0;
+    return m_norvane.noteOn(m_window);
 }
 
 QRect MainJob::noteInTarget() const
 {
-    return m_x.geometry(note()).translated(-m_x.geometry(m_window).topLeft());
-}
-
-QImage MainJob::notePicture() const
-{
-    return m_x.screenshot().copy(m_x.geometry(note()));
-}
-
-QImage MainJob::settledPicture() const
-{
-    QImage picture;
-    QElapsedTimer same;
-    waitFor([&] {
-        const QImage now = notePicture();
-        if (now != picture || !same.isValid())
-            same.start();
-        picture = now;
-        return same.hasExpired(kSettledMs);
-    });
-    return picture;
-}
-
-bool MainJob::looksAsBefore() const
-{
-    const QImage now = notePicture();
-    if (now.size() != m_look.size())
-        return false;
-    qint64 different = 0;
-    for (int y = 0; y < now.height(); ++y) {
-        for (int x = 0; x < now.width(); ++x)
-            different += now.pixel(x, y) != m_look.pixel(x, y) ? 1 : 0;
-    }
-    // The text cursor may stand in one picture and not in the other.
-    return different * 200 < static_cast<qint64>(now.width()) * now.height();
+    return m_norvane.placeIn(m_window, note());
 }
 
 bool MainJob::go(int thing, const QString &name, const std::function<bool()> &seen)
@@ -157,11 +115,9 @@ bool MainJob::openTarget()
         return false;
     m_x.setMaximised(m_window, false);
     m_x.moveResize(m_window, {40, 30, 960, 660});
-    m_norvane = m_desktop.run(m_program);
-    const QString database = m_desktop.home() + QStringLiteral("/.local/share/norvane/Notes/Norvane.DAT");
-    return m_norvane != nullptr &&
+    return m_norvane.start() &&
            step(QStringLiteral("Norvane starts with a new database"),
-                [&] { return QFile::exists(database); }) &&
+                [&] { return QFile::exists(m_norvane.databaseFile()) && m_norvane.isArmed(); }) &&
            step(QStringLiteral("the window settles"),
                 [this] { return m_x.geometry(m_window).width() > 900; });
 }
@@ -172,50 +128,24 @@ bool MainJob::attachAndType()
     if (!step(QStringLiteral("the program has the keyboard"),
               [this] { return m_x.activeWindow() == m_window; }))
         return false;
-    // The hot keys are there a moment after the database: a person presses again.
-    int presses = 0;
-    const bool attached = step(QStringLiteral("the hot key attaches a note"), [&] {
-        if (note() == 0 && presses++ % 40 == 0)
-            m_x.press(QStringLiteral("ctrl+alt+a"));
-        return note() != 0;
-    });
+    m_norvane.attach(m_window);
+    const bool attached = step(QStringLiteral("the hot key attaches a note"), [this] { return note() != 0; });
     if (!attached || !step(QStringLiteral("the keyboard stays with the program"),
                            [this] { return m_x.activeWindow() == m_window; }))
         return false;
-    if (!dragNote())
+    const bool dragged = m_norvane.drag(note(), QPoint(590, 60));
+    if (!step(QStringLiteral("the note is dragged by its strip"), [&] { return dragged; }))
         return false;
-    m_x.click(m_x.geometry(note()).center());
-    if (!step(QStringLiteral("a click gives the note the keyboard"),
-              [this] { return m_x.activeWindow() == note(); }))
+    const bool typed = m_norvane.typeInto(note(), kText);
+    if (!step(QStringLiteral("after a click what is typed shows in the note"), [&] { return typed; }))
         return false;
-    const QImage empty = notePicture();
-    m_x.type(kText);
-    const bool typed = step(QStringLiteral("typing shows in the note"), [&] {
-        const QImage now = notePicture();
-        return now.size() == empty.size() && now != empty;
-    });
     m_x.activate(m_window);
-    if (!typed || !step(QStringLiteral("the program has the keyboard back"),
-                        [this] { return m_x.activeWindow() == m_window; }))
+    if (!step(QStringLiteral("the program has the keyboard back"),
+              [this] { return m_x.activeWindow() == m_window; }))
         return false;
     m_place = noteInTarget();
-    m_look = settledPicture();
+    m_look = m_norvane.settledPictureOf(note());
     return true;
-}
-
-/// By its title strip, in steps as a hand makes them.
-bool MainJob::dragNote()
-{
-    const QPoint before = noteInTarget().topLeft();
-    const QPoint strip = m_x.geometry(note()).topLeft() + QPoint(160, 14);
-    const QPoint way(590, 60);
-    m_x.moveMouse(strip);
-    m_x.button(1, true);
-    for (int part = 1; part <= 10; ++part)
-        m_x.moveMouse(strip + way * part / 10);
-    m_x.button(1, false);
-    return step(QStringLiteral("the note is dragged by its strip"),
-                [&] { return noteInTarget().topLeft() == before + way; });
 }
 
 bool MainJob::leaveAndReturn()
@@ -224,14 +154,14 @@ bool MainJob::leaveAndReturn()
         return openSecondWindow();
     if (!go(2, QStringLiteral("the second place has no note"), [this] { return note() == 0; }))
         return false;
-    QFile body(m_desktop.home() + QStringLiteral("/.local/share/norvane/Notes/Norvane_00000001"));
     if (!step(QStringLiteral("the note was saved"),
-              [&] { return body.open(QIODevice::ReadOnly) && body.readAll().contains(kText.toLatin1()); }))
+              [this] { return m_norvane.body(1).contains(kText.toLatin1()); }))
         return false;
     return go(1, QStringLiteral("back at the first place the note is there"),
               [this] { return note() != 0; }) &&
-           step(QStringLiteral("with its text, place and size"),
-                [this] { return noteInTarget() == m_place && looksAsBefore(); });
+           step(QStringLiteral("with its text, place and size"), [this] {
+               return noteInTarget() == m_place && looksAlike(m_norvane.pictureOf(note()), m_look);
+           });
 }
 
 bool MainJob::openSecondWindow()
@@ -311,18 +241,18 @@ bool MainJob::endFromTray()
     if (!step(QStringLiteral("the tray shows an icon"),
               [&] { return tray != 0 && m_x.geometry(tray).width() > 8; }))
         return false;
-    const QImage before = m_x.screenshot();
     m_x.click(m_x.geometry(tray).center(), 3);
-    if (!step(QStringLiteral("the tray menu opens"), [&] { return m_x.screenshot() != before; }))
+    xcb_window_t menu = 0;
+    if (!step(QStringLiteral("the tray menu opens"), [&] {
+            menu = m_x.menuOfProcess(m_norvane.process()->processId());
+            return menu != 0;
+        }))
         return false;
-    m_x.press(QStringLiteral("Up"));
-    m_x.press(QStringLiteral("Return"));
-    const bool ended = step(QStringLiteral("Exit ends Norvane"),
-                            [this] { return m_norvane->state() == QProcess::NotRunning; });
+    const QRect entries = m_x.geometry(menu);
+    m_x.click({entries.center().x(), entries.bottom() - kHalfMenuEntry}); // "Exit" is the last one
+    const bool ended = step(QStringLiteral("Exit ends Norvane"), [this] { return !m_norvane.isRunning(); });
     m_desktop.end(m_targetProcess);
-    return ended && step(QStringLiteral("without an error"), [this] {
-               return m_norvane->exitStatus() == QProcess::NormalExit && m_norvane->exitCode() == 0;
-           });
+    return ended && step(QStringLiteral("without an error"), [this] { return m_norvane.hasEndedWell(); });
 }
 
 } // namespace norvane::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Programs.h"
+#include "RunningNorvane.h"
 
 namespace norvane::test {
 
@@ -50,7 +51,6 @@ private:
     bool go(int thing, const QString &name, const std::function<bool()> &seen);
     bool openTarget();
     bool attachAndType();
-    bool dragNote();
     bool leaveAndReturn();
     bool openSecondWindow();
     bool moveAndMinimise();
@@ -63,19 +63,14 @@ private:
     /// The note on the target, as the desktop shows it; 0 if none.
     xcb_window_t note() const;
     QRect noteInTarget() const;
-    QImage notePicture() const;
-    /// What the note looks like when it has stopped changing.
-    QImage settledPicture() const;
-    bool looksAsBefore() const;
 
     VirtualDesktop &m_desktop;
     XClient &m_x;
     Target &m_target;
-    QString m_program;
+    RunningNorvane m_norvane;
     QString m_pictures;
     QString m_report;
     int m_step = 0;
-    QProcess *m_norvane = nullptr;
     QProcess *m_targetProcess = nullptr;
     xcb_window_t m_window = 0;
     QRect m_place;

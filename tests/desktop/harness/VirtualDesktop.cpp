@@ -1,10 +1,19 @@
 #include "VirtualDesktop.h"
 
+#include "ForeignWindows.h"
+
 #include <QDir>
 #include <QFile>
 #include <csignal>
 
 namespace norvane::test {
+
+namespace {
+
+constexpr int kProbes = 20;
+constexpr int kProbeMs = 1000;
+
+} // namespace
 
 VirtualDesktop::VirtualDesktop() = default;
 
@@ -43,9 +52,10 @@ bool VirtualDesktop::start(const Options &options)
     }
     if (!startServer(options.size) || !startSessionBus() || (options.accessibility && !startAccessibility()))
         return false;
-    run(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
     m_x = std::make_unique<XClient>(m_display);
-    if (!waitFor([this] { return m_x->hasWindowManager(); }, 10000))
+    if (!options.windowManager)
+        return true;
+    if (!startWindowManager())
         return fail(QStringLiteral("the window manager did not start"));
     m_x->paintRoot(0x4f6d7a);
     if (options.tray &&
@@ -87,6 +97,24 @@ bool VirtualDesktop::startSessionBus()
         return fail(QStringLiteral("the session bus did not start"));
     m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(address).trimmed());
     return true;
+}
+
+bool VirtualDesktop::startWindowManager()
+{
+    run(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+    if (!waitFor([this] { return m_x->hasWindowManager(); }))
+        return false;
+    // One that is starting may overlook a window for good: it is ready when it has taken one.
+    ForeignWindows probes(m_display);
+    for (int attempt = 0; attempt < kProbes; ++attempt) {
+        const xcb_window_t probe = probes.open({});
+        const auto isTaken = [&] { return m_x->clients().contains(probe); };
+        const bool taken = waitFor(isTaken, kProbeMs);
+        probes.destroy(probe);
+        if (taken)
+            return waitFor([&] { return !isTaken(); });
+    }
+    return false;
 }
 
 bool VirtualDesktop::stopAccessibility()

@@ -19,6 +19,7 @@ public:
         QSize size{1280, 900};
         bool tray = false;
         bool accessibility = true;
+        bool windowManager = true;
     };
 
     VirtualDesktop();
@@ -54,6 +55,7 @@ private:
     bool fail(const QString &what);
     bool startServer(const QSize &size);
     bool startSessionBus();
+    bool startWindowManager();
 
     QTemporaryDir m_home;
     QString m_error;

@@ -189,6 +189,23 @@ QVector<xcb_window_t> XClient::clientsOfProcess(qint64 processId) const
     return result;
 }
 
+xcb_window_t XClient::menuOfProcess(qint64 processId) const
+{
+    const xcb_atom_t toolTip = m_x->atom("_NET_WM_WINDOW_TYPE_TOOLTIP");
+    const Owned<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(m_x->c, xcb_query_tree(m_x->c, m_x->root), nullptr));
+    if (!tree)
+        return 0;
+    // Framed windows are not the root's own children: what is one shows itself past the window manager.
+    const xcb_window_t *children = xcb_query_tree_children(tree.get());
+    for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
+        if (this->processId(children[i]) == processId && isViewable(children[i]) &&
+            !m_x->numbers(children[i], "_NET_WM_WINDOW_TYPE").contains(toolTip))
+            return children[i];
+    }
+    return 0;
+}
+
 xcb_window_t XClient::activeWindow() const
 {
     return m_x->numbers(m_x->root, "_NET_ACTIVE_WINDOW").value(0);
@@ -222,6 +239,13 @@ QRect XClient::geometry(xcb_window_t window) const
     const Owned<xcb_get_geometry_reply_t> g(xcb_get_geometry_reply(m_x->c, size, nullptr));
     const Owned<xcb_translate_coordinates_reply_t> p(xcb_translate_coordinates_reply(m_x->c, place, nullptr));
     return g && p ? QRect(p->dst_x, p->dst_y, g->width, g->height) : QRect();
+}
+
+QRect XClient::geometryInShadow(xcb_window_t window) const
+{
+    const QVector<uint32_t> extents = m_x->numbers(window, "_GTK_FRAME_EXTENTS");
+    const auto extent = [&](int side) { return static_cast<int>(extents.value(side)); };
+    return geometry(window).marginsRemoved({extent(0), extent(2), extent(1), extent(3)});
 }
 
 bool XClient::isViewable(xcb_window_t window) const
@@ -283,6 +307,31 @@ void XClient::goToDesktop(int desktop)
     m_x->tellRoot(m_x->root, "_NET_CURRENT_DESKTOP", {static_cast<uint32_t>(desktop), 0});
 }
 
+int XClient::currentDesktop() const
+{
+    return static_cast<int>(m_x->numbers(m_x->root, "_NET_CURRENT_DESKTOP").value(0));
+}
+
+bool XClient::isTaken(const QString &combination) const
+{
+    static const QHash<QString, uint16_t> masks{{QStringLiteral("ctrl"), XCB_MOD_MASK_CONTROL},
+                                                {QStringLiteral("alt"), XCB_MOD_MASK_1},
+                                                {QStringLiteral("shift"), XCB_MOD_MASK_SHIFT}};
+    QStringList names = combination.split(QLatin1Char('+'));
+    const xcb_keycode_t code = m_x->keyOf(namedKey(names.takeLast())).first;
+    uint16_t modifiers = 0;
+    for (const QString &name : std::as_const(names))
+        modifiers = static_cast<uint16_t>(modifiers | masks.value(name));
+    // With the server to itself, so that nobody else finds the key taken in the meantime.
+    xcb_grab_server(m_x->c);
+    const auto grab =
+        xcb_grab_key_checked(m_x->c, 0, m_x->root, modifiers, code, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    xcb_ungrab_key(m_x->c, code, m_x->root, modifiers);
+    xcb_ungrab_server(m_x->c);
+    const Owned<xcb_generic_error_t> error(xcb_request_check(m_x->c, grab));
+    return error != nullptr;
+}
+
 void XClient::press(const QString &combination)
 {
     const QStringList names = combination.split(QLatin1Char('+'));
@@ -291,6 +340,11 @@ void XClient::press(const QString &combination)
     pause(kBetweenKeysMs);
     for (auto name = names.rbegin(); name != names.rend(); ++name)
         m_x->fake(XCB_KEY_RELEASE, m_x->keyOf(namedKey(*name)).first);
+}
+
+void XClient::key(const QString &name, bool down)
+{
+    m_x->fake(down ? XCB_KEY_PRESS : XCB_KEY_RELEASE, m_x->keyOf(namedKey(name)).first);
 }
 
 void XClient::type(const QString &text)

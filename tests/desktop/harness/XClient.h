@@ -36,6 +36,8 @@ public:
     /// The first client whose title holds @p part and whose class holds @p wmClass; 0 if none.
     xcb_window_t findClient(const QString &part, const QString &wmClass = {}) const;
     QVector<xcb_window_t> clientsOfProcess(qint64 processId) const;
+    /// A menu that a program has open; 0 if none. The window manager does not list these.
+    xcb_window_t menuOfProcess(qint64 processId) const;
     xcb_window_t activeWindow() const;
 
     QString title(xcb_window_t window) const;
@@ -43,6 +45,8 @@ public:
     qint64 processId(xcb_window_t window) const;
     xcb_window_t transientFor(xcb_window_t window) const;
     QRect geometry(xcb_window_t window) const;
+    /// The same without the shadow that a program draws around its own window.
+    QRect geometryInShadow(xcb_window_t window) const;
     bool isViewable(xcb_window_t window) const;
     bool exists(xcb_window_t window) const;
     int desktopOf(xcb_window_t window) const;
@@ -54,9 +58,16 @@ public:
     void setMaximised(xcb_window_t window, bool on);
     void moveToDesktop(xcb_window_t window, int desktop);
     void goToDesktop(int desktop);
+    /// The workspace that is shown, from 0.
+    int currentDesktop() const;
+
+    /// Whether another program has grabbed a combination of modifiers and one key for the whole desktop.
+    bool isTaken(const QString &combination) const;
 
     /// Presses a combination ("ctrl+alt+a", "Return", "alt+Left") and lets it go.
     void press(const QString &combination);
+    /// Presses a key of those names and holds it, or lets it go.
+    void key(const QString &name, bool down);
     /// Types text of the keyboard's own characters.
     void type(const QString &text);
     void moveMouse(const QPoint &position);

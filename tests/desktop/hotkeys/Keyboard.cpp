@@ -1,7 +1,6 @@
 #include "Keyboard.h"
 
-#include <QTest>
-#include <QVector>
+#include <QProcess>
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
@@ -22,47 +21,23 @@ struct Free
 };
 template <typename T> using Pointer = std::unique_ptr<T, Free>;
 
-constexpr int kPatience = 20000;
-
 } // namespace
+
+Keyboard::Keyboard(const QString &display)
+    : m_display(display), m_connection(xcb_connect(display.toLatin1().constData(), nullptr))
+{
+    if (xcb_connection_has_error(m_connection) != 0)
+        return;
+    m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    const Pointer<xcb_xkb_use_extension_reply_t> xkb(xcb_xkb_use_extension_reply(
+        m_connection, xcb_xkb_use_extension(m_connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION),
+        nullptr));
+    m_ready = xkb && xkb->supported && setLayout(QStringLiteral("us"));
+}
 
 Keyboard::~Keyboard()
 {
-    if (m_connection)
-        xcb_disconnect(m_connection);
-    killServer();
-}
-
-bool Keyboard::start()
-{
-    m_server.start(QStringLiteral("Xvfb"),
-                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                    QStringLiteral("0"), QStringLiteral("320x240x24"), QStringLiteral("-nolisten"),
-                    QStringLiteral("tcp")});
-    QByteArray number;
-    const bool told = QTest::qWaitFor(
-        [&] {
-            number += m_server.readAllStandardOutput();
-            return number.endsWith('\n');
-        },
-        kPatience);
-    if (!told)
-        return false;
-    m_display = ':' + number.trimmed();
-    m_connection = xcb_connect(m_display.constData(), nullptr);
-    if (xcb_connection_has_error(m_connection))
-        return false;
-    m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
-    Pointer<xcb_xkb_use_extension_reply_t> xkb(xcb_xkb_use_extension_reply(
-        m_connection, xcb_xkb_use_extension(m_connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION),
-        nullptr));
-    return xkb && xkb->supported && setLayout(QStringLiteral("us"));
-}
-
-void Keyboard::killServer()
-{
-    m_server.kill();
-    m_server.waitForFinished(kPatience);
+    xcb_disconnect(m_connection);
 }
 
 xcb_keycode_t Keyboard::keyOf(xcb_keysym_t symbol) const
@@ -129,8 +104,7 @@ void Keyboard::swapKeys(xcb_keysym_t one, xcb_keysym_t other)
 bool Keyboard::setLayout(const QString &layout)
 {
     return QProcess::execute(QStringLiteral("setxkbmap"),
-                             {QStringLiteral("-display"), QString::fromLatin1(m_display),
-                              QStringLiteral("-layout"), layout}) == 0;
+                             {QStringLiteral("-display"), m_display, QStringLiteral("-layout"), layout}) == 0;
 }
 
 void Keyboard::lockGroup(int group)

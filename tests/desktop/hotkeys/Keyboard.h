@@ -1,23 +1,23 @@
 #pragma once
 
-#include <QProcess>
 #include <QString>
+#include <QVector>
 #include <X11/keysym.h>
 #include <xcb/xcb.h>
 
 namespace norvane::test {
 
-/// An X server of its own with its keyboard, and a client that plays the user and another program.
+/// The keyboard of a desktop, and a client that plays the user and another program.
 class Keyboard
 {
 public:
+    /// @param display ":7"; isReady() tells whether its keyboard can be worked with
+    explicit Keyboard(const QString &display);
     ~Keyboard();
+    Keyboard(const Keyboard &) = delete;
+    Keyboard &operator=(const Keyboard &) = delete;
 
-    /// False when no server could be started.
-    bool start();
-    /// Ends the server under its clients.
-    void killServer();
-    QByteArray display() const { return m_display; }
+    bool isReady() const { return m_ready; }
 
     /// The key that carries a symbol in whichever group; 0 when none does.
     xcb_keycode_t keyOf(xcb_keysym_t symbol) const;
@@ -44,10 +44,10 @@ private:
     void fake(uint8_t type, xcb_keycode_t key);
     void sync();
 
-    QProcess m_server;
-    QByteArray m_display;
-    xcb_connection_t *m_connection = nullptr;
+    QString m_display;
+    xcb_connection_t *m_connection;
     xcb_window_t m_root = 0;
+    bool m_ready = false;
 };
 
 } // namespace norvane::test

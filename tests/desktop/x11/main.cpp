@@ -1,4 +1,5 @@
-#include "TestDesktop.h"
+// The program's own: the display must be there before the application that shows windows on it.
+#include "harness/VirtualDesktop.h"
 
 #include <QApplication>
 #include <cstdio>
@@ -6,11 +7,18 @@
 
 int main(int argc, char **argv)
 {
-    TestDesktop desktop;
-    if (!desktop.isReady()) {
-        std::fputs("Xvfb and openbox must be there to run this test.\n", stderr);
-        return 1;
+    norvane::test::VirtualDesktop desktop;
+    {
+        QCoreApplication starting(argc, argv);
+        norvane::test::VirtualDesktop::Options options;
+        options.accessibility = false;
+        if (!desktop.start(options)) {
+            std::fprintf(stderr, "%s\n", qPrintable(desktop.error()));
+            return 1;
+        }
     }
+    qputenv("DISPLAY", desktop.display().toLatin1());
+    qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     testing::InitGoogleMock(&argc, argv);

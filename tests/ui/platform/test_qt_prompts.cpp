@@ -1,10 +1,16 @@
+#include "platform/qt/FontDialog.h"
+#include "platform/qt/QtPrinting.h"
 #include "platform/qt/QtPrompts.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -14,6 +20,7 @@
 #include <gmock/gmock.h>
 
 using namespace norvane;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -40,47 +47,47 @@ private:
 
 using WhenBox = WhenShown<QMessageBox>;
 
-TEST(QtPrompts, QuestionShowsItsPartsAndAnswersByButton)
+class PromptsTest : public testing::Test
 {
-    QtPrompts prompts;
+protected:
+    Prompts::Answer show(const QString &text, int style)
     {
-        WhenBox box([](QMessageBox *shown) {
+        return prompts.messageBox(text, style, u"Norvane"_s);
+    }
+
+    QtPrompts prompts;
+};
+
+TEST_F(PromptsTest, QuestionShowsItsPartsAndAnswersByButton)
+{
+    const QString question = u"Delete <b>'this'</b>?"_s;
+    {
+        WhenBox box([&](QMessageBox *shown) {
             EXPECT_EQ(shown->icon(), QMessageBox::Question);
-            EXPECT_EQ(shown->windowTitle(), QStringLiteral("Norvane"));
-            EXPECT_EQ(shown->text(), QStringLiteral("Delete <b>'this'</b>?"));
+            EXPECT_EQ(shown->windowTitle(), u"Norvane");
+            EXPECT_EQ(shown->text(), question);
             EXPECT_EQ(shown->textFormat(), Qt::PlainText);
             EXPECT_TRUE(shown->windowFlags() & Qt::WindowStaysOnTopHint);
-            EXPECT_EQ(shown->standardButton(shown->defaultButton()), QMessageBox::No);
             QTest::mouseClick(shown->button(QMessageBox::Yes), Qt::LeftButton);
         });
-        EXPECT_EQ(prompts.messageBox(QStringLiteral("Delete <b>'this'</b>?"),
-                                     Prompts::kYesNo | Prompts::kQuestion | Prompts::kSystemModal,
-                                     QStringLiteral("Norvane")),
+        EXPECT_EQ(show(question, Prompts::kYesNo | Prompts::kQuestion | Prompts::kSystemModal),
                   Prompts::kYes);
     }
     for (Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
         WhenBox box([key](QMessageBox *shown) { QTest::keyClick(shown, key); });
-        EXPECT_EQ(prompts.messageBox(QStringLiteral("Sure?"), Prompts::kYesNo | Prompts::kExclamation, {}),
-                  Prompts::kNo);
+        EXPECT_EQ(show(question, Prompts::kYesNo | Prompts::kExclamation), Prompts::kNo);
     }
-}
-
-TEST(QtPrompts, NoticeAnswersOkHoweverItIsClosed)
-{
-    QtPrompts prompts;
     WhenBox box([](QMessageBox *shown) {
         EXPECT_EQ(shown->icon(), QMessageBox::Critical);
         EXPECT_EQ(shown->standardButtons(), QMessageBox::Ok);
         EXPECT_FALSE(shown->windowFlags() & Qt::WindowStaysOnTopHint);
         shown->close();
     });
-    EXPECT_EQ(prompts.messageBox(QStringLiteral("Failed."), Prompts::kCritical, QStringLiteral("Norvane")),
-              Prompts::kOk);
+    EXPECT_EQ(show(u"Failed."_s, Prompts::kCritical), Prompts::kOk);
 }
 
-TEST(QtPrompts, BoxOutlivesTheWindowThatItStandsOver)
+TEST_F(PromptsTest, BoxOutlivesTheWindowThatItStandsOver)
 {
-    QtPrompts prompts;
     QPointer<QWidget> note = new QWidget;
     note->show();
     QApplication::setActiveWindow(note);
@@ -89,17 +96,14 @@ TEST(QtPrompts, BoxOutlivesTheWindowThatItStandsOver)
         EXPECT_EQ(shown->parentWidget(), note);
         delete note.data();
     });
-    EXPECT_EQ(prompts.messageBox(QStringLiteral("Save?"), Prompts::kYesNo, QStringLiteral("Norvane")),
-              Prompts::kNo);
+    EXPECT_EQ(show(u"Save?"_s, Prompts::kYesNo), Prompts::kNo);
 }
 
-TEST(QtPrompts, LongTextsFitTheScreen)
+TEST_F(PromptsTest, LongTextsFitTheScreen)
 {
-    QtPrompts prompts;
     const QSize screen = QApplication::primaryScreen()->availableSize();
-    const QString emoji = QString::fromUtf8("\xF0\x9F\x98\x80");
     for (const QString &text :
-         {QString(4000, u'x'), emoji.repeated(2000), QStringLiteral("word ").repeated(900)}) {
+         {QString(4000, u'x'), u"\U0001f600"_s.repeated(2000), u"word "_s.repeated(900)}) {
         WhenBox box([&](QMessageBox *shown) {
             EXPECT_LE(shown->width(), screen.width());
             EXPECT_LE(shown->height(), screen.height());
@@ -110,31 +114,108 @@ TEST(QtPrompts, LongTextsFitTheScreen)
             }
             shown->close();
         });
-        prompts.messageBox(text, Prompts::kInformation, QStringLiteral("Norvane"));
+        show(text, Prompts::kInformation);
     }
-    const QString ordinary = QStringLiteral("Database located in '/home/ann/Notes/' is locked.\nTry again.");
+    const QString ordinary = u"Database located in '/home/ann/Notes/' is locked.\nTry again."_s;
     EXPECT_EQ(textForBox(ordinary), ordinary);
+    EXPECT_EQ(textForBox(u"one\r\ntwo\rthree\n\r\nfive"_s), u"one\ntwo\nthree\n\nfive");
 }
 
-TEST(QtPrompts, FolderIsChosenOrEmpty)
+TEST_F(PromptsTest, FolderIsChosenOrEmpty)
 {
-    QtPrompts prompts;
-    QTemporaryDir folder;
+    const QTemporaryDir folder;
     {
         WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
-            EXPECT_EQ(shown->windowTitle(), QStringLiteral("Where?"));
+            EXPECT_EQ(shown->windowTitle(), u"Where?");
             EXPECT_EQ(shown->directory().canonicalPath(), QDir(folder.path()).canonicalPath());
             QTest::keyClick(shown, Qt::Key_Escape);
         });
-        EXPECT_TRUE(prompts.chooseFolder(QStringLiteral("Where?"), folder.path()).isEmpty());
+        EXPECT_TRUE(prompts.chooseFolder(u"Where?"_s, folder.path()).isEmpty());
     }
     WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
         EXPECT_EQ(shown->directory().canonicalPath(), QDir(QDir::homePath()).canonicalPath());
         shown->selectFile(folder.path());
         QMetaObject::invokeMethod(shown, "accept");
     });
-    EXPECT_EQ(prompts.chooseFolder(QStringLiteral("Where?"), QStringLiteral("/no/such/folder")),
-              folder.path());
+    EXPECT_EQ(prompts.chooseFolder(u"Where?"_s, u"/no/such/folder"_s), folder.path());
+}
+
+TEST(QtPrompts, FileIsChosenOrEmpty)
+{
+    EXPECT_EQ(nameFilters(QStringLiteral("Rich Text Format (RTF)|*.rtf|All Files|*.*")),
+              (QStringList{QStringLiteral("Rich Text Format (RTF) (*.rtf *.RTF)"),
+                           QStringLiteral("All Files (*.*)")}));
+    QtPrompts prompts;
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("A.TXT"));
+    QFile(file).open(QIODevice::WriteOnly);
+    const QString filter = QStringLiteral("Plain Text (TXT)|*.txt");
+    {
+        WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
+            EXPECT_EQ(shown->windowTitle(), QStringLiteral("Open"));
+            shown->reject();
+        });
+        EXPECT_TRUE(prompts.openFile(QStringLiteral("Open"), filter).isEmpty());
+    }
+    WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
+        shown->selectFile(file);
+        QMetaObject::invokeMethod(shown, "accept");
+    });
+    EXPECT_EQ(prompts.openFile(QStringLiteral("Open"), filter), file);
+}
+
+TEST(QtPrompts, FontKeepsWhatNobodyTouched)
+{
+    QtPrompts prompts;
+    const FontChoice start{QStringLiteral("Not Installed"), 9.75, true, false, true, false, 0x102030};
+    {
+        WhenShown<FontDialog> dialog([&](FontDialog *shown) { shown->reject(); });
+        EXPECT_EQ(prompts.chooseFont(start), std::nullopt);
+    }
+    {
+        WhenShown<FontDialog> dialog([&](FontDialog *shown) { shown->accept(); });
+        EXPECT_EQ(prompts.chooseFont(start), start);
+    }
+    WhenShown<FontDialog> dialog([&](FontDialog *shown) {
+        auto *fonts = shown->findChild<QFontDialog *>();
+        QFont font = fonts->currentFont();
+        font.setPointSize(20);
+        font.setUnderline(true);
+        fonts->setCurrentFont(font);
+        shown->accept();
+    });
+    FontChoice expected = start;
+    expected.points = 20;
+    expected.underline = true;
+    EXPECT_EQ(prompts.chooseFont(start), expected);
+}
+
+TEST(QtPrinting, OffersTheSelectionWhereThereIsOne)
+{
+    QtPrinting printing;
+    {
+        WhenShown<QPrintDialog> dialog([](QPrintDialog *shown) {
+            EXPECT_FALSE(shown->testOption(QAbstractPrintDialog::PrintSelection));
+            EXPECT_FALSE(shown->testOption(QAbstractPrintDialog::PrintPageRange));
+            shown->reject();
+        });
+        EXPECT_EQ(printing.choosePrinter(false), nullptr);
+    }
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("out.pdf"));
+    {
+        WhenShown<QPrintDialog> dialog([&](QPrintDialog *shown) {
+            EXPECT_TRUE(shown->testOption(QAbstractPrintDialog::PrintSelection));
+            EXPECT_EQ(shown->printRange(), QAbstractPrintDialog::Selection);
+            shown->printer()->setOutputFileName(file);
+            shown->done(QDialog::Accepted);
+        });
+        const std::unique_ptr<PrintJob> job = printing.choosePrinter(true);
+        ASSERT_TRUE(job);
+        EXPECT_TRUE(job->selectionOnly());
+        QPainter(&job->device()).drawText(100, 100, QStringLiteral("x"));
+    }
+    EXPECT_GT(QFileInfo(file).size(), 500);
 }
 
 } // namespace

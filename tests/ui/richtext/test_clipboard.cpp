@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QImage>
 #include <QMimeData>
+#include <QTest>
 #include <gtest/gtest.h>
 
 using namespace norvane;
@@ -97,6 +98,46 @@ TEST_F(ClipboardTest, KeepsTheImagesThatHtmlCarriesAndNoOthers)
     EXPECT_EQ(written.count("\\pngblip"), 1);
     EXPECT_TRUE(written.contains(rtf::samplePng().toHex().left(60)));
     EXPECT_FALSE(written.contains("127.0.0.1"));
+}
+
+TEST_F(ClipboardTest, TakesThePictureWhereHtmlOnlyNamesIt)
+{
+    QImage image(20, 10, QImage::Format_RGB32);
+    image.fill(Qt::green);
+    // As browsers offer a picture that was copied.
+    offer([&](QMimeData &data) {
+        data.setHtml(u"<meta charset='utf-8'><img src='https://a.org/x.png' alt='x'/>"_qs);
+        data.setImageData(image);
+    });
+    box.paste();
+    EXPECT_TRUE(box.TextRTF().contains("\\pngblip\\picw20\\pich10"));
+
+    box.setText({});
+    offer([&](QMimeData &data) {
+        data.setHtml(u"<p>words <img src='https://a.org/x.png'/></p>"_qs);
+        data.setImageData(image);
+    });
+    box.paste();
+    EXPECT_TRUE(box.Text().startsWith(u"words"_qs));
+}
+
+TEST_F(ClipboardTest, PastesAsPlainTextByAKey)
+{
+    box.setText(u"a"_qs);
+    box.setSelLength(1);
+    box.setSelItalic(true);
+    box.setSelStart(1);
+    offer([](QMimeData &data) {
+        data.setData(u"text/rtf"_qs, "{\\rtf1\\b rich}");
+        data.setText(u"plain\ntext"_qs);
+    });
+    QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(box.Text(), u"aplain\r\ntext"_qs);
+    box.selectAll();
+    EXPECT_EQ(box.SelBold(), false);
+    EXPECT_EQ(box.SelItalic(), true); // as what stands there
+    box.undo();
+    EXPECT_EQ(box.Text(), u"a"_qs);
 }
 
 TEST_F(ClipboardTest, ALockedTextTakesNothing)

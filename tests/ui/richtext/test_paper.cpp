@@ -1,5 +1,4 @@
-#include "MemoryFiles.h"
-#include "richtext/NV_RTFEdit.h"
+#include "Editing.h"
 #include "richtext/paper_colors.h"
 
 #include <QApplication>
@@ -40,8 +39,8 @@ TEST_P(PaperTest, InkIsReadableWhateverTheDesktop)
         desktop.setColor(QPalette::Base, dark ? QColor(30, 30, 30) : QColor(Qt::white));
         desktop.setColor(QPalette::Text, dark ? QColor(240, 240, 240) : QColor(Qt::black));
         QApplication::setPalette(desktop);
-        MemoryFiles files;
-        NV_RTFEdit edit(files);
+        Editing editing;
+        NV_RTFEdit edit(editing.services);
         edit.setToolBar(false);
         edit.resize(200, 80);
         edit.setBackColor(GetParam());
@@ -65,8 +64,8 @@ INSTANTIATE_TEST_SUITE_P(Papers, PaperTest,
 
 TEST(Paper, SystemWindowColourFollowsTheDesktop)
 {
-    MemoryFiles files;
-    NV_RTFEdit edit(files);
+    Editing editing;
+    NV_RTFEdit edit(editing.services);
     EXPECT_EQ(edit.BackColor(), kSystemWindowColor);
     edit.setBackColor(0x0000FF);
     EXPECT_EQ(edit.box()->palette().color(QPalette::Base), QColor(Qt::red));

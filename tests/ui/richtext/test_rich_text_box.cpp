@@ -1,7 +1,10 @@
 #include "MemoryFiles.h"
 #include "richtext/RichTextBox.h"
+#include "richtext/rtf/writer.h"
 #include "sample_documents.h"
 
+#include <QDropEvent>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -47,6 +50,27 @@ TEST_F(RichTextBoxTest, PositionsCountBothUnitsOfAParagraphEnd)
     EXPECT_EQ(errorOf([&] { box.setSelStart(-1); }), kErrorInvalidCall);
     EXPECT_EQ(errorOf([&] { box.setSelLength(-1); }), kErrorInvalidCall);
     EXPECT_EQ(box.SelStart(), 2);
+}
+
+TEST_F(RichTextBoxTest, PositionsAreThoseOfTheText)
+{
+    // Whatever stands in a document, a position is a place in Text.
+    for (quint32 seed = 1; seed <= 40; ++seed) {
+        box.setTextRTF(rtf::write(rtf::sampleDocument(seed)));
+        const QString text = box.Text();
+        for (int position = 0; position <= text.size(); ++position) {
+            box.setSelStart(position);
+            const bool inLineEnd = position > 0 && position < text.size() && text.at(position - 1) == u'\r' &&
+                                   text.at(position) == u'\n';
+            ASSERT_EQ(box.SelStart(), inLineEnd ? position - 1 : position) << seed;
+            if (inLineEnd)
+                continue;
+            box.setSelLength(7);
+            const int length = box.SelLength();
+            ASSERT_EQ(box.SelText().toStdString(), text.mid(position, length).toStdString()) << seed;
+            ASSERT_GE(length, qMin(qsizetype(6), text.size() - position)) << seed;
+        }
+    }
 }
 
 TEST_F(RichTextBoxTest, SelTextReplacesTheSelection)
@@ -158,6 +182,36 @@ TEST_F(RichTextBoxTest, FormatWithoutSelectionIsForWhatIsTypedNext)
     EXPECT_EQ(box.Text(), QString());
 }
 
+TEST_F(RichTextBoxTest, OffsetsTabsAndIndents)
+{
+    box.setTextRTF("{\\rtf1\\pard\\tx500\\tx1000\\fs24 a{\\super b}{\\sub c}\\par\\pard d\\par}");
+    const int third = 80; // of 12 points, in twips
+    const std::optional<int> offsets[] = {0, third, -third};
+    for (int i = 0; i < 3; ++i) {
+        select(i, 1);
+        EXPECT_EQ(box.SelCharOffset(), offsets[i]);
+        EXPECT_EQ(box.SelTabCount(), 2);
+    }
+    select(0, 6);
+    EXPECT_EQ(box.SelCharOffset(), std::nullopt);
+    EXPECT_EQ(box.SelTabCount(), std::nullopt);
+    box.setSelCharOffset(0);
+    EXPECT_FALSE(box.TextRTF().contains("\\super"));
+    box.setSelCharOffset(-1);
+    EXPECT_TRUE(box.TextRTF().contains("\\sub"));
+    box.setSelTabCount(1);
+    EXPECT_TRUE(box.TextRTF().contains("\\tx500"));
+    EXPECT_TRUE(box.TextRTF().contains("\\tx720"));
+    EXPECT_FALSE(box.TextRTF().contains("\\tx1000"));
+
+    EXPECT_EQ(errorOf([&] { box.setBulletIndent(-1); }), kErrorInvalidCall);
+    box.setBulletIndent(500);
+    box.setSelBullet(true);
+    EXPECT_TRUE(box.TextRTF().contains("\\li500"));
+    box.setSelBullet(false);
+    EXPECT_FALSE(box.TextRTF().contains("\\li"));
+}
+
 TEST_F(RichTextBoxTest, BulletsAreParagraphs)
 {
     box.setText(u"a\r\nb\r\nc"_qs);
@@ -263,6 +317,29 @@ TEST_F(RichTextBoxTest, ProtectedTextIsNotTypedOver)
     press(1, 0, Qt::Key_Backspace);
     press(0, 0, Qt::Key_X, u"x"_qs);
     EXPECT_EQ(box.Text(), u"xbcd"_qs);
+}
+
+TEST_F(RichTextBoxTest, ProtectedTextTakesNoDrop)
+{
+    box.setTextRTF("{\\rtf1 ab{\\protect cd}ef\\par}");
+    box.resize(300, 100);
+    box.show();
+    QMimeData data;
+    data.setText(u"x"_qs);
+    const auto drop = [&](int position) {
+        box.setSelStart(position);
+        const QPointF point = box.cursorRect().center();
+        QDragEnterEvent enter(point.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box.viewport(), &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent event(point, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box.viewport(), &event);
+        return event.isAccepted();
+    };
+    EXPECT_FALSE(drop(3));
+    EXPECT_EQ(box.Text(), u"abcdef"_qs);
+    EXPECT_TRUE(drop(1));
+    EXPECT_EQ(box.Text(), u"axbcdef"_qs);
 }
 
 TEST_F(RichTextBoxTest, ALockedTextIsReadAndNotWritten)

@@ -1,13 +1,9 @@
-#include "MemoryFiles.h"
-#include "richtext/NV_RTFEdit.h"
+#include "Editing.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
-#include <QToolBar>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
@@ -15,7 +11,7 @@ using namespace norvane;
 
 namespace {
 
-class RtfEditTest : public testing::Test
+class RtfEditTest : public testing::Test, public UserAtEditor
 {
 protected:
     void SetUp() override { edit.resize(700, 300); }
@@ -25,18 +21,7 @@ protected:
         edit.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&edit));
     }
-    QToolBar *li() { return edit.findChild<QToolBar *>(u"li"_qs); }
-    QAction *button(const QString &key) { return li()->findChild<QAction *>(key); }
     QComboBox *combo(const QString &name) { return edit.findChild<QComboBox *>(name); }
-    void press(const QString &key) { QTest::mouseClick(li()->widgetForAction(button(key)), Qt::LeftButton); }
-    void select(int start, int length)
-    {
-        edit.setSelStart(start);
-        edit.setSelLength(length);
-    }
-
-    MemoryFiles files;
-    NV_RTFEdit edit{files};
 };
 
 } // namespace
@@ -215,20 +200,13 @@ TEST_F(RtfEditTest, AHandlerMayChangeOrDropAKey)
 TEST_F(RtfEditTest, TheContextMenuHasASwitch)
 {
     show();
-    bool opened = false;
-    const auto watch = [&] {
-        if (QWidget *menu = QApplication::activePopupWidget()) {
-            opened = true;
-            menu->close();
-        }
-    };
     edit.ContextMenu(false);
     QTest::mouseClick(edit.box()->viewport(), Qt::RightButton, {}, QPoint(20, 10));
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, watch);
-    timer.start(20);
     edit.ContextMenu(true);
+    QObject::connect(&edit, &NV_RTFEdit::MouseUp,
+                     [] { EXPECT_EQ(QApplication::activePopupWidget(), nullptr); });
     QTest::mouseClick(edit.box()->viewport(), Qt::RightButton, {}, QPoint(20, 10));
-    EXPECT_TRUE(opened);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QApplication::activePopupWidget()->close();
 }

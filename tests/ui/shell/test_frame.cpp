@@ -2,12 +2,10 @@
 #include "fakes/MemorySettings.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/mdiMain.h"
-#include "shell/windows/mdi_arrange.h"
 
 #include <QAction>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolBar>
@@ -15,6 +13,7 @@
 #include <gtest/gtest.h>
 
 using namespace norvane;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,14 +22,11 @@ class Frame : public testing::Test
 protected:
     ~Frame() override { delete frame; }
 
-    QString setting(const char *key) const
-    {
-        return settings.get(QStringLiteral("Main"), QString::fromLatin1(key), QStringLiteral("none"));
-    }
     QToolButton *button(const QString &key) const
     {
-        return frame->findChild<QToolBar *>(QStringLiteral("Toolbar1"))->findChild<QToolButton *>(key);
+        return frame->findChild<QToolBar *>(u"Toolbar1"_s)->findChild<QToolButton *>(key);
     }
+    void choose(const QString &item) { frame->findChild<QAction *>(item)->trigger(); }
 
     FormList forms;
     fakes::MemorySettings settings;
@@ -38,58 +34,50 @@ protected:
     mdiMain *frame = new mdiMain(forms, settings, clock, Twips(96, 96));
 };
 
-} // namespace
-
 TEST_F(Frame, OffersOnlyTheCommandsThatHaveWindows)
 {
     QSignalSpy commands(frame, &mdiMain::commandTriggered);
     frame->restore();
-    for (const char *key : {"NOTEBROWSER", "WINDOWLIST", "SETTINGS", "SEARCH", "RUN", "EXIT"}) {
-        const QString name = QString::fromLatin1(key);
-        const bool available = name == u"NOTEBROWSER" || name == u"EXIT";
-        ASSERT_NE(button(name), nullptr) << key;
-        EXPECT_EQ(button(name)->isEnabled(), available) << key;
-        EXPECT_FALSE(button(name)->icon().isNull()) << key;
+    for (const QString &key :
+         {u"NOTEBROWSER"_s, u"WINDOWLIST"_s, u"SETTINGS"_s, u"SEARCH"_s, u"RUN"_s, u"EXIT"_s}) {
+        ASSERT_NE(button(key), nullptr) << key.toStdString();
+        EXPECT_EQ(button(key)->isEnabled(), key == u"NOTEBROWSER" || key == u"EXIT") << key.toStdString();
+        EXPECT_FALSE(button(key)->icon().isNull()) << key.toStdString();
     }
-    QTest::mouseClick(button(QStringLiteral("SEARCH")), Qt::LeftButton);
+    QTest::mouseClick(button(u"SEARCH"_s), Qt::LeftButton);
     EXPECT_TRUE(commands.isEmpty());
-
-    frame->setCommandEnabled(QStringLiteral("SEARCH"), true);
-    QTest::mouseClick(button(QStringLiteral("SEARCH")), Qt::LeftButton);
+    frame->setCommandEnabled(u"SEARCH"_s, true);
+    QTest::mouseClick(button(u"SEARCH"_s), Qt::LeftButton);
     ASSERT_EQ(commands.size(), 1);
-    EXPECT_EQ(commands[0][0].toString(), QStringLiteral("SEARCH"));
+    EXPECT_EQ(commands[0][0], u"SEARCH"_s);
 }
 
 TEST_F(Frame, ExitAndTheCloseButtonAskForTheShutDownAndLeaveTheFrameAlone)
 {
     QSignalSpy shutDowns(frame, &mdiMain::shutDownRequested);
     frame->restore();
-    QTest::mouseClick(button(QStringLiteral("EXIT")), Qt::LeftButton);
-    EXPECT_EQ(shutDowns.size(), 1);
+    QTest::mouseClick(button(u"EXIT"_s), Qt::LeftButton);
     EXPECT_FALSE(frame->close());
     EXPECT_EQ(shutDowns.size(), 2);
     EXPECT_TRUE(frame->isVisible());
-    EXPECT_TRUE(forms.FormIsLoaded(QStringLiteral("mdimain")));
-
+    EXPECT_TRUE(forms.FormIsLoaded(u"mdimain"_s));
     frame->unload();
     EXPECT_FALSE(frame->isVisible());
-    EXPECT_FALSE(forms.FormIsLoaded(QStringLiteral("mdiMain")));
+    EXPECT_FALSE(forms.FormIsLoaded(u"mdiMain"_s));
 }
 
 TEST_F(Frame, TellsDateAndDatabaseInItsStatusBar)
 {
-    const auto panel = [this](const char *key) {
-        return frame->findChild<StatusPanel *>(QString::fromLatin1(key))->panelText();
+    const auto panel = [this](const QString &key) {
+        return frame->findChild<StatusPanel *>(key)->panelText();
     };
-    const QString today = QLocale().toString(QDate(2001, 2, 3), QLocale::LongFormat);
-    EXPECT_EQ(panel("PNLDATE"), QStringLiteral("  ") + today + QStringLiteral("  "));
-    frame->setDatabaseFolder(QStringLiteral("/home/me/Notes/"));
-    EXPECT_EQ(panel("DBNAME"), QStringLiteral(" Database Path: /HOME/ME/NOTES/"));
-
+    const QString today = u"  %1  "_s.arg(QLocale().toString(QDate(2001, 2, 3), QLocale::LongFormat));
+    EXPECT_EQ(panel(u"PNLDATE"_s), today);
+    frame->setDatabaseFolder(u"/home/me/Notes/"_s);
+    EXPECT_EQ(panel(u"DBNAME"_s), u" Database Path: /HOME/ME/NOTES/");
     clock.advance(24 * 60 * 60);
     frame->restore();
-    EXPECT_NE(panel("PNLDATE"), QStringLiteral("  ") + today + QStringLiteral("  "))
-        << "a program that runs over midnight shows the new day";
+    EXPECT_NE(panel(u"PNLDATE"_s), today) << "a program that runs over midnight shows the new day";
 }
 
 TEST_F(Frame, SavesItsPlaceInTwipsAtEveryResizeButNotWhileHidden)
@@ -101,42 +89,33 @@ TEST_F(Frame, SavesItsPlaceInTwipsAtEveryResizeButNotWhileHidden)
     frame->move(30, 40);
     frame->resize(640, 480);
     QCoreApplication::processEvents();
-    EXPECT_EQ(setting("Top"), QStringLiteral("600"));
-    EXPECT_EQ(setting("Left"), QStringLiteral("450"));
-    EXPECT_EQ(setting("Width"), QStringLiteral("9600"));
-    EXPECT_EQ(setting("Height"), QStringLiteral("7200"));
+    const QMap<QString, QString> place = {
+        {u"Top"_s, u"600"_s}, {u"Left"_s, u"450"_s}, {u"Width"_s, u"9600"_s}, {u"Height"_s, u"7200"_s}};
+    EXPECT_EQ(settings.values[u"Main"_s], place);
 
-    frame->minimize();
-    settings.values.clear();
-    frame->resize(500, 400);
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(settings.values.isEmpty());
-}
-
-TEST_F(Frame, IsInvisibleWhileMinimisedHoweverThatCameAbout)
-{
-    frame->restore();
     frame->minimize();
     EXPECT_FALSE(frame->isFrameVisible());
-    frame->restore();
-    EXPECT_TRUE(frame->isFrameVisible());
+    frame->resize(500, 400);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(settings.values[u"Main"_s], place);
 
+    frame->restore();
     settings.values.clear();
     frame->setWindowState(Qt::WindowMinimized); // as the window manager's button does it
     EXPECT_FALSE(frame->isFrameVisible());
     EXPECT_TRUE(settings.values.isEmpty());
     frame->restore();
-    EXPECT_TRUE(frame->isFrameVisible());
-    EXPECT_FALSE(frame->isMinimized());
+    EXPECT_TRUE(frame->isFrameVisible() && !frame->isMinimized());
 }
 
-TEST_F(Frame, ComesUpWithinReachOfTheScreen)
+TEST_F(Frame, ComesUpWithinReachOfTheScreenAndSavesThatPlace)
 {
     const QRect room = frame->screen()->availableGeometry();
     frame->Move(15.0 * room.width(), 15.0 * room.height() * 3, 15.0 * room.width() * 2, 15.0 * 300);
     frame->restore();
     EXPECT_TRUE(QTest::qWaitFor([&] { return room.contains(frame->frameGeometry()); }))
         << frame->x() << ' ' << frame->y() << ' ' << frame->width() << ' ' << frame->height();
+    EXPECT_EQ(settings.get(u"Main"_s, u"Top"_s, {}), QString::number(15 * frame->y()));
 }
 
 TEST_F(Frame, ArrangesItsVisibleChildren)
@@ -151,40 +130,18 @@ TEST_F(Frame, ArrangesItsVisibleChildren)
     hidden->hide();
     hidden->setGeometry(3, 4, 50, 60);
     const QRect room = frame->findChild<QMdiArea *>()->viewport()->rect();
-    const auto choose = [this](const char *name) {
-        frame->findChild<QAction *>(QString::fromLatin1(name))->trigger();
-    };
-    choose("menu_Window_Tile_H");
+    choose(u"menu_Window_Tile_H"_s);
     EXPECT_EQ(first->geometry() | second->geometry(), room);
     EXPECT_EQ(second->y(), first->height());
-    EXPECT_EQ(first->width(), room.width());
-    choose("menu_Window_Tile_V");
+    choose(u"menu_Window_Tile_V"_s);
     EXPECT_EQ(first->geometry() | second->geometry(), room);
     EXPECT_EQ(second->x(), first->width());
     EXPECT_EQ(hidden->geometry(), QRect(3, 4, 50, 60));
 
     first->showMinimized();
     first->move(50, 50);
-    choose("menu_Window_Arrange_Icons");
+    choose(u"menu_Window_Arrange_Icons"_s);
     EXPECT_EQ(first->geometry().bottomLeft(), room.bottomLeft());
 }
 
-TEST(ChildTiles, ShareTheRoomWithoutGapOrOverlap)
-{
-    const QRect room(5, 7, 100, 50);
-    for (int count = 1; count <= 7; ++count) {
-        QRegion rows;
-        QRegion columns;
-        for (const QRect &rect : tileRows(room, count)) {
-            EXPECT_FALSE(rows.intersects(rect));
-            rows += rect;
-        }
-        for (const QRect &rect : tileColumns(room, count)) {
-            EXPECT_FALSE(columns.intersects(rect));
-            columns += rect;
-        }
-        EXPECT_EQ(rows, QRegion(room));
-        EXPECT_EQ(columns, QRegion(room));
-    }
-    EXPECT_TRUE(tileRows(room, 0).isEmpty());
-}
+} // namespace

@@ -1,99 +1,69 @@
-#include "PasswordEngine.h"
 #include "fakes/FakeEventLoop.h"
-#include "fakes/FakeFileSystem.h"
 #include "fakes/FakePrompts.h"
 #include "shell/windows/frmPassword.h"
-#include "store/NoteStore.h"
+#include "unit/store/StoreOnDisk.h"
 
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <gtest/gtest.h>
 
 using namespace norvane;
+using namespace norvane::test;
 
 namespace {
 
-const QString kSecret = QStringLiteral("/notes/Norvane.DAT");
-const QString kOpen = QStringLiteral("/open/Norvane.DAT");
-const QString kForeign = QStringLiteral("/foreign/Norvane.DAT");
-
-class PasswordDialog : public testing::Test
+class PasswordDialog : public testing::Test, protected StoreOnDisk
 {
 protected:
     PasswordDialog()
     {
-        for (const QString &file : {kSecret, kOpen, kForeign}) {
-            files.addFolder(file.chopped(12));
-            files.files.insert(file, "x");
-        }
-        engine.passwords.insert(kSecret, QStringLiteral("sesame"));
-        engine.passwords.insert(kOpen, QString());
-        open(kSecret);
+        makeDatabase(u"sesame"_s);
+        open();
     }
 
-    void open(const QString &path)
+    void open()
     {
         dialog.reset();
-        model = std::make_unique<PasswordDialogModel>(store, prompts, events, path);
+        model = std::make_unique<PasswordDialogModel>(store, prompts, events, store.DatabaseFile);
         dialog = std::make_unique<frmPassword>(forms, *model);
         dialog->show();
         dialog->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     }
-    QLineEdit *box() const { return dialog->findChild<QLineEdit *>(QStringLiteral("txtPassword")); }
-    void press(const char *button)
+    QLineEdit *box() const { return dialog->findChild<QLineEdit *>(u"txtPassword"_s); }
+    void press(const QString &button)
     {
-        QTest::mouseClick(dialog->findChild<QPushButton *>(QString::fromLatin1(button)), Qt::LeftButton);
-    }
-    QString explanation() const
-    {
-        return dialog->findChild<QLabel *>(QStringLiteral("lblExplanation"))->text();
+        QTest::mouseClick(dialog->findChild<QPushButton *>(button), Qt::LeftButton);
     }
 
     FormList forms;
-    fakes::PasswordEngine engine;
-    fakes::FakeFileSystem files;
     fakes::FakePrompts prompts;
     fakes::FakeEventLoop events;
-    NoteStore store{engine, files};
     std::unique_ptr<PasswordDialogModel> model;
     std::unique_ptr<frmPassword> dialog;
 };
 
-} // namespace
-
 TEST_F(PasswordDialog, TakesTheRightPasswordTypedBlind)
 {
-    EXPECT_TRUE(box()->hasFocus());
-    EXPECT_EQ(box()->toolTip(), QStringLiteral("Database: /notes/"));
-    QTest::keyClicks(box(), QStringLiteral("sesame"));
+    EXPECT_TRUE(forms.FormIsLoaded(u"frmPassword"_s));
+    EXPECT_EQ(box()->toolTip(), model->toolTip());
+    QTest::keyClicks(box(), u"guess"_s);
+    press(u"Command1"_s);
+    EXPECT_EQ(prompts.boxes.size(), 1);
+    EXPECT_TRUE(dialog->isVisible() && box()->hasFocus());
+    QTest::keyClicks(box(), u"sesame"_s); // over the wrong one, which is selected
     EXPECT_FALSE(box()->displayText().contains(u's'));
     QTest::keyClick(box(), Qt::Key_Return);
     EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(model->password(), QStringLiteral("sesame"));
+    EXPECT_EQ(model->password(), u"sesame");
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
-    EXPECT_TRUE(prompts.boxes.isEmpty());
-}
-
-TEST_F(PasswordDialog, SelectsAWrongPasswordToBeTypedOver)
-{
-    QTest::keyClicks(box(), QStringLiteral("guess"));
-    press("Command1");
-    ASSERT_EQ(prompts.boxes.size(), 1);
-    EXPECT_EQ(prompts.boxes[0].text, QStringLiteral("Invalid Password!"));
-    EXPECT_EQ(prompts.boxes[0].title, QStringLiteral("Norvane Security"));
-    EXPECT_EQ(prompts.boxes[0].style, Prompts::kCritical);
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_TRUE(box()->hasFocus());
-    QTest::keyClicks(box(), QStringLiteral("sesame"));
-    EXPECT_EQ(box()->text(), QStringLiteral("sesame"));
 }
 
 TEST_F(PasswordDialog, SelectsItsTextWhenItGetsTheFocus)
 {
-    QTest::keyClicks(box(), QStringLiteral("guess"));
+    QTest::keyClicks(box(), u"guess"_s);
     QTest::keyClick(box(), Qt::Key_Tab);
     EXPECT_FALSE(box()->hasFocus());
     QTest::keyClick(dialog->focusWidget(), Qt::Key_Backtab);
@@ -103,48 +73,32 @@ TEST_F(PasswordDialog, SelectsItsTextWhenItGetsTheFocus)
 
 TEST_F(PasswordDialog, CancelEscapeAndCloseGiveNoPassword)
 {
-    QTest::keyClicks(box(), QStringLiteral("sesame"));
-    press("Command2");
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(model->password(), QString());
-
-    open(kSecret);
-    QTest::keyClick(box(), Qt::Key_Escape);
-    EXPECT_FALSE(dialog->isVisible());
-
-    open(kSecret);
-    dialog->close();
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+    const std::function<void()> ways[] = {[this] { press(u"Command2"_s); },
+                                          [this] { QTest::keyClick(box(), Qt::Key_Escape); },
+                                          [this] { dialog->close(); }};
+    for (const auto &way : ways) {
+        open();
+        QTest::keyClicks(box(), u"sesame"_s);
+        way();
+        EXPECT_FALSE(dialog->isVisible());
+        EXPECT_EQ(model->password(), QString());
+        EXPECT_EQ(dialog->result(), QDialog::Rejected);
+    }
 }
 
-TEST_F(PasswordDialog, MovesToAnotherDatabase)
+TEST_F(PasswordDialog, FollowsItsModelToAnotherDatabase)
 {
-    open(kForeign);
-    EXPECT_FALSE(explanation().isEmpty());
-    prompts.folders.enqueue(QStringLiteral("/notes"));
-    press("Command3");
-    EXPECT_TRUE(dialog->isVisible()) << "this one has a password, too";
-    EXPECT_TRUE(box()->hasFocus());
-    EXPECT_EQ(box()->toolTip(), QStringLiteral("Database: /notes/"));
-    EXPECT_EQ(explanation(), model->explanation());
-
-    prompts.folders.enqueue(QString());
-    press("Command3");
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_EQ(model->path(), kSecret);
-
-    prompts.folders.enqueue(QStringLiteral("/open"));
-    press("Command3");
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(store.DatabaseFile, kOpen);
-}
-
-TEST_F(PasswordDialog, HidesTheSelectButtonForASwitchAndLeavesTheListOfForms)
-{
+    const QString other = folder.filePath(u"other"_s);
+    QDir().mkpath(other);
+    files.write(databaseFileIn(other + u'/'), "no database");
+    prompts.folders.enqueue(other);
+    box()->clearFocus();
+    press(u"Command3"_s);
+    EXPECT_TRUE(dialog->isVisible() && box()->hasFocus());
+    EXPECT_EQ(box()->toolTip(), u"Database: "_s + other + u'/');
+    EXPECT_EQ(dialog->findChild<QLabel *>(u"lblExplanation"_s)->text(), model->explanation());
     dialog->setSelectDatabaseVisible(false);
-    EXPECT_FALSE(dialog->findChild<QPushButton *>(QStringLiteral("Command3"))->isVisible());
-    EXPECT_TRUE(forms.FormIsLoaded(QStringLiteral("frmPassword")));
-    dialog.reset();
-    EXPECT_FALSE(forms.FormIsLoaded(QStringLiteral("frmPassword")));
+    EXPECT_FALSE(dialog->findChild<QPushButton *>(u"Command3"_s)->isVisible());
 }
+
+} // namespace

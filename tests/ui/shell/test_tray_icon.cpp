@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 using namespace norvane;
+using namespace Qt::StringLiterals;
 using Kind = TrayHost::Kind;
 
 namespace {
@@ -21,94 +22,76 @@ protected:
         icon = std::make_unique<TrayIcon>(*host);
         icon->setMenuSource([this] {
             ++builds;
-            return trayMenu(keys, {QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_exit")}, pages);
+            return trayMenu(keys, {u"mnu_ControlPanel"_s, u"mnu_exit"_s}, pages);
         });
         icon->show();
     }
     /// What a host does before it shows a menu.
     static void open(QMenu *menu) { emit menu->aboutToShow(); }
-    QAction *item(const char *name) const
+    QAction *item(const QString &name) const
     {
         for (QAction *action : icon->menu()->actions()) {
-            if (action->objectName() == QLatin1String(name))
+            if (action->objectName() == name)
                 return action;
         }
         return nullptr;
     }
-    static QStringList texts(const QMenu *menu)
+    /// The visible texts, one a line.
+    static QString texts(const QMenu *menu)
     {
         QStringList result;
         for (const QAction *action : menu->actions()) {
             if (action->isVisible())
-                result.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+                result.append(action->isSeparator() ? u"-"_s : action->text());
         }
-        return result;
+        return result.join(u'\n');
     }
 
     int builds = 0;
-    TrayHotKeyTexts keys{QStringLiteral("Ctrl+Alt+W"), QStringLiteral("Ctrl+Alt+L"),
-                         QStringLiteral("Ctrl+Alt+S")};
-    QVector<OpenPageEntry> pages{{7, QStringLiteral("Fish & Chips")}, {9, QStringLiteral("a\tb\nc")}};
+    TrayHotKeyTexts keys{u"Ctrl+Alt+W"_s, u"Ctrl+Alt+L"_s, u"Ctrl+Alt+S"_s};
+    QVector<OpenPageEntry> pages{{7, u"Fish & Chips"_s}, {9, u"a\tb\nc"_s}};
     std::unique_ptr<fakes::FakeTrayHost> host;
     std::unique_ptr<TrayIcon> icon;
 };
 
-} // namespace
-
 TEST_F(Tray, BuildsItsMenuWhenItOpens)
 {
     showOn(Kind::Clicks);
-    keys.Main = QStringLiteral("Ctrl+Alt+B");
+    keys.Main = u"Ctrl+Alt+B"_s;
     open(icon->menu());
-    EXPECT_EQ(texts(icon->menu()),
-              QStringList({QStringLiteral("Open Page"), QStringLiteral("-"),
-                           QStringLiteral("Norvane Manager\tCtrl+Alt+B"), QStringLiteral("-"),
-                           QStringLiteral("Search\tCtrl+Alt+S"), QStringLiteral("Task List\tCtrl+Alt+L"),
-                           QStringLiteral("-"), QStringLiteral("Options..."), QStringLiteral("-"),
-                           QStringLiteral("Exit")}));
-    EXPECT_EQ(icon->menu()->defaultAction(), item("mnu_ControlPanel"));
-    EXPECT_TRUE(item("mnu_exit")->isEnabled());
-    EXPECT_FALSE(item("mnu_Search")->isEnabled());
-}
+    EXPECT_EQ(item(u"mnu_ControlPanel"_s)->text(), u"Norvane Manager\tCtrl+Alt+B");
+    EXPECT_EQ(icon->menu()->defaultAction(), item(u"mnu_ControlPanel"_s));
+    EXPECT_FALSE(item(u"mnu_Search"_s)->isEnabled());
+    QSignalSpy commands(icon.get(), &TrayIcon::commandTriggered);
+    item(u"mnu_exit"_s)->trigger();
+    ASSERT_EQ(commands.size(), 1);
+    EXPECT_EQ(commands[0][0], u"mnu_exit"_s);
 
-TEST_F(Tray, FillsOpenPageWhenThatOpens)
-{
-    showOn(Kind::Clicks);
-    open(icon->menu());
-    QMenu *sub = item("mnu_Open")->menu();
+    QMenu *sub = item(u"mnu_Open"_s)->menu();
     EXPECT_TRUE(sub->actions().isEmpty());
     open(sub);
-    EXPECT_EQ(texts(sub), QStringList({QStringLiteral("Fish && Chips"), QStringLiteral("a b c")}));
-
+    EXPECT_EQ(texts(sub), u"Fish && Chips\na b c");
     QSignalSpy chosen(icon.get(), &TrayIcon::pageTriggered);
     sub->actions().constLast()->trigger();
     ASSERT_EQ(chosen.size(), 1);
-    EXPECT_EQ(chosen[0][0].toInt(), 9);
+    EXPECT_EQ(chosen[0][0], 9);
 
     pages.clear();
     open(icon->menu());
-    EXPECT_FALSE(item("mnu_Open")->isEnabled());
-}
-
-TEST_F(Tray, TellsWhichCommandWasChosen)
-{
-    showOn(Kind::Clicks);
-    QSignalSpy commands(icon.get(), &TrayIcon::commandTriggered);
-    item("mnu_exit")->trigger();
-    ASSERT_EQ(commands.size(), 1);
-    EXPECT_EQ(commands[0][0].toString(), QStringLiteral("mnu_exit"));
+    EXPECT_FALSE(item(u"mnu_Open"_s)->isEnabled());
 }
 
 TEST_F(Tray, KeepsTheCopyOfAHostThatShowsTheMenuItself)
 {
     showOn(Kind::Activates);
     EXPECT_TRUE(QTest::qWaitFor([this] { return builds >= 1; }));
-    EXPECT_EQ(item("mnu_Open")->menu()->actions().size(), 3);
+    const auto pageCount = [this] { return item(u"mnu_Open"_s)->menu()->actions().size(); };
+    EXPECT_EQ(pageCount(), 3);
     const int before = builds;
-    pages.append({11, QStringLiteral("Third")});
+    pages.append({11, u"Third"_s});
     icon->noteChange();
     icon->noteChange();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return item("mnu_Open")->menu()->actions().size() == 4; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pageCount() == 4; }));
     EXPECT_LE(builds, before + 2);
 }
 
@@ -129,22 +112,19 @@ TEST_F(Tray, WaitsForItsHost)
 
 TEST_F(Tray, TogglesAtADoubleClickOrAtTheActivationOfAHostWithoutOne)
 {
-    const auto activate = [this](QSystemTrayIcon::ActivationReason reason) {
-        emit icon->findChild<QSystemTrayIcon *>()->activated(reason);
+    using Reasons = QVector<QSystemTrayIcon::ActivationReason>;
+    const auto toggles = [this](Kind kind, const Reasons &reasons) {
+        showOn(kind);
+        QSignalSpy spy(icon.get(), &TrayIcon::activated);
+        for (const QSystemTrayIcon::ActivationReason reason : reasons)
+            emit icon->findChild<QSystemTrayIcon *>()->activated(reason);
+        return spy.size();
     };
-    showOn(Kind::Clicks);
-    {
-        QSignalSpy toggles(icon.get(), &TrayIcon::activated);
-        activate(QSystemTrayIcon::Trigger);
-        EXPECT_EQ(toggles.size(), 0);
-        activate(QSystemTrayIcon::DoubleClick);
-        EXPECT_EQ(toggles.size(), 1);
-    }
-    showOn(Kind::Activates);
-    QSignalSpy toggles(icon.get(), &TrayIcon::activated);
-    activate(QSystemTrayIcon::Trigger);
-    activate(QSystemTrayIcon::Trigger);
-    EXPECT_EQ(toggles.size(), 1) << "a double click there is one wish";
-    activate(QSystemTrayIcon::Context);
-    EXPECT_EQ(toggles.size(), 1);
+    EXPECT_EQ(toggles(Kind::Clicks, {QSystemTrayIcon::Trigger}), 0);
+    EXPECT_EQ(toggles(Kind::Clicks, {QSystemTrayIcon::DoubleClick}), 1);
+    EXPECT_EQ(toggles(Kind::Activates, {QSystemTrayIcon::Trigger, QSystemTrayIcon::Trigger}), 1)
+        << "a double click there is one wish";
+    EXPECT_EQ(toggles(Kind::Activates, {QSystemTrayIcon::Context}), 0);
 }
+
+} // namespace

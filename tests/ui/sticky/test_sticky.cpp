@@ -1,35 +1,29 @@
-#include "fakes/FakeClock.h"
+#include "unit/watcher/Desk.h"
+
 #include "fakes/FakeEmbedding.h"
-#include "fakes/FakeEventLoop.h"
-#include "fakes/FakeFileSystem.h"
 #include "fakes/FakeHotKeys.h"
 #include "fakes/FakeNotifier.h"
-#include "fakes/FakeSound.h"
-#include "fakes/FakeWindowSystem.h"
-#include "fakes/ManualTimer.h"
-#include "options/HotKeyModel.h"
-#include "platform/sqlite/SqliteEngine.h"
+#include "fakes/FakePrinting.h"
+#include "fakes/FakePrompts.h"
+#include "fakes/FakeShell.h"
 #include "richtext/NV_RTFEdit.h"
-#include "shell/Forms.h"
+#include "richtext/commands/EditState.h"
 #include "sticky/frmSticky.h"
+#include "sticky/frmStickyFactory.h"
 #include "store/NoteRescue.h"
-#include "store/NoteStore.h"
-#include "store/note_schema.h"
 #include "watcher/NoteGridView.h"
-#include "watcher/WatchSettings.h"
-#include "watcher/clsClips.h"
 
 #include <QAction>
 #include <QPointer>
-#include <QTemporaryDir>
 #include <QTest>
+#include <QToolBar>
 #include <gtest/gtest.h>
 
 using namespace norvane;
+using namespace norvane::tests;
 
 namespace {
 
-constexpr WindowHandle kTarget = 77;
 const QRectF kPlace(300, 450, 5100, 3801); // 3801 twips are no whole number of pixels
 
 struct CountingGrid : NoteGridView
@@ -39,26 +33,25 @@ struct CountingGrid : NoteGridView
     int category() const override { return 0; }
 };
 
-/// A note of a real database in a target that is only told of.
-class StickyWindow : public testing::Test
+/// A note's real window, opened by the watch cycle on a page that is only told of.
+class StickyWindow : public testing::Test, protected Desk
 {
 protected:
+    StickyWindow() : Desk(&factory) {}
+
     void SetUp() override
     {
-        store.DatabaseFolder = folder.path() + QLatin1Char('/');
-        store.DatabaseFile = databaseFileIn(store.DatabaseFolder);
-        files.addFolder(store.DatabaseFolder);
-        ASSERT_TRUE(CreateNoteDatabase(*engine, files, store.DatabaseFile));
-        store.open();
-        const auto row = store.database()->openRecordset(QStringLiteral("select * from Memos where false"));
-        row->addNew();
-        row->setField(QStringLiteral("WindowName"), QStringLiteral("Letters"));
-        row->setField(QStringLiteral("CAT_ID"), 0);
-        row->setField(QStringLiteral("Active"), true);
-        row->update();
-        store.requeryNoteIndex();
-        id = field(QStringLiteral("ID")).toInt();
-        note = load();
+        id = addNote(u"Letters"_qs, u"http://letters/"_qs,
+                     {{u"AutoSave"_qs, true},
+                      {u"winLeft"_qs, kPlace.left()},
+                      {u"winTop"_qs, kPlace.top()},
+                      {u"winWidth"_qs, kPlace.width()},
+                      {u"winHeight"_qs, kPlace.height()}});
+        target = openPage(u"Letters"_qs, u"http://letters/"_qs);
+        tick();
+        ASSERT_EQ(Clips.Count(), 1);
+        note = dynamic_cast<frmSticky *>(forms.byHwnd(Clips.Item(1).hWnd));
+        ASSERT_TRUE(note);
     }
 
     void TearDown() override
@@ -68,65 +61,38 @@ protected:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    frmSticky *load(bool autoSave = true)
+    QVariant field(const QString &name) const { return noteField(id, name); }
+    QRectF storedPlace() const
     {
-        auto *form = new frmSticky(services);
-        form->fields.Loading = true;
-        form->fields.ID = id;
-        form->fields.ParentHwnd = kTarget;
-        form->fields.FriendlyName = QStringLiteral("Letters");
-        form->setParentWindow(kTarget);
-        form->moveTwips(kPlace);
-        form->setCaption(QStringLiteral("Letters"));
-        form->fields.AutoSave = autoSave;
-        form->resetSaveState();
-        clips.Add(QStringLiteral("Letters"), kTarget, id, form->hWnd(), QString(), QStringLiteral("Letters"),
-                  QString(), QString());
-        form->showNote();
-        form->nudge();
-        form->fields.Loading = false;
-        return form;
+        return {field(u"winLeft"_qs).toDouble(), field(u"winTop"_qs).toDouble(),
+                field(u"winWidth"_qs).toDouble(), field(u"winHeight"_qs).toDouble()};
     }
 
-    QVariant field(const QString &name)
-    {
-        const auto row = store.database()->openRecordset(QStringLiteral("select * from Memos"));
-        return row->field(name);
-    }
-
-    QRectF storedPlace()
-    {
-        return {field(QStringLiteral("winLeft")).toDouble(), field(QStringLiteral("winTop")).toDouble(),
-                field(QStringLiteral("winWidth")).toDouble(), field(QStringLiteral("winHeight")).toDouble()};
-    }
-
-    void type(const QString &text)
-    {
-        QTest::keyClicks(note->Text1()->findChild<QWidget *>(QStringLiteral("RichTextBox1")), text);
-    }
+    template <typename Kind> Kind *part(const QString &name) { return note->findChild<Kind *>(name); }
+    void type(const QString &text) { QTest::keyClicks(part<QWidget>(u"RichTextBox1"_qs), text); }
+    void press(QWidget *widget) { QTest::mouseClick(widget, Qt::LeftButton, {}, {100, 10}); }
 
     bool saved() const { return files.files.contains(store.bodyFile(id)); }
+    int rescued() const
+    {
+        const auto paths = files.files.keys();
+        return static_cast<int>(std::count_if(
+            paths.begin(), paths.end(), [](const QString &path) { return path.contains(u"/Rescued/"); }));
+    }
 
-    QTemporaryDir folder;
-    std::unique_ptr<dao::Engine> engine = dao::makeSqliteEngine();
-    fakes::FakeFileSystem files;
-    NoteStore store{*engine, files};
-    FormList forms;
-    clsClips clips;
-    fakes::FakeWindowSystem windows;
     fakes::FakeEmbedding embedding;
-    fakes::ManualTimer timer;
-    WatchSettings watch;
-    fakes::FakeEventLoop events;
-    fakes::FakeClock clock;
-    fakes::FakeSound sound;
     fakes::FakeHotKeys hotKeys;
     fakes::FakeNotifier notifier;
     CountingGrid grid;
-    NoteRescue rescue{store, files, clock, notifier};
-    StickyServices services{
-        store,  files, forms, clips,   windows, embedding, timer,         watch,
-        events, clock, sound, hotKeys, grid,    rescue,    Twips(96, 96), QStringLiteral("/click.wav")};
+    NoteRescue rescue{store, files, clock, notifier, [](const QString &) {}};
+    fakes::FakeShell shell;
+    fakes::FakePrompts prompts;
+    fakes::FakePrinting printing;
+    EditState editState;
+    EditServices edit{files, shell, prompts, printing, clock, editState};
+    frmStickyFactory factory{{store, forms, Clips, windows, embedding, timer, settings, events, clock, sound,
+                              hotKeys, grid, rescue, edit, Twips(96, 96), u"/click.wav"_qs}};
+    WindowHandle target = kNoWindow;
     int id = 0;
     QPointer<frmSticky> note;
 };
@@ -134,24 +100,48 @@ protected:
 TEST_F(StickyWindow, isCleanAfterLoadingAndDirtyAfterTypingOrTakingHold)
 {
     EXPECT_FALSE(note->isDirty());
-    type(QStringLiteral("a"));
+    type(u"a"_qs);
     EXPECT_TRUE(note->isDirty());
     EXPECT_TRUE(note->Text1()->EnableSaveButton());
     note->resetSaveState();
-    // A drag that ends where it began is an edit too.
-    auto *strip = note->findChild<QWidget *>(QStringLiteral("Picture1"));
-    QTest::mousePress(strip, Qt::LeftButton, {}, {100, 10});
-    QTest::mouseRelease(strip, Qt::LeftButton, {}, {100, 10});
+    // A drag that ends where it began is an edit too; but only the strip and the edges take hold.
+    press(part<QWidget>(u"Picture1"_qs));
     EXPECT_TRUE(note->isDirty());
+    note->resetSaveState();
+    note->setToolBar(true);
+    press(part<QWidget>(u"li"_qs));
+    EXPECT_FALSE(note->isDirty());
+    // A size that the program sets counts as one that is set by hand, unless the note is being filled.
+    note->moveTwips(kPlace);
+    EXPECT_FALSE(note->isDirty()) << "it had that size";
+    note->moveTwips(kPlace.adjusted(0, 0, 300, 0));
+    EXPECT_TRUE(note->isDirty());
+}
+
+TEST_F(StickyWindow, toolBarIsReadableOnThePaperWhateverTheDesktop)
+{
+    const QPalette desktop = QGuiApplication::palette();
+    QPalette dark(QColor(49, 54, 59), QColor(42, 46, 50));
+    dark.setColor(QPalette::ButtonText, Qt::white);
+    QGuiApplication::setPalette(dark);
+    const auto *bar = part<QToolBar>(u"li"_qs);
+    note->setTextBackColor(0xC0FFFF);
+    EXPECT_LT(bar->palette().color(QPalette::ButtonText).lightness(), 60);
+    EXPECT_LT(part<QWidget>(u"Combo1"_qs)->palette().color(QPalette::Text).lightness(), 60);
+    note->setTextBackColor(0x402010);
+    EXPECT_GT(bar->palette().color(QPalette::ButtonText).lightness(), 200);
+    for (const QAction *action : bar->actions())
+        EXPECT_EQ(action->icon().isNull(), action->objectName().isEmpty());
+    QGuiApplication::setPalette(desktop);
 }
 
 TEST_F(StickyWindow, savesRowAndBodyAndKeepsTheTwipsOfAnUnmovedNote)
 {
-    type(QStringLiteral("Dear Ada"));
-    note->findChild<QAction *>(QStringLiteral("mnuFile_Save"))->trigger();
+    type(u"Dear Ada"_qs);
+    part<QAction>(u"mnuFile_Save"_qs)->trigger();
     EXPECT_FALSE(note->isDirty());
     EXPECT_FALSE(note->Text1()->EnableSaveButton());
-    EXPECT_EQ(field(QStringLiteral("NoteText")).toString(), QStringLiteral("Dear Ada"));
+    EXPECT_EQ(field(u"NoteText"_qs).toString(), u"Dear Ada"_qs);
     EXPECT_EQ(storedPlace(), kPlace);
     EXPECT_TRUE(files.files.value(store.bodyFile(id)).startsWith("{\\rtf"));
     EXPECT_EQ(grid.refreshes, 1);
@@ -159,40 +149,60 @@ TEST_F(StickyWindow, savesRowAndBodyAndKeepsTheTwipsOfAnUnmovedNote)
 
 TEST_F(StickyWindow, whatIsTypedDuringASaveStaysDirty)
 {
-    type(QStringLiteral("one"));
-    events.duringYield = [this] { type(QStringLiteral(" two")); };
+    type(u"one"_qs);
+    events.duringYield = [this] { type(u" two"_qs); };
     note->SaveNote();
     EXPECT_TRUE(note->isDirty());
+    // At the end there is no later save for it.
+    note->unload();
+    EXPECT_EQ(field(u"NoteText"_qs).toString(), u"one two two"_qs);
+    EXPECT_EQ(rescued(), 0);
 }
 
 TEST_F(StickyWindow, dragMovesAndSizesInsideTheTarget)
 {
-    auto *strip = note->findChild<QWidget *>(QStringLiteral("Picture1"));
+    auto *strip = part<QWidget>(u"Picture1"_qs);
+    QTest::mouseMove(strip, {100, 1});
+    EXPECT_EQ(note->cursor().shape(), Qt::SizeVerCursor);
+    QTest::mouseMove(strip, {100, 10});
+    EXPECT_EQ(note->cursor().shape(), Qt::ArrowCursor);
+
+    windows.at(target).rect = QRect(-500, -500, 3000, 3000);
     const QRect before = embedding.windowRect(note->hWnd());
-    QTest::mousePress(strip, Qt::LeftButton, {}, {100, 10});
-    QTest::mouseMove(strip, {130, 25});
-    QTest::mouseRelease(strip, Qt::LeftButton, {}, {130, 25});
+    const auto drag = [&](const QPoint &from, const QPoint &to) {
+        QTest::mousePress(strip, Qt::LeftButton, {}, from);
+        QTest::mouseMove(strip, to);
+        QTest::mouseRelease(strip, Qt::LeftButton, {}, to);
+    };
+    drag({100, 10}, {130, 25});
     EXPECT_EQ(embedding.windowRect(note->hWnd()), before.translated(30, 15));
     note->SaveNote();
-    EXPECT_EQ(storedPlace().topLeft(), QPointF(300 + 30 * 15, 450 + 15 * 15));
+    EXPECT_EQ(storedPlace(), kPlace.translated(30 * 15, 15 * 15)) << "the size is as it was loaded";
+    drag({100, 1}, {100, 21});
+    EXPECT_EQ(embedding.windowRect(note->hWnd()), before.translated(30, 15).adjusted(0, 20, 0, 0));
+
+    // The hand cannot take it out of the target.
+    windows.at(target).rect = QRect(strip->mapToGlobal(QPoint(0, 0)), QSize(200, 100));
+    drag({100, 10}, {100 + 2000, 10});
+    EXPECT_EQ(embedding.windowRect(note->hWnd()).left(), before.left() + 30 + 99);
 }
 
 TEST_F(StickyWindow, aLostTargetSavesTextAndPlace)
 {
-    type(QStringLiteral("kept"));
-    embedding.destroyTarget(kTarget);
-    EXPECT_EQ(field(QStringLiteral("NoteText")).toString(), QStringLiteral("kept"));
+    type(u"kept"_qs);
+    embedding.destroyTarget(target);
+    EXPECT_EQ(field(u"NoteText"_qs).toString(), u"kept"_qs);
     EXPECT_EQ(storedPlace(), kPlace);
-    EXPECT_TRUE(field(QStringLiteral("Active")).toBool());
-    EXPECT_EQ(clips.Count(), 0);
-    EXPECT_FALSE(forms.FormIsLoaded(QStringLiteral("frmSticky")));
+    EXPECT_TRUE(field(u"Active"_qs).toBool());
+    EXPECT_EQ(Clips.Count(), 0);
+    EXPECT_FALSE(forms.FormIsLoaded(u"frmSticky"_qs));
     EXPECT_TRUE(saved());
 }
 
 TEST_F(StickyWindow, withoutAutoSaveChangesGoWithoutAQuestion)
 {
     note->fields.AutoSave = false;
-    type(QStringLiteral("lost"));
+    type(u"lost"_qs);
     note->unload();
     EXPECT_FALSE(saved());
     EXPECT_TRUE(notifier.shown.isEmpty());
@@ -200,40 +210,48 @@ TEST_F(StickyWindow, withoutAutoSaveChangesGoWithoutAQuestion)
 
 TEST_F(StickyWindow, closeDetachesAndSetsTheTimerAgain)
 {
-    type(QStringLiteral("kept"));
+    type(u"kept"_qs);
     note->mnuFile_Close_Click();
-    EXPECT_FALSE(field(QStringLiteral("Active")).toBool());
+    EXPECT_FALSE(field(u"Active"_qs).toBool());
     EXPECT_TRUE(saved());
-    EXPECT_EQ(timer.interval(), watch.WatchInterval);
-    EXPECT_EQ(clips.Count(), 0);
+    EXPECT_EQ(timer.interval(), settings.WatchInterval);
+    EXPECT_EQ(Clips.Count(), 0);
 }
 
-TEST_F(StickyWindow, aNoteThatCannotBeSavedIsRescued)
+TEST_F(StickyWindow, aNoteThatCannotBeSavedIsRescuedOnce)
 {
-    type(QStringLiteral("precious"));
+    type(u"precious"_qs);
     store.close();
+    note->saveAtExit();
     note->unload();
-    ASSERT_EQ(notifier.shown.size(), 1);
-    const auto paths = files.files.keys();
-    ASSERT_EQ(std::count_if(paths.begin(), paths.end(),
-                            [](const QString &path) { return path.contains(QStringLiteral("/Rescued/")); }),
-              1);
+    EXPECT_EQ(notifier.shown.size(), 1);
+    EXPECT_EQ(rescued(), 1);
+}
+
+TEST_F(StickyWindow, aNoteWhoseRowWasDeletedGoesWithoutAWord)
+{
+    type(u"unwanted"_qs);
+    store.database()->openRecordset(u"select * from Memos"_qs)->remove();
+    note->mnuFile_Close_Click();
+    EXPECT_EQ(Clips.Count(), 0);
+    EXPECT_EQ(notifier.shown.size() + rescued(), 0);
+    EXPECT_EQ(timer.interval(), settings.WatchInterval);
 }
 
 TEST_F(StickyWindow, typeEffectClicksForEachKey)
 {
-    type(QStringLiteral("a"));
+    type(u"a"_qs);
     EXPECT_TRUE(sound.played.isEmpty());
     note->fields.TypeEffect = true;
-    type(QStringLiteral("bc"));
-    EXPECT_EQ(sound.played, QStringList({QStringLiteral("/click.wav"), QStringLiteral("/click.wav")}));
+    type(u"bc"_qs);
+    EXPECT_EQ(sound.played, QStringList({u"/click.wav"_qs, u"/click.wav"_qs}));
 }
 
 TEST_F(StickyWindow, isNeverSmallerThanAHandCanHold)
 {
     note->moveTwips(QRectF(0, 0, 0, 0));
     EXPECT_GE(embedding.windowRect(note->hWnd()).width(), kNoteLeast.width());
-    type(QStringLiteral("a"));
+    type(u"a"_qs);
     note->SaveNote();
     EXPECT_EQ(storedPlace(), QRectF(0, 0, 0, 0));
 }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/RuntimeError.h"
-#include "platform/dao.h"
 #include "platform/errors.h"
 #include "platform/sqlite/SqliteEngine.h"
+#include "store/note_schema.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -12,48 +12,7 @@
 
 namespace norvane::dao {
 
-/// A table with every kind of field, as the note tables have them.
-inline TableDef notesTable()
-{
-    const auto field = [](const char16_t *name, FieldType type, int size, const char16_t *standard,
-                          bool required, bool zeroLength, int position) {
-        FieldDef result;
-        result.name = QStringView(name).toString();
-        result.type = type;
-        result.size = size;
-        result.attributes = type == FieldType::Text || type == FieldType::Memo ? kVariableField : kFixedField;
-        result.defaultValue = QStringView(standard).toString();
-        result.required = required;
-        result.allowZeroLength = zeroLength;
-        result.ordinalPosition = position;
-        return result;
-    };
-    TableDef table;
-    table.name = QStringLiteral("Memos");
-    table.fields = {
-        field(u"ID", FieldType::Long, 4, u"", false, false, 0),
-        field(u"WindowName", FieldType::Text, 255, u"", true, true, 1),
-        field(u"URL", FieldType::Memo, 255, u"", false, true, 2),
-        field(u"LastUpdate", FieldType::Date, 8, u"", false, false, 3),
-        field(u"winWidth", FieldType::Long, 4, u"5100", false, false, 4),
-        field(u"Active", FieldType::Boolean, 1, u"-1", true, false, 5),
-        field(u"FriendlyName", FieldType::Text, 20, u"", false, false, 6),
-        field(u"BackColor", FieldType::Long, 4, u"12648447 ", false, false, 7),
-        field(u"FormPosition", FieldType::Integer, 2, u"0", false, false, 8),
-        field(u"AutoSave", FieldType::Boolean, 1, u"", false, false, 9),
-        field(u"CAT_ID", FieldType::Long, 4, u"", true, false, 12),
-        field(u"LocationName", FieldType::Text, 255, u"New Note", false, true, 13),
-    };
-    table.fields[0].attributes = kFixedField | kAutoIncrField;
-    IndexDef plain;
-    plain.name = QStringLiteral("ID");
-    plain.field = QStringLiteral("ID");
-    IndexDef primary = plain;
-    primary.name = QStringLiteral("PrimaryKey");
-    primary.primary = primary.unique = primary.required = true;
-    table.indexes = {plain, primary};
-    return table;
-}
+using namespace Qt::StringLiterals;
 
 /// The number of the error that the call raises, 0 when it raises none.
 template <typename Call> int errorOf(Call call)
@@ -71,74 +30,73 @@ template <typename Call> int errorOf(Call call)
 class DaoTest : public testing::Test
 {
 protected:
-    DaoTest()
-        : folder(fastFolder() + QStringLiteral("/norvane-dao-XXXXXX")),
-          file(folder.filePath(QStringLiteral("Norvane.DAT"))), engine(makeSqliteEngine()),
-          workspace(engine->workspace(0))
-    {
-    }
-
-    /// Makes the file with the table above and keeps it open as `database`.
+    /// Makes the file with the program's two tables and keeps it open as `database`.
     void createNotes()
     {
-        database = workspace->createDatabase(file, QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0"));
-        database->appendTable(notesTable());
+        database = workspace->createDatabase(file, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s);
+        database->appendTable(categoryTable());
+        database->appendTable(memosTable());
     }
 
     std::unique_ptr<Database> open(const QString &password = {}, bool readOnly = false,
                                    bool exclusive = false)
     {
-        return workspace->openDatabase(file, exclusive, readOnly, QStringLiteral(";pwd=") + password);
+        return workspace->openDatabase(file, exclusive, readOnly, u";pwd="_s + password);
     }
 
     std::unique_ptr<Recordset> rows(const QString &sql, RecordsetType type = RecordsetType::Dynaset)
     {
         return database->openRecordset(sql, type);
     }
+    std::unique_ptr<Recordset> notes(const QString &condition = u"true"_s)
+    {
+        return rows(u"select * from Memos where "_s + condition);
+    }
 
     /// Adds a note; returns its number.
-    int add(const QString &windowName, const QString &url = QStringLiteral("u"),
-            const QString &locationName = {})
+    int add(const QString &windowName, const QString &url = u"u"_s, const QString &locationName = {})
     {
-        const auto target = rows(QStringLiteral("select * from memos where false"));
+        const auto target = notes(u"false"_s);
         target->addNew();
-        const int id = target->field(QStringLiteral("id")).toInt();
-        target->setField(QStringLiteral("windowname"), windowName);
-        target->setField(QStringLiteral("URL"), url);
-        target->setField(QStringLiteral("LocationName"), locationName);
-        target->setField(QStringLiteral("CAT_ID"), 0);
+        const int id = target->field(u"id"_s).toInt();
+        target->setField(u"windowname"_s, windowName);
+        target->setField(u"URL"_s, url);
+        target->setField(u"LocationName"_s, locationName);
+        target->setField(u"CAT_ID"_s, 0);
         target->update();
         return id;
     }
-
-    /// The IDs that the statement gives, with a blank after each.
-    QString ids(const QString &sql, RecordsetType type = RecordsetType::ForwardOnly)
+    void change(int id, const QString &field, const QVariant &value)
     {
-        return ids(*rows(sql, type));
+        const auto note = notes(u"ID=%1"_s.arg(id));
+        note->edit();
+        note->setField(field, value);
+        note->update();
     }
+    void removeNote(int id) { notes(u"ID=%1"_s.arg(id))->remove(); }
+
+    /// The IDs of the records from the current one on, with a blank after each.
     static QString ids(Recordset &set)
     {
         QString result;
         for (; !set.eof(); set.moveNext())
-            result += set.field(QStringLiteral("ID")).toString() + u' ';
+            result += set.field(u"ID"_s).toString() + u' ';
         return result;
     }
-    QString idsWhere(const QString &condition)
-    {
-        return ids(QStringLiteral("select ID from Memos where ") + condition);
-    }
+    QString ids(const QString &sql) { return ids(*rows(sql, RecordsetType::ForwardOnly)); }
+    QString idsWhere(const QString &condition) { return ids(u"select ID from Memos where "_s + condition); }
 
     /// In memory, where there is such a place: thousands of durable saves on a busy disk take minutes.
     static QString fastFolder()
     {
-        const QString memory = QStringLiteral("/dev/shm");
+        const QString memory = u"/dev/shm"_s;
         return QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
     }
 
-    QTemporaryDir folder;
-    QString file;
-    std::unique_ptr<Engine> engine;
-    std::shared_ptr<Workspace> workspace;
+    QTemporaryDir folder{fastFolder() + u"/norvane-dao-XXXXXX"_s};
+    QString file = folder.filePath(u"Norvane.DAT"_s);
+    std::unique_ptr<Engine> engine = makeSqliteEngine();
+    std::shared_ptr<Workspace> workspace = engine->workspace(0);
     std::unique_ptr<Database> database;
 };
 

@@ -2,24 +2,17 @@
 //
 //   dao_helper save FILE PASSWORD COUNT SIZE [reopen]  adds notes; tells the number of each
 //   dao_helper hold FILE PASSWORD                      has it open until its input ends
-//   dao_helper try FILE rw|ro                          opens it without root rights; tells the error
-//   dao_helper full FILE FREE                          saves and compacts with FREE bytes of room
 
 #include "platform/RuntimeError.h"
 #include "platform/dao.h"
 #include "platform/sqlite/SqliteEngine.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QFileInfo>
 #include <QStringList>
-#include <csignal>
 #include <cstdio>
-#include <sys/prctl.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 using namespace norvane;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,22 +22,21 @@ void tell(const QString &line)
     std::fflush(stdout);
 }
 
-std::unique_ptr<dao::Database> open(dao::Engine &engine, const QString &file, const QString &password,
-                                    bool readOnly = false)
+std::unique_ptr<dao::Database> open(dao::Engine &engine, const QString &file, const QString &password)
 {
-    return engine.workspace(0)->openDatabase(file, false, readOnly, QStringLiteral(";pwd=") + password);
+    return engine.workspace(0)->openDatabase(file, false, false, u";pwd="_s + password);
 }
 
 int add(dao::Database &database, int size)
 {
-    const auto notes = database.openRecordset(QStringLiteral("select * from Memos where false"));
+    const auto notes = database.openRecordset(u"select * from Memos where false"_s);
     notes->addNew();
-    notes->setField(QStringLiteral("WindowName"), QStringLiteral("note"));
-    notes->setField(QStringLiteral("URL"), QString(size, u'u'));
-    notes->setField(QStringLiteral("CAT_ID"), 0);
+    notes->setField(u"WindowName"_s, u"note"_s);
+    notes->setField(u"URL"_s, QString(size, u'u'));
+    notes->setField(u"CAT_ID"_s, 0);
     notes->update();
     notes->moveLast();
-    return notes->field(QStringLiteral("ID")).toInt();
+    return notes->field(u"ID"_s).toInt();
 }
 
 void save(dao::Engine &engine, const QStringList &arguments)
@@ -64,54 +56,9 @@ void save(dao::Engine &engine, const QStringList &arguments)
 void hold(dao::Engine &engine, const QStringList &arguments)
 {
     const auto database = open(engine, arguments[2], arguments[3]);
-    tell(QStringLiteral("open"));
+    tell(u"open"_s);
     while (std::getchar() != EOF) {
     }
-}
-
-void dropRoot()
-{
-    constexpr uid_t kNobody = 65534;
-    if (geteuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0))
-        std::abort();
-    // A leak checker could not look at this process otherwise.
-    prctl(PR_SET_DUMPABLE, 1);
-}
-
-int errorOf(const std::function<void()> &call)
-{
-    try {
-        call();
-    } catch (const RuntimeError &error) {
-        return error.number();
-    }
-    return 0;
-}
-
-void limitFiles(rlim_t bytes)
-{
-    rlimit limit = {};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = bytes;
-    setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-void full(dao::Engine &engine, const QStringList &arguments)
-{
-    std::signal(SIGXFSZ, SIG_IGN);
-    const QString file = arguments[2];
-    const auto room = static_cast<rlim_t>(QFileInfo(file).size() + arguments[3].toInt());
-    auto database = open(engine, file, {});
-    limitFiles(room);
-    tell(QString::number(errorOf([&] { add(*database, 2'000'000); })));
-    limitFiles(RLIM_INFINITY);
-    tell(QString::number(errorOf([&] { add(*database, 10); })));
-    database.reset();
-    database = open(engine, file, {});
-    limitFiles(static_cast<rlim_t>(QFileInfo(file).size() / 2));
-    tell(QString::number(errorOf([&] { database->newPassword({}, QStringLiteral("secret")); })));
-    database.reset();
-    tell(QString::number(errorOf([&] { engine.compactDatabase(file, file + QStringLiteral(".tmp"), {}); })));
 }
 
 } // namespace
@@ -121,21 +68,11 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     const auto engine = dao::makeSqliteEngine();
-    const int number = errorOf([&] {
-        if (arguments[1] == u"save") {
-            save(*engine, arguments);
-        } else if (arguments[1] == u"hold") {
-            hold(*engine, arguments);
-        } else if (arguments[1] == u"full") {
-            full(*engine, arguments);
-        } else {
-            dropRoot();
-            const auto database = open(*engine, arguments[2], {}, arguments[3] == u"ro");
-            const auto notes = database->openRecordset(QStringLiteral("select * from Memos"));
-            tell(QStringLiteral("%1 notes").arg(notes->recordCount()));
-        }
-    });
-    if (number != 0)
-        tell(QStringLiteral("error %1").arg(number));
-    return number == 0 ? 0 : 1;
+    try {
+        (arguments[1] == u"save" ? save : hold)(*engine, arguments);
+        return 0;
+    } catch (const RuntimeError &error) {
+        tell(u"error %1"_s.arg(error.number()));
+        return 1;
+    }
 }

@@ -1,7 +1,5 @@
 #include "unit/platform/dao_fixture.h"
 
-#include <QSet>
-
 namespace norvane::dao {
 namespace {
 
@@ -12,160 +10,150 @@ protected:
 
     void addThree()
     {
-        add(QStringLiteral("beta"));
-        add(QStringLiteral("Alpha"));
-        add(QStringLiteral("gamma"));
+        for (const QString &name : {u"beta"_s, u"Alpha"_s, u"gamma"_s})
+            add(name);
     }
-
-    void rename(int id, const QString &windowName)
-    {
-        const auto note = rows(QStringLiteral("select * from Memos where ID=%1").arg(id));
-        note->edit();
-        note->setField(QStringLiteral("WindowName"), windowName);
-        note->update();
-    }
-    void removeNote(int id) { rows(QStringLiteral("select * from Memos where ID=%1").arg(id))->remove(); }
+    static QVariant id(const std::unique_ptr<Recordset> &set) { return set->field(u"ID"_s); }
 };
 
-TEST_F(RecordsetTest, NewRecordTakesDefaults)
+TEST_F(RecordsetTest, NewRecordTakesDefaultsAndKeepsItsValues)
 {
-    const auto note = rows(QStringLiteral("select * from Memos where false"));
+    const auto note = notes();
     EXPECT_TRUE(note->bof() && note->eof());
     note->addNew();
-    EXPECT_EQ(note->field(QStringLiteral("winwidth")), QVariant(5100));
-    EXPECT_EQ(note->field(QStringLiteral("BackColor")), QVariant(12648447));
-    EXPECT_EQ(note->field(QStringLiteral("Active")), QVariant(true));
-    EXPECT_EQ(note->field(QStringLiteral("AutoSave")), QVariant(false));
-    EXPECT_EQ(note->field(QStringLiteral("LocationName")), QVariant(QStringLiteral("New Note")));
-    EXPECT_FALSE(note->field(QStringLiteral("LastUpdate")).isValid());
-    note->setField(QStringLiteral("WindowName"), QString());
-    note->setField(QStringLiteral("CAT_ID"), 0);
-    note->update();
-    const auto stored = rows(QStringLiteral("Select * From MEMOS"));
-    EXPECT_EQ(stored->recordCount(), 1);
-    EXPECT_EQ(stored->field(QStringLiteral("BackColor")), QVariant(12648447));
-    EXPECT_EQ(stored->field(QStringLiteral("WindowName")), QVariant(QString(QLatin1String(""))));
-    EXPECT_FALSE(stored->field(QStringLiteral("FriendlyName")).isValid());
-}
+    EXPECT_EQ(note->field(u"winwidth"_s), 5100);
+    EXPECT_EQ(note->field(u"BackColor"_s), 12648447);
+    EXPECT_EQ(note->field(u"Active"_s), true);
+    EXPECT_EQ(note->field(u"AutoSave"_s), false);
+    EXPECT_FALSE(note->field(u"LastUpdate"_s).isValid());
 
-TEST_F(RecordsetTest, ValuesComeBackAsTheyWere)
-{
     const QDateTime now(QDate(2024, 2, 29), QTime(23, 59, 58, 765));
-    const QString text =
-        QStringLiteral("\u00e4\u4e2d\U0001f600\"'|%_\\\n") + QChar(0) + QStringLiteral("end");
-    const auto note = rows(QStringLiteral("select * from Memos where false"));
-    note->addNew();
-    note->setField(QStringLiteral("WindowName"), text);
-    note->setField(QStringLiteral("LastUpdate"), now);
-    note->setField(QStringLiteral("FormPosition"), 1.5); // halves go to the even neighbour
-    note->setField(QStringLiteral("CAT_ID"), QStringLiteral(" 42 "));
-    note->setField(QStringLiteral("AutoSave"), 7);
+    const QString text = u"\u00e4\u4e2d\U0001f600\"'|%_\\\n"_s + QChar(0) + u"end"_s;
+    note->setField(u"WindowName"_s, text);
+    note->setField(u"LastUpdate"_s, now);
+    note->setField(u"FormPosition"_s, 1.5); // halves go to the even neighbour
+    note->setField(u"CAT_ID"_s, u" 42 "_s);
+    note->setField(u"AutoSave"_s, 7);
+    note->setField(u"KeyWords"_s, QString());
     note->update();
-    const auto stored = rows(QStringLiteral("select * from Memos"), RecordsetType::Snapshot);
-    EXPECT_EQ(stored->field(QStringLiteral("WindowName")).toString(), text);
-    EXPECT_EQ(stored->field(QStringLiteral("LastUpdate")).toDateTime(), now.addMSecs(-765));
-    EXPECT_EQ(stored->field(QStringLiteral("FormPosition")), QVariant(2));
-    EXPECT_EQ(stored->field(QStringLiteral("CAT_ID")), QVariant(42));
-    EXPECT_EQ(stored->field(QStringLiteral("AutoSave")), QVariant(true));
+    for (const RecordsetType type : {RecordsetType::Dynaset, RecordsetType::Snapshot}) {
+        const auto stored = rows(u"Select * From MEMOS"_s, type);
+        EXPECT_EQ(stored->recordCount(), 1);
+        EXPECT_EQ(stored->field(u"BackColor"_s), 12648447);
+        EXPECT_EQ(stored->field(u"WindowName"_s), text);
+        EXPECT_EQ(stored->field(u"LastUpdate"_s), now.addMSecs(-765));
+        EXPECT_EQ(stored->field(u"FormPosition"_s), 2);
+        EXPECT_EQ(stored->field(u"CAT_ID"_s), 42);
+        EXPECT_EQ(stored->field(u"AutoSave"_s), true);
+        EXPECT_EQ(stored->field(u"KeyWords"_s), QVariant(u""_s));
+        EXPECT_FALSE(stored->field(u"FriendlyName"_s).isValid());
+    }
 }
 
 TEST_F(RecordsetTest, EveryKindOfBadValueHasItsNumber)
 {
-    const auto note = rows(QStringLiteral("select * from Memos where false"));
-    const auto set = [&note](const char16_t *field, const QVariant &value) {
-        return errorOf([&] { note->setField(QStringView(field).toString(), value); });
+    const auto note = notes();
+    const auto set = [&note](const QString &field, const QVariant &value) {
+        return errorOf([&] { note->setField(field, value); });
     };
-    EXPECT_EQ(set(u"WindowName", QStringLiteral("x")), kErrorUpdateWithoutEdit);
-    EXPECT_EQ(errorOf([&] { note->update(); }), kErrorUpdateWithoutEdit);
+    const auto update = [&note] { return errorOf([&] { note->update(); }); };
+    EXPECT_EQ(set(u"WindowName"_s, u"x"_s), kErrorUpdateWithoutEdit);
+    EXPECT_EQ(update(), kErrorUpdateWithoutEdit);
     note->addNew();
-    EXPECT_EQ(set(u"FormPosition", 32768), kErrorOverflow);
-    EXPECT_EQ(set(u"winWidth", 2147483648.0), kErrorOverflow);
-    EXPECT_EQ(set(u"winWidth", QStringLiteral("wide")), kErrorTypeMismatch);
-    EXPECT_EQ(set(u"LastUpdate", QStringLiteral("soon")), kErrorTypeMismatch);
-    EXPECT_EQ(set(u"FriendlyName", QString(21, u'x')), kErrorFieldTooLong);
-    EXPECT_EQ(set(u"FriendlyName", QString(QLatin1String(""))), kErrorNotZeroLength);
-    EXPECT_EQ(set(u"ID", 5), kErrorFieldNotUpdatable);
-    EXPECT_EQ(set(u"Nothing", 5), kErrorItemNotFound);
-    note->setField(QStringLiteral("CAT_ID"), 0);
-    EXPECT_EQ(errorOf([&] { note->update(); }), kErrorRequired) << "WindowName";
-    note->setField(QStringLiteral("WindowName"), QStringLiteral("w"));
-    note->setField(QStringLiteral("CAT_ID"), QVariant());
-    EXPECT_EQ(errorOf([&] { note->update(); }), kErrorRequired) << "CAT_ID";
-    note->setField(QStringLiteral("CAT_ID"), 1);
-    note->setField(QStringLiteral("FriendlyName"), QString(20, u'x'));
-    note->update();
-    EXPECT_EQ(rows(QStringLiteral("select * from Memos"))->recordCount(), 1);
+    EXPECT_EQ(set(u"FormPosition"_s, 32768), kErrorOverflow);
+    EXPECT_EQ(set(u"winWidth"_s, 2147483648.0), kErrorOverflow);
+    EXPECT_EQ(set(u"winWidth"_s, u"wide"_s), kErrorTypeMismatch);
+    EXPECT_EQ(set(u"LastUpdate"_s, u"soon"_s), kErrorTypeMismatch);
+    EXPECT_EQ(set(u"ClassName"_s, QString(51, u'x')), kErrorFieldTooLong);
+    EXPECT_EQ(set(u"ID"_s, 5), kErrorFieldNotUpdatable);
+    EXPECT_EQ(set(u"Nothing"_s, 5), kErrorItemNotFound);
+    EXPECT_EQ(set(u"CAT_ID"_s, 0), 0);
+    EXPECT_EQ(update(), kErrorRequired) << "WindowName";
+    EXPECT_EQ(set(u"WindowName"_s, u"w"_s), 0);
+    EXPECT_EQ(set(u"CAT_ID"_s, {}), 0);
+    EXPECT_EQ(update(), kErrorRequired) << "CAT_ID";
+    EXPECT_EQ(set(u"CAT_ID"_s, 1), 0);
+    EXPECT_EQ(set(u"ClassName"_s, QString(50, u'x')), 0);
+    EXPECT_EQ(update(), 0);
+    const auto category = rows(u"select * from Category"_s);
+    category->addNew();
+    EXPECT_EQ(category->field(u"Name"_s), u"New Category"_s);
+    EXPECT_EQ(errorOf([&] { category->setField(u"Name"_s, u""_s); }), kErrorNotZeroLength);
 }
 
 TEST_F(RecordsetTest, NumbersAreNeverUsedAgain)
 {
-    EXPECT_EQ(add(QStringLiteral("a")), 1);
-    EXPECT_EQ(add(QStringLiteral("b")), 2);
+    EXPECT_EQ(add(u"a"_s), 1);
+    EXPECT_EQ(add(u"b"_s), 2);
     removeNote(2);
-    const auto note = rows(QStringLiteral("select * from Memos where false"));
+    const auto note = notes();
     note->addNew();
-    EXPECT_EQ(note->field(QStringLiteral("ID")), QVariant(3));
+    EXPECT_EQ(id(note), 3);
     note->cancelUpdate(); // the number was given out
-    EXPECT_EQ(add(QStringLiteral("c")), 4);
+    EXPECT_EQ(add(u"c"_s), 4);
 }
 
-TEST_F(RecordsetTest, MovesThroughTheRows)
+TEST_F(RecordsetTest, MovesAndFindsInTheOrderOfTheRows)
 {
     addThree();
-    const auto set = rows(QStringLiteral("Select * From Memos order by Windowname"));
+    const auto set = rows(u"Select * From Memos order by Windowname"_s);
     EXPECT_EQ(ids(*set), u"2 1 3 ");
-    EXPECT_TRUE(set->eof());
     EXPECT_EQ(errorOf([&] { set->moveNext(); }), kErrorNoCurrentRecord);
-    EXPECT_EQ(errorOf([&] { set->field(QStringLiteral("ID")); }), kErrorNoCurrentRecord);
+    EXPECT_EQ(errorOf([&] { id(set); }), kErrorNoCurrentRecord);
     set->movePrevious();
-    EXPECT_EQ(set->field(QStringLiteral("ID")), QVariant(3));
+    EXPECT_EQ(id(set), 3);
     set->moveFirst();
     set->movePrevious();
     EXPECT_TRUE(set->bof());
     set->moveLast();
-    EXPECT_EQ(set->field(QStringLiteral("WindowName")).toString(), u"gamma");
-    EXPECT_EQ(ids(QStringLiteral("select ID from memos order by windowname desc")), u"3 1 2 ");
-    const auto none = rows(QStringLiteral("select * from Memos where false"));
-    EXPECT_EQ(errorOf([&] { none->moveFirst(); }), kErrorNoCurrentRecord);
+    EXPECT_EQ(id(set), 3);
+    set->findFirst(u"ID<3"_s);
+    EXPECT_EQ(id(set), 2);
+    set->findNext(u"ID<3"_s);
+    EXPECT_EQ(id(set), 1);
+    set->findNext(u"ID<3"_s);
+    EXPECT_TRUE(set->noMatch());
+    EXPECT_EQ(id(set), 1) << "the record stays";
+    EXPECT_EQ(ids(u"select ID from memos order by windowname desc"_s), u"3 1 2 ");
+    EXPECT_EQ(errorOf([&] { notes(u"false"_s)->moveFirst(); }), kErrorNoCurrentRecord);
 }
 
 TEST_F(RecordsetTest, ADeletedRecordStaysCurrentAndUnreadable)
 {
     addThree();
-    const auto set = rows(QStringLiteral("select * from Memos"));
+    const auto set = notes();
     set->moveNext();
     set->remove();
     EXPECT_EQ(set->recordCount(), 2);
     EXPECT_FALSE(set->eof());
-    EXPECT_EQ(errorOf([&] { set->field(QStringLiteral("ID")); }), kErrorRecordDeleted);
+    EXPECT_EQ(errorOf([&] { id(set); }), kErrorRecordDeleted);
     EXPECT_EQ(errorOf([&] { set->edit(); }), kErrorRecordDeleted);
     set->moveNext();
-    EXPECT_EQ(set->field(QStringLiteral("ID")), QVariant(3));
+    EXPECT_EQ(id(set), 3);
     set->remove();
     set->movePrevious();
-    EXPECT_EQ(set->field(QStringLiteral("ID")), QVariant(1));
-    const auto other = rows(QStringLiteral("select * from Memos"));
-    other->remove();
-    EXPECT_EQ(errorOf([&] { set->field(QStringLiteral("ID")); }), kErrorRecordDeleted);
+    EXPECT_EQ(id(set), 1);
+    removeNote(1); // by someone else
+    EXPECT_EQ(errorOf([&] { id(set); }), kErrorRecordDeleted);
     EXPECT_EQ(errorOf([&] { set->remove(); }), kErrorRecordDeleted);
 }
 
 TEST_F(RecordsetTest, AddingKeepsTheCurrentRecord)
 {
     addThree();
-    const auto set = rows(QStringLiteral("select * from Memos order by WindowName"));
+    const auto set = rows(u"select * from Memos order by WindowName"_s);
     set->moveNext();
     const auto append = [&set] {
         set->addNew();
-        set->setField(QStringLiteral("WindowName"), QStringLiteral("aa"));
-        set->setField(QStringLiteral("CAT_ID"), 0);
+        set->setField(u"WindowName"_s, u"aa"_s);
+        set->setField(u"CAT_ID"_s, 0);
         set->update();
     };
     append();
-    EXPECT_EQ(set->field(QStringLiteral("ID")), QVariant(1));
+    EXPECT_EQ(id(set), 1);
     EXPECT_EQ(set->recordCount(), 4);
     set->moveLast();
-    EXPECT_EQ(set->field(QStringLiteral("WindowName")).toString(), u"aa");
+    EXPECT_EQ(id(set), 4);
     set->moveNext();
     append();
     EXPECT_TRUE(set->eof());
@@ -173,28 +161,28 @@ TEST_F(RecordsetTest, AddingKeepsTheCurrentRecord)
     EXPECT_EQ(ids(*set), u"4 5 2 1 3 ");
 }
 
-TEST_F(RecordsetTest, SnapshotChangesOnlyByRequery)
+TEST_F(RecordsetTest, DynasetSeesEditsOfItsRowsAndASnapshotNoneBeforeItsRequery)
 {
     addThree();
-    const auto index = rows(QStringLiteral("Select ID,WindowName from Memos"), RecordsetType::Snapshot);
-    const auto names = [&index] {
-        QString all;
-        for (index->requery(); !index->eof(); index->moveNext())
-            all += index->field(QStringLiteral("WindowName")).toString() + u' ';
-        return all;
-    };
-    rename(1, QStringLiteral("delta"));
+    const auto dynaset = rows(u"select * from Memos order by ID"_s);
+    const auto snapshot = rows(u"Select ID,WindowName from Memos"_s, RecordsetType::Snapshot);
+    EXPECT_EQ(dynaset->field(u"WindowName"_s), u"beta"_s);
+    change(1, u"WindowName"_s, u"delta"_s);
     removeNote(2);
-    add(QStringLiteral("new"));
-    index->findFirst(QStringLiteral("WindowName='delta'"));
-    EXPECT_TRUE(index->noMatch());
-    index->findFirst(QStringLiteral("WindowName='ALPHA'"));
-    EXPECT_FALSE(index->noMatch());
-    EXPECT_EQ(index->field(QStringLiteral("WindowName")).toString(), u"Alpha");
-    EXPECT_EQ(index->recordCount(), 3);
-    EXPECT_EQ(errorOf([&] { index->edit(); }), kErrorReadOnly);
-    EXPECT_EQ(names(), u"delta gamma new ");
-    EXPECT_EQ(names(), u"delta gamma new ");
+    add(u"delta"_s);
+    EXPECT_EQ(dynaset->field(u"WindowName"_s), u"delta"_s);
+    dynaset->findNext(u"WindowName='delta'"_s);
+    EXPECT_TRUE(dynaset->noMatch()) << "the new note is not among the rows";
+
+    snapshot->findFirst(u"WindowName='delta'"_s);
+    EXPECT_TRUE(snapshot->noMatch());
+    snapshot->findFirst(u"WindowName='ALPHA'"_s);
+    EXPECT_EQ(snapshot->field(u"WindowName"_s), u"Alpha"_s);
+    EXPECT_EQ(snapshot->recordCount(), 3);
+    for (int time = 0; time < 2; ++time) {
+        snapshot->requery();
+        EXPECT_EQ(ids(*snapshot), u"1 3 4 ");
+    }
 }
 
 TEST_F(RecordsetTest, RequeryKeepsTheOrderWhateverChanged)
@@ -202,150 +190,106 @@ TEST_F(RecordsetTest, RequeryKeepsTheOrderWhateverChanged)
     // Against a set opened anew, after changes of all kinds.
     for (int i = 0; i < 40; ++i)
         add(QString(QChar(u'a' + (i * 7) % 26)) + QString::number(i % 3));
-    const QString sql =
-        QStringLiteral("select ID,WindowName from Memos where WindowName<'w' order by WindowName desc");
+    const QString sql = u"select ID,WindowName from Memos where WindowName<'w' order by WindowName desc"_s;
     const auto dynaset = rows(sql);
     const auto snapshot = rows(sql, RecordsetType::Snapshot);
     for (int round = 0; round < 12; ++round) {
-        rename(1 + round * 3, QString(QChar(u'z' - round)) + u'1');
-        rename(2 + round * 3, QString(QChar(u'a' + round)) + u'\u00e9');
+        change(1 + round * 3, u"WindowName"_s, QString(QChar(u'z' - round)) + u'1');
+        change(2 + round * 3, u"WindowName"_s, QString(QChar(u'a' + round)) + u'\u00e9');
         if (round % 4 == 0)
             removeNote(3 + round * 3);
         add(QString(QChar(u'A' + round * 2)));
         const QString expected = ids(sql);
-        dynaset->requery();
-        snapshot->requery();
-        EXPECT_EQ(ids(*dynaset), expected);
-        EXPECT_EQ(ids(*snapshot), expected);
+        for (const auto &set : {dynaset.get(), snapshot.get()}) {
+            set->requery();
+            EXPECT_EQ(ids(*set), expected);
+        }
     }
-}
-
-TEST_F(RecordsetTest, DynasetSeesEditsOfItsRows)
-{
-    addThree();
-    const auto set = rows(QStringLiteral("select * from Memos order by WindowName"));
-    EXPECT_EQ(set->field(QStringLiteral("WindowName")).toString(), u"Alpha");
-    rename(2, QStringLiteral("omega"));
-    EXPECT_EQ(set->field(QStringLiteral("WindowName")).toString(), u"omega");
-    add(QStringLiteral("omega"));
-    set->findFirst(QStringLiteral("WindowName='omega'"));
-    EXPECT_EQ(set->field(QStringLiteral("ID")), QVariant(2)) << "the new note is not among the rows";
-    set->findNext(QStringLiteral("WindowName='omega'"));
-    EXPECT_TRUE(set->noMatch());
-    EXPECT_EQ(set->field(QStringLiteral("ID")), QVariant(2));
-}
-
-TEST_F(RecordsetTest, FindsInTheOrderOfTheRows)
-{
-    addThree();
-    const auto set = rows(QStringLiteral("Select * From Memos order by WindowName desc"));
-    set->findFirst(QStringLiteral("ID<3"));
-    EXPECT_EQ(set->field(QStringLiteral("ID")), QVariant(1));
-    set->findNext(QStringLiteral("ID<3"));
-    EXPECT_EQ(set->field(QStringLiteral("ID")), QVariant(2));
-    set->findNext(QStringLiteral("ID<3"));
-    EXPECT_TRUE(set->noMatch());
-    EXPECT_EQ(errorOf([&] { set->findFirst(QStringLiteral("WindowName=\"a\"b\"")); }), kErrorSyntax);
-    EXPECT_EQ(errorOf([&] { set->findFirst(QStringLiteral("Title='a'")); }), kErrorItemNotFound);
-}
-
-TEST_F(RecordsetTest, FilterHoldsForRecordsetsOpenedFromIt)
-{
-    addThree();
-    const auto all = rows(QStringLiteral("select * from Memos where WindowName like '*a*' or false"));
-    all->setFilter(QStringLiteral("WindowName='beta' or ID=3"));
-    EXPECT_EQ(all->recordCount(), 3);
-    const auto some = all->openRecordset(RecordsetType::Dynaset);
-    EXPECT_EQ(some->recordCount(), 2);
-    some->setFilter(QStringLiteral("ID>1"));
-    const auto one = some->openRecordset(RecordsetType::Snapshot);
-    EXPECT_EQ(ids(*one), u"3 ");
-    all->setFilter(QStringLiteral("WindowName='"));
-    EXPECT_EQ(errorOf([&] { all->openRecordset(RecordsetType::Dynaset); }), kErrorSyntax);
-}
-
-TEST_F(RecordsetTest, ForwardOnlyShowsWhatWasThere)
-{
-    addThree();
-    const auto set = rows(QStringLiteral("select ID,WindowName from memos"), RecordsetType::ForwardOnly);
-    removeNote(2);
-    EXPECT_EQ(errorOf([&] { set->movePrevious(); }), kErrorInvalidOperation);
-    EXPECT_EQ(errorOf([&] { set->findFirst(QStringLiteral("ID=1")); }), kErrorInvalidOperation);
-    EXPECT_EQ(errorOf([&] { set->edit(); }), kErrorReadOnly);
-    EXPECT_EQ(ids(*set), u"1 2 3 ");
-}
-
-TEST_F(RecordsetTest, CountsAndExtremes)
-{
-    const QString extremes = QStringLiteral(
-        "Select Max(LastUpdate) as MaxLdate,Min(LastUpdate) as MinLdate ,Count(ID) as MCount from memos");
-    EXPECT_FALSE(rows(extremes)->field(QStringLiteral("maxldate")).isValid());
-    addThree();
-    const auto note = rows(QStringLiteral("select * from Memos"));
-    const QDateTime first(QDate(2024, 1, 2), QTime(3, 4, 5));
-    for (int i = 0; !note->eof(); note->moveNext(), ++i) {
-        note->edit();
-        note->setField(QStringLiteral("LastUpdate"), first.addDays(i));
-        note->update();
-    }
-    const auto result = rows(extremes);
-    EXPECT_EQ(result->field(QStringLiteral("minldate")).toDateTime(), first);
-    EXPECT_EQ(result->field(QStringLiteral("maxldate")).toDateTime(), first.addDays(2));
-    EXPECT_EQ(result->field(QStringLiteral("mcount")), QVariant(3));
-    const auto count = rows(QStringLiteral("select count(*) as mMemos from Memos where WindowName<>'beta'"),
-                            RecordsetType::ForwardOnly);
-    EXPECT_EQ(count->field(QStringLiteral("mMemos")), QVariant(2));
-}
-
-TEST_F(RecordsetTest, AClosedDatabaseLeavesNothingToUse)
-{
-    addThree();
-    const auto dynaset = rows(QStringLiteral("select * from Memos"));
-    const auto snapshot = rows(QStringLiteral("select * from Memos"), RecordsetType::Snapshot);
-    const auto closed = rows(QStringLiteral("select * from Memos"));
-    closed->close();
-    EXPECT_EQ(errorOf([&] { closed->moveFirst(); }), kErrorNothingThere);
-    database->close();
-    EXPECT_EQ(errorOf([&] { dynaset->field(QStringLiteral("ID")); }), kErrorNothingThere);
-    EXPECT_EQ(errorOf([&] { dynaset->recordCount(); }), kErrorNothingThere);
-    EXPECT_EQ(errorOf([&] { snapshot->requery(); }), kErrorNothingThere);
-    EXPECT_EQ(errorOf([&] { rows(QStringLiteral("select * from Memos")); }), kErrorNothingThere);
-}
-
-TEST_F(RecordsetTest, ReadOnlyRecordsetsAndDatabasesRefuseChanges)
-{
-    addThree();
-    const auto set =
-        database->openRecordset(QStringLiteral("select * from Memos"), RecordsetType::Dynaset, true);
-    EXPECT_EQ(errorOf([&] { set->addNew(); }), kErrorReadOnly);
-    database->close();
-    database = open({}, true);
-    EXPECT_EQ(ids(QStringLiteral("select * from Memos")), u"1 2 3 ");
-    EXPECT_EQ(errorOf([&] { rows(QStringLiteral("select * from Memos"))->remove(); }), kErrorReadOnly);
-    EXPECT_EQ(
-        errorOf([&] { database->setAllowZeroLength(QStringLiteral("Memos"), QStringLiteral("URL"), false); }),
-        kErrorReadOnly);
 }
 
 TEST_F(RecordsetTest, RequeryCostsByWhatChanged)
 {
     // Counted, not timed: statements for one changed note do not grow with the notes.
-    const auto cost = [this](int notes) {
-        while (add(QStringLiteral("note %1").arg(notes, 6, 10, QChar(u'0'))) < notes) {
+    const auto cost = [this](int count) {
+        while (add(u"note"_s) < count) {
         }
-        const auto index = rows(QStringLiteral("select ID,WindowName from Memos"), RecordsetType::Snapshot);
-        rename(3, QStringLiteral("renamed"));
+        const auto index = rows(u"select ID,WindowName from Memos"_s, RecordsetType::Snapshot);
+        change(3, u"WindowName"_s, u"renamed"_s);
         const quint64 before = database->statementCount();
         index->requery();
-        return database->statementCount() - before;
+        const quint64 after = database->statementCount();
+        index->recordCount();
+        index->moveLast();
+        EXPECT_EQ(database->statementCount(), after);
+        return after - before;
     };
     const quint64 few = cost(10);
     EXPECT_EQ(cost(60), few);
-    const auto index = rows(QStringLiteral("select ID,WindowName from Memos"), RecordsetType::Snapshot);
-    const quint64 before = database->statementCount();
-    index->recordCount();
-    index->moveLast();
-    EXPECT_EQ(database->statementCount(), before);
+}
+
+TEST_F(RecordsetTest, FilterHoldsForRecordsetsOpenedFromIt)
+{
+    addThree();
+    const auto all = notes(u"WindowName like '*a*' or false"_s);
+    all->setFilter(u"WindowName='beta' or ID=3"_s);
+    EXPECT_EQ(all->recordCount(), 3);
+    const auto some = all->openRecordset(RecordsetType::Dynaset);
+    EXPECT_EQ(some->recordCount(), 2);
+    some->setFilter(u"ID>1"_s);
+    EXPECT_EQ(ids(*some->openRecordset(RecordsetType::Snapshot)), u"3 ");
+    all->setFilter(u"WindowName='"_s);
+    EXPECT_EQ(errorOf([&] { all->openRecordset(RecordsetType::Dynaset); }), kErrorSyntax);
+}
+
+TEST_F(RecordsetTest, CountsAndExtremes)
+{
+    const QString extremes =
+        u"Select Max(LastUpdate) as MaxLdate,Min(LastUpdate) as MinLdate ,Count(ID) as MCount from memos"_s;
+    EXPECT_FALSE(rows(extremes)->field(u"maxldate"_s).isValid());
+    addThree();
+    const QDateTime first(QDate(2024, 1, 2), QTime(3, 4, 5));
+    for (int i = 0; i < 3; ++i)
+        change(i + 1, u"LastUpdate"_s, first.addDays(i));
+    const auto result = rows(extremes);
+    EXPECT_EQ(result->field(u"minldate"_s), first);
+    EXPECT_EQ(result->field(u"maxldate"_s), first.addDays(2));
+    EXPECT_EQ(result->field(u"mcount"_s), 3);
+    const auto count =
+        rows(u"select count(*) as mMemos from Memos where WindowName<>'beta'"_s, RecordsetType::ForwardOnly);
+    EXPECT_EQ(count->field(u"mMemos"_s), 2);
+}
+
+TEST_F(RecordsetTest, WhatIsReadOnlyForwardOnlyOrClosedRefusesTheRest)
+{
+    addThree();
+    const auto forward = rows(u"select ID,WindowName from memos"_s, RecordsetType::ForwardOnly);
+    const auto snapshot = rows(u"select * from Memos"_s, RecordsetType::Snapshot);
+    const auto readOnly = database->openRecordset(u"select * from Memos"_s, RecordsetType::Dynaset, true);
+    const auto dynaset = notes();
+    const auto closed = notes();
+    removeNote(2);
+    for (const auto &set : {forward.get(), snapshot.get(), readOnly.get()}) {
+        EXPECT_EQ(errorOf([&] { set->addNew(); }), kErrorReadOnly);
+        EXPECT_EQ(errorOf([&] { set->edit(); }), kErrorReadOnly);
+        EXPECT_EQ(errorOf([&] { set->remove(); }), kErrorReadOnly);
+    }
+    EXPECT_EQ(errorOf([&] { forward->movePrevious(); }), kErrorInvalidOperation);
+    EXPECT_EQ(errorOf([&] { forward->findFirst(u"ID=1"_s); }), kErrorInvalidOperation);
+    EXPECT_EQ(ids(*forward), u"1 2 3 ") << "what was there when it was opened";
+
+    closed->close();
+    EXPECT_EQ(errorOf([&] { closed->moveFirst(); }), kErrorNothingThere);
+    database->close();
+    for (const auto &set : {forward.get(), snapshot.get(), dynaset.get()}) {
+        EXPECT_EQ(errorOf([&] { set->field(u"ID"_s); }), kErrorNothingThere);
+        EXPECT_EQ(errorOf([&] { set->requery(); }), kErrorNothingThere);
+    }
+    EXPECT_EQ(errorOf([&] { notes(); }), kErrorNothingThere);
+
+    database = open({}, true);
+    EXPECT_EQ(ids(u"select * from Memos"_s), u"1 3 ");
+    EXPECT_EQ(errorOf([&] { notes()->remove(); }), kErrorReadOnly);
+    EXPECT_EQ(errorOf([&] { database->setAllowZeroLength(u"Memos"_s, u"URL"_s, false); }), kErrorReadOnly);
 }
 
 } // namespace

@@ -1,15 +1,15 @@
+#include "fakes/FakeNotifier.h"
 #include "fakes/FakePrompts.h"
 #include "fakes/FakeShellWindows.h"
 #include "fakes/MemorySettings.h"
-#include "platform/Notifier.h"
 #include "shell/AccessibilityOffer.h"
-#include "shell/FirstStartNotice.h"
+#include "shell/FirstNotices.h"
 
 #include <QCoreApplication>
-#include <QVector>
 #include <gtest/gtest.h>
 
 using namespace norvane;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -34,77 +34,61 @@ protected:
     qsizetype asked = 0;
 };
 
-class FakeNotifier : public Notifier
+TEST_F(Offer, AsksOnceAndRemembersTheAnswer)
 {
-public:
-    bool works = true;
-    QVector<QString> texts;
-
-    void notify(const QString &, const QString &text, const std::function<void(bool)> &done) override
-    {
-        texts.append(text);
-        done(works);
+    run();
+    EXPECT_EQ(asked, 0) << "nothing is missing";
+    for (const bool accepted : {true, false}) {
+        settings.values.clear();
+        asked = 0;
+        prompts.boxes.clear();
+        prompts.answers.enqueue(accepted ? Prompts::kYes : Prompts::kNo);
+        for (int session = 0; session < 2; ++session) {
+            shellWindows.accessibilityNeeded = true;
+            run();
+            EXPECT_EQ(asked, 1);
+            EXPECT_EQ(shellWindows.accessibilityNeeded, !accepted);
+        }
     }
+}
+
+class Notices : public testing::Test
+{
+protected:
+    void run()
+    {
+        FirstNotices notices(settings, notifier, [this](const QString &text) {
+            otherwise.append(text);
+            return otherwise.size() == 1; // nothing is queued
+        });
+        notices.tellKeys(u"Ctrl+Alt+A"_s, u"Ctrl+Alt+W"_s);
+        notices.tellOnlyX();
+    }
+
+    fakes::MemorySettings settings;
+    fakes::FakeNotifier notifier;
+    QStringList otherwise;
 };
 
+TEST_F(Notices, AreGivenOnceEver)
+{
+    run();
+    run();
+    ASSERT_EQ(notifier.shown.size(), 2);
+    EXPECT_TRUE(notifier.shown[0].contains(u"Ctrl+Alt+A") && notifier.shown[0].contains(u"Ctrl+Alt+W"));
+    EXPECT_TRUE(notifier.shown[1].contains(u"Wayland"));
+    EXPECT_TRUE(otherwise.isEmpty());
+}
+
+TEST_F(Notices, FindAnotherWayOnADesktopWithoutNotifications)
+{
+    notifier.available = false;
+    run();
+    EXPECT_EQ(otherwise.size(), 2);
+    run();
+    ASSERT_EQ(otherwise.size(), 3) << "the second had no room and comes at the next start";
+    EXPECT_TRUE(otherwise[0].contains(u"Ctrl+Alt+A"));
+    EXPECT_EQ(otherwise[2], otherwise[1]);
+}
+
 } // namespace
-
-TEST_F(Offer, AsksOnceAndRemembersYes)
-{
-    shellWindows.accessibilityNeeded = true;
-    prompts.answers.enqueue(Prompts::kYes);
-    run();
-    ASSERT_EQ(asked, 1);
-    EXPECT_EQ(prompts.boxes[0].style, Prompts::kYesNo | Prompts::kQuestion);
-    EXPECT_FALSE(shellWindows.accessibilityNeeded);
-
-    shellWindows.accessibilityNeeded = true; // a new session
-    run();
-    EXPECT_EQ(asked, 1);
-    EXPECT_FALSE(shellWindows.accessibilityNeeded);
-}
-
-TEST_F(Offer, AsksOnceAndRemembersNo)
-{
-    shellWindows.accessibilityNeeded = true;
-    prompts.answers.enqueue(Prompts::kNo);
-    run();
-    run();
-    EXPECT_EQ(asked, 1);
-    EXPECT_TRUE(shellWindows.accessibilityNeeded);
-}
-
-TEST_F(Offer, DoesNotAskWhereNothingIsMissing)
-{
-    run();
-    EXPECT_EQ(asked, 0);
-    EXPECT_TRUE(settings.values.isEmpty());
-}
-
-TEST(FirstStart, TellsTheTwoKeysOnceEver)
-{
-    fakes::MemorySettings settings;
-    FakeNotifier notifier;
-    int otherwise = 0;
-    for (int start = 0; start < 2; ++start) {
-        FirstStartNotice notice(settings, notifier);
-        notice.show(QStringLiteral("Ctrl+Alt+A"), QStringLiteral("Ctrl+Alt+W"),
-                    [&](const QString &) { ++otherwise; });
-    }
-    ASSERT_EQ(notifier.texts.size(), 1);
-    EXPECT_TRUE(notifier.texts[0].contains(u"Ctrl+Alt+A"));
-    EXPECT_TRUE(notifier.texts[0].contains(u"Ctrl+Alt+W"));
-    EXPECT_EQ(otherwise, 0);
-}
-
-TEST(FirstStart, FindsAnotherWayOnADesktopWithoutNotifications)
-{
-    fakes::MemorySettings settings;
-    FakeNotifier notifier;
-    notifier.works = false;
-    QString shown;
-    FirstStartNotice notice(settings, notifier);
-    notice.show(QStringLiteral("Ctrl+Alt+A"), QStringLiteral("Ctrl+Alt+W"),
-                [&](const QString &text) { shown = text; });
-    EXPECT_TRUE(shown.contains(u"Ctrl+Alt+A"));
-}

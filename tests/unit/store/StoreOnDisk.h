@@ -12,6 +12,8 @@
 
 namespace norvane::test {
 
+using namespace Qt::StringLiterals;
+
 /// A note store on real files in a folder of its own; nothing is made or opened yet.
 class StoreOnDisk
 {
@@ -23,38 +25,38 @@ public:
         store.programFolder = folder.path();
     }
 
-    void makeDatabase() { makeNoteDatabase(*engine, files, store.DatabaseFile); }
+    void makeDatabase(const QString &password = {})
+    {
+        makeNoteDatabase(*engine, files, store.DatabaseFile);
+        if (!password.isEmpty())
+            setPassword(store.DatabaseFile, password);
+    }
+    void setPassword(const QString &file, const QString &password)
+    {
+        engine->workspace(0)->openDatabase(file, false, false, {})->newPassword({}, password);
+    }
+    std::unique_ptr<dao::Recordset> notes(const QString &condition)
+    {
+        return store.database()->openRecordset(u"select * from Memos where "_s + condition);
+    }
     /// @return the ID of the new note
     int addNote(const QString &friendlyName, const QVariant &url = {})
     {
-        const auto notes = store.database()->openRecordset(QStringLiteral("select * from Memos where false"));
-        notes->addNew();
-        notes->setField(QStringLiteral("WindowName"), friendlyName);
-        notes->setField(QStringLiteral("FriendlyName"), friendlyName);
-        notes->setField(QStringLiteral("URL"), url);
-        notes->setField(QStringLiteral("CAT_ID"), 0);
-        const int ID = notes->field(QStringLiteral("ID")).toInt();
-        notes->update();
-        store.requeryNoteIndex();
+        const auto row = notes(u"false"_s);
+        row->addNew();
+        row->setField(u"WindowName"_s, friendlyName);
+        row->setField(u"FriendlyName"_s, friendlyName);
+        row->setField(u"URL"_s, url);
+        row->setField(u"CAT_ID"_s, 0);
+        const int ID = row->field(u"ID"_s).toInt();
+        row->update();
         return ID;
     }
-    QByteArray bytes() const { return bytesOf(store.DatabaseFile); }
-    static QByteArray bytesOf(const QString &path)
+    /// What stands in the database's file.
+    QByteArray bytes() const
     {
-        QFile file(path);
+        QFile file(store.DatabaseFile);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
-    void put(const QString &path, const QByteArray &bytes)
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-    void setPassword(const QString &password)
-    {
-        const auto database = engine->workspace(0)->openDatabase(store.DatabaseFile, false, false, QString());
-        database->newPassword(QString(), password);
-        database->close();
     }
 
     QTemporaryDir folder;

@@ -3,8 +3,6 @@
 #include "store/NoteDatabaseSwitch.h"
 #include "unit/store/StoreOnDisk.h"
 
-#include <QFileInfo>
-
 using namespace norvane;
 using namespace norvane::test;
 
@@ -23,8 +21,7 @@ protected:
         WindowHandle hWnd() const override { return kNoWindow; }
         void unload() override
         {
-            const bool open = m_test.store.database() != nullptr;
-            m_test.log.append(open ? m_name + QStringLiteral(" (open)") : m_name);
+            m_test.log.append(m_test.store.database() ? m_name + u'*' : m_name);
             m_test.forms.remove(this);
         }
 
@@ -33,69 +30,61 @@ protected:
         QString m_name;
     };
 
+    /// Loads forms of these names and forgets what happened so far.
     void load(const QStringList &names)
     {
+        log.clear();
         for (const QString &name : names)
             m_made.push_back(std::make_unique<NamedForm>(*this, name));
     }
 
     FormList forms;
-    QStringList log;
+    QStringList log; ///< with a mark where the database was open
     fakes::FakePrompts prompts;
-    NoteDatabaseSwitch databases{store,
-                                 forms,
-                                 prompts,
-                                 {[this](const QString &text) { log.append(text); },
-                                  [this] { log.append(QStringLiteral("unload frame")); }}};
+    NoteDatabaseSwitch databases{
+        store,
+        forms,
+        prompts,
+        {[this](const QString &text) { log.append(text); }, [this] { log.append(u"unload frame"_s); }}};
 
 private:
     std::vector<std::unique_ptr<NamedForm>> m_made;
 };
 
-TEST_F(SwitchingDatabases, opensADatabaseAndMakesAMissingOne)
+TEST_F(SwitchingDatabases, OpensADatabaseAndMakesAMissingOne)
 {
     EXPECT_TRUE(databases.OpenNoteDatabase(store.DatabaseFile));
-    EXPECT_TRUE(QFileInfo::exists(store.DatabaseFile));
-    EXPECT_EQ(store.NoteIndex()->recordCount(), 0);
-    EXPECT_EQ(log, QStringList(QStringLiteral(" Database Path: ") + store.DatabaseFolder.toUpper()));
-
-    const int ID = addNote(QStringLiteral("stays"));
+    EXPECT_EQ(log, QStringList(u" Database Path: "_s + store.DatabaseFolder.toUpper()));
+    const int ID = addNote(u"stays"_s);
     EXPECT_TRUE(databases.OpenNoteDatabase(store.DatabaseFile));
-    EXPECT_EQ(store.NoteSet()->field(QStringLiteral("ID")).toInt(), ID);
+    EXPECT_EQ(store.NoteSet()->field(u"ID"_s), QVariant(ID));
     EXPECT_TRUE(prompts.boxes.isEmpty());
+
+    load({u"frmSticky"_s, u"frmEditor"_s, u"frmSticky"_s});
+    databases.CloseNoteDatabase();
+    EXPECT_EQ(log.join(u','), u"frmSticky*,frmSticky*,unload frame");
+    EXPECT_EQ(store.database(), nullptr);
 }
 
-TEST_F(SwitchingDatabases, aFailureIsReportedAndEndsTheProgram)
+TEST_F(SwitchingDatabases, AFailureIsReportedAndEndsTheProgram)
 {
-    put(store.DatabaseFile, "text");
-    load({QStringLiteral("frmSticky"), QStringLiteral("frmMain"), QStringLiteral("FRMOPEN")});
+    files.write(store.DatabaseFile, "text");
+    load({u"frmSticky"_s, u"frmMain"_s, u"FRMOPEN"_s});
     EXPECT_FALSE(databases.OpenNoteDatabase(store.DatabaseFile));
     ASSERT_EQ(prompts.boxes.size(), 1);
-    EXPECT_EQ(prompts.boxes.constFirst().title, QStringLiteral("Norvane Internal Error"));
-    EXPECT_TRUE(prompts.boxes.constFirst().text.startsWith(
+    EXPECT_EQ(prompts.boxes[0].title, u"Norvane Internal Error");
+    EXPECT_TRUE(prompts.boxes[0].text.startsWith(
         u"Norvane Database Failed.\r\nError Code: 3343\r\nError Description: "));
-    EXPECT_EQ(log.join(u',').toStdString(), "frmSticky,FRMOPEN,unload frame");
-    EXPECT_EQ(store.database(), nullptr);
+    EXPECT_EQ(log.join(u','), u"frmSticky,FRMOPEN,unload frame");
     EXPECT_EQ(bytes(), "text");
 }
 
-TEST_F(SwitchingDatabases, closingUnloadsTheNotesWhileTheDatabaseIsOpen)
+TEST_F(SwitchingDatabases, UnloadsTheWindowsThatShowTheDatabase)
 {
-    ASSERT_TRUE(databases.OpenNoteDatabase(store.DatabaseFile));
-    log.clear();
-    load({QStringLiteral("frmSticky"), QStringLiteral("frmEditor"), QStringLiteral("frmSticky")});
-    databases.CloseNoteDatabase();
-    EXPECT_EQ(log.join(u',').toStdString(), "frmSticky (open),frmSticky (open),unload frame");
-}
-
-TEST_F(SwitchingDatabases, unloadsTheWindowsThatShowTheDatabase)
-{
-    load({QStringLiteral("mdiMain"), QStringLiteral("frmMain"), QStringLiteral("frmSearch"),
-          QStringLiteral("frmProperty"), QStringLiteral("frmEditor2"), QStringLiteral("frmSetting"),
-          QStringLiteral("frmEditor"), QStringLiteral("frmOpen"), QStringLiteral("frmSticky")});
+    load({u"mdiMain"_s, u"frmMain"_s, u"frmSearch"_s, u"frmProperty"_s, u"frmEditor2"_s, u"frmSetting"_s,
+          u"frmEditor"_s, u"frmOpen"_s, u"frmSticky"_s});
     databases.UnloadDatabaseForms();
-    EXPECT_EQ(log.join(u',').toStdString(), "frmSearch,frmProperty,frmEditor2,frmEditor,frmOpen,frmSticky");
-    EXPECT_EQ(forms.all().size(), 3);
+    EXPECT_EQ(log.join(u','), u"frmSearch,frmProperty,frmEditor2,frmEditor,frmOpen,frmSticky");
 }
 
 } // namespace

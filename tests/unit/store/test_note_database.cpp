@@ -17,101 +17,56 @@ protected:
     {
         return CompactNoteDatabase(*engine, files, store.DatabaseFile, store.programFolder, password);
     }
-    QString temporary() const { return folder.filePath(QStringLiteral("Norvane.tmp")); }
+    bool opensWith(const QString &password) { return PasswordIsValid(*engine, store.DatabaseFile, password); }
+    void expectContent(FileContent content, bool hasPassword)
+    {
+        EXPECT_EQ(whatIsInFile(*engine, files, store.DatabaseFile).kind, content);
+        EXPECT_EQ(DatabaseHasPassword(*engine, store.DatabaseFile), hasPassword);
+    }
+    QString temporary() const { return folder.filePath(u"Norvane.tmp"_s); }
 };
 
-TEST_F(NoteDatabase, tellsFilesWithAPasswordFromThoseWithout)
+TEST_F(NoteDatabase, WithoutAPasswordIsToldFromAnythingElse)
 {
-    makeDatabase();
-    EXPECT_FALSE(DatabaseHasPassword(*engine, store.DatabaseFile));
-    EXPECT_TRUE(PasswordIsValid(*engine, store.DatabaseFile, QString()));
-    EXPECT_EQ(whatIsInFile(*engine, files, store.DatabaseFile).kind, FileContent::Opens);
-
-    setPassword(QStringLiteral("pass;pwd='word"));
-    EXPECT_TRUE(DatabaseHasPassword(*engine, store.DatabaseFile));
-    EXPECT_FALSE(PasswordIsValid(*engine, store.DatabaseFile, QStringLiteral("PASS;PWD='WORD")));
-    EXPECT_TRUE(PasswordIsValid(*engine, store.DatabaseFile, QStringLiteral("pass;pwd='word")));
-    EXPECT_EQ(whatIsInFile(*engine, files, store.DatabaseFile).kind, FileContent::NeedsPassword);
-}
-
-TEST_F(NoteDatabase, countsWhatCannotBeOpenedAsOneWithAPassword)
-{
-    EXPECT_TRUE(DatabaseHasPassword(*engine, store.DatabaseFile));
-    EXPECT_EQ(whatIsInFile(*engine, files, store.DatabaseFile).kind, FileContent::Missing);
-    put(store.DatabaseFile, "hello");
-    EXPECT_TRUE(DatabaseHasPassword(*engine, store.DatabaseFile));
-    EXPECT_FALSE(PasswordIsValid(*engine, store.DatabaseFile, QStringLiteral("hello")));
-    EXPECT_EQ(whatIsInFile(*engine, files, store.DatabaseFile).kind, FileContent::Unusable);
+    expectContent(FileContent::Missing, true);
+    files.write(store.DatabaseFile, "hello");
+    expectContent(FileContent::Unusable, true);
+    EXPECT_FALSE(opensWith(u"hello"_s));
     EXPECT_EQ(bytes(), "hello");
-}
+    files.remove(store.DatabaseFile);
 
-TEST_F(NoteDatabase, isLockedWhileItIsHeldAlone)
-{
-    EXPECT_FALSE(DatabaseIsLocked(*engine, store.DatabaseFile));
     makeDatabase();
-    EXPECT_FALSE(DatabaseIsLocked(*engine, store.DatabaseFile));
-    const auto alone = engine->workspace(0)->openDatabase(store.DatabaseFile, true, false, QString());
-    EXPECT_TRUE(DatabaseIsLocked(*engine, store.DatabaseFile));
-    alone->close();
-    EXPECT_FALSE(DatabaseIsLocked(*engine, store.DatabaseFile));
+    expectContent(FileContent::Opens, false);
+    setPassword(store.DatabaseFile, u"pass;pwd='word"_s);
+    expectContent(FileContent::NeedsPassword, true);
+    EXPECT_FALSE(opensWith(u"PASS;PWD='WORD"_s));
+    EXPECT_TRUE(opensWith(u"pass;pwd='word"_s));
 }
 
-TEST_F(NoteDatabase, compactsPastAStaleTemporaryFile)
+TEST_F(NoteDatabase, CompactsPastAStaleTemporaryFile)
 {
     makeDatabase();
     store.open();
-    const int kept = addNote(QStringLiteral("kept"));
+    const int kept = addNote(u"kept"_s);
     for (int i = 0; i < 50; ++i)
-        addNote(QStringLiteral("gone %1 ").arg(i) + QString(200, u'x'));
-    const auto gone =
-        store.database()->openRecordset(QStringLiteral("select * from Memos where WindowName like 'gone*'"));
-    for (; !gone->eof(); gone->moveNext())
+        addNote(u"gone %1 "_s.arg(i) + QString(200, u'x'));
+    for (const auto gone = notes(u"WindowName like 'gone*'"_s); !gone->eof(); gone->moveNext())
         gone->remove();
-    gone->close();
+    const QByteArray open = bytes();
+    EXPECT_FALSE(compact()) << "it is in use";
+    EXPECT_EQ(bytes(), open);
     store.close();
-    const qint64 before = QFileInfo(store.DatabaseFile).size();
-    put(temporary(), "stale");
+    files.write(temporary(), "stale");
 
     EXPECT_TRUE(compact());
     EXPECT_FALSE(QFileInfo::exists(temporary()));
-    EXPECT_LT(QFileInfo(store.DatabaseFile).size(), before);
+    EXPECT_LT(bytes().size(), open.size());
     store.open();
     EXPECT_EQ(store.NoteSet()->recordCount(), 1);
-    EXPECT_EQ(store.NoteSet()->field(QStringLiteral("ID")).toInt(), kept);
-    // A number is not given twice: a stale body file must not turn up in a new note.
-    EXPECT_GT(addNote(QStringLiteral("new")), kept + 50);
+    EXPECT_EQ(store.NoteSet()->field(u"ID"_s), QVariant(kept));
 }
 
-TEST_F(NoteDatabase, compactsUnderItsPassword)
-{
-    makeDatabase();
-    setPassword(QStringLiteral("secret"));
-    const QByteArray before = bytes();
-    EXPECT_FALSE(compact(QStringLiteral("wrong")));
-    EXPECT_EQ(bytes(), before);
-    EXPECT_TRUE(compact(QStringLiteral("secret")));
-    EXPECT_TRUE(PasswordIsValid(*engine, store.DatabaseFile, QStringLiteral("secret")));
-    EXPECT_TRUE(DatabaseHasPassword(*engine, store.DatabaseFile));
-}
-
-TEST_F(NoteDatabase, compactingLeavesAFileAloneThatIsInUseOrNoDatabase)
-{
-    makeDatabase();
-    store.open();
-    const QByteArray open = bytes();
-    EXPECT_FALSE(compact());
-    EXPECT_EQ(bytes(), open);
-    store.close();
-
-    files.remove(store.DatabaseFile);
-    EXPECT_FALSE(compact());
-    put(store.DatabaseFile, "text");
-    EXPECT_FALSE(compact());
-    EXPECT_EQ(bytes(), "text");
-    EXPECT_FALSE(QFileInfo::exists(temporary()));
-}
-
-TEST_F(NoteDatabase, ofAnEarlierBuildIsRepairedOnceAndNeverWrittenAgain)
+TEST_F(NoteDatabase, OfAnEarlierBuildIsRepairedOnceAndNeverWrittenAgain)
 {
     dao::TableDef memos = memosTable();
     memos.fields[1].allowZeroLength = false;

@@ -11,25 +11,16 @@ namespace {
 class NoteStoreOnDisk : public testing::Test, protected StoreOnDisk
 {
 protected:
-    void SetUp() override { makeDatabase(); }
+    void SetUp() override
+    {
+        makeDatabase();
+        store.open();
+    }
 };
 
-TEST_F(NoteStoreOnDisk, opensItsThreeRecordsets)
+TEST_F(NoteStoreOnDisk, LeavesNothingOpenAfterAFailure)
 {
-    store.open();
-    EXPECT_EQ(store.NoteSet()->fieldNames().size(), 26);
-    EXPECT_EQ(store.NoteIndex()->fieldNames(),
-              QStringList({QStringLiteral("ID"), QStringLiteral("WindowName"), QStringLiteral("URL"),
-                           QStringLiteral("Active"), QStringLiteral("FriendlyName"),
-                           QStringLiteral("LocationName"), QStringLiteral("ClassName")}));
-    EXPECT_EQ(store.CategorySet()->fieldNames().size(), 4);
-    EXPECT_NE(errorOf([this] { store.NoteIndex()->edit(); }), 0);
-}
-
-TEST_F(NoteStoreOnDisk, leavesNothingOpenAfterAFailure)
-{
-    store.open();
-    store.DatabasePassword = QStringLiteral("wrong");
+    store.DatabasePassword = u"wrong"_s;
     EXPECT_EQ(errorOf([this] { store.open(); }), kErrorNotAPassword);
     EXPECT_EQ(store.database(), nullptr);
     EXPECT_EQ(store.NoteSet(), nullptr);
@@ -39,97 +30,79 @@ TEST_F(NoteStoreOnDisk, leavesNothingOpenAfterAFailure)
     EXPECT_EQ(errorOf([this] { store.requeryNoteSet(); }), kErrorNothingThere);
 }
 
-TEST_F(NoteStoreOnDisk, countsWhatMakesKeptAnswersOld)
+TEST_F(NoteStoreOnDisk, ShowsANewNoteInTheIndexOnlyAfterItsRequery)
 {
-    store.open();
+    const auto found = [this] {
+        store.NoteIndex()->findFirst(u"WindowName='x'"_s);
+        return !store.NoteIndex()->noMatch();
+    };
+    EXPECT_EQ(store.NoteIndex()->fieldNames().join(u','),
+              u"ID,WindowName,URL,Active,FriendlyName,LocationName,ClassName");
+    EXPECT_EQ(errorOf([this] { store.NoteIndex()->addNew(); }), kErrorReadOnly);
     const quint64 opened = store.noteChangeCount();
+    addNote(u"x"_s);
     store.requeryNoteSet();
+    EXPECT_FALSE(found());
     EXPECT_EQ(store.noteChangeCount(), opened);
     store.requeryNoteIndex();
-    const quint64 requeried = store.noteChangeCount();
-    EXPECT_GT(requeried, opened);
+    EXPECT_TRUE(found());
+    EXPECT_EQ(store.noteChangeCount(), opened + 1) << "answers kept from it are old";
     store.open();
-    EXPECT_GT(store.noteChangeCount(), requeried);
+    EXPECT_EQ(store.noteChangeCount(), opened + 2);
 }
 
-TEST_F(NoteStoreOnDisk, showsANewNoteInTheIndexOnlyAfterItsRequery)
+TEST_F(NoteStoreOnDisk, NamesBodyFilesByEightDigits)
 {
-    store.open();
-    const auto notes = store.database()->openRecordset(QStringLiteral("select * from Memos where false"));
-    notes->addNew();
-    notes->setField(QStringLiteral("WindowName"), QStringLiteral("x"));
-    notes->setField(QStringLiteral("CAT_ID"), 0);
-    notes->update();
-    store.NoteIndex()->findFirst(QStringLiteral("WindowName='x'"));
-    EXPECT_TRUE(store.NoteIndex()->noMatch());
-    store.requeryNoteIndex();
-    store.NoteIndex()->findFirst(QStringLiteral("WindowName='x'"));
-    EXPECT_FALSE(store.NoteIndex()->noMatch());
+    EXPECT_EQ(store.bodyFile(7), store.DatabaseFolder + u"Norvane_00000007"_s);
+    EXPECT_EQ(store.bodyFile(123456789), store.DatabaseFolder + u"Norvane_123456789"_s);
 }
 
-TEST_F(NoteStoreOnDisk, namesBodyFilesByEightDigits)
+TEST_F(NoteStoreOnDisk, SavesARowAndNothingElseOfIt)
 {
-    EXPECT_EQ(store.bodyFile(7), store.DatabaseFolder + QStringLiteral("Norvane_00000007"));
-    EXPECT_EQ(store.bodyFile(123456789), store.DatabaseFolder + QStringLiteral("Norvane_123456789"));
-}
-
-TEST_F(NoteStoreOnDisk, savesARowAndNothingElseOfIt)
-{
-    store.open();
-    const int other = addNote(QStringLiteral("Other"));
-    const int ID = addNote(QStringLiteral("Page"));
+    addNote(u"Other"_s);
+    const int ID = addNote(u"Page"_s);
     const QDateTime time(QDate(2001, 2, 3), QTime(4, 5, 6));
-    const QString text = QStringLiteral("'quotes\" | שלום 😀\n").repeated(300);
+    const QString text = u"'quotes\" | שלום 😀\n"_s.repeated(300);
     SaveNoteRow(store, ID, {time, QRectF(15.5, -30.4, 5100.5, 1e6), text});
 
-    const auto row =
-        store.database()->openRecordset(QStringLiteral("select * from Memos where ID=%1").arg(ID));
-    EXPECT_EQ(row->field(QStringLiteral("LastUpdate")).toDateTime(), time);
-    EXPECT_EQ(row->field(QStringLiteral("winLeft")).toInt(), 16);
-    EXPECT_EQ(row->field(QStringLiteral("Wintop")).toInt(), -30);
-    EXPECT_EQ(row->field(QStringLiteral("winWidth")).toInt(), 5100);
-    EXPECT_EQ(row->field(QStringLiteral("winHeight")).toInt(), 1000000);
-    EXPECT_EQ(row->field(QStringLiteral("NoteText")).toString(), text);
-    EXPECT_EQ(row->field(QStringLiteral("FriendlyName")).toString(), QStringLiteral("Page"));
-    const auto untouched =
-        store.database()->openRecordset(QStringLiteral("select * from Memos where ID=%1").arg(other));
-    EXPECT_FALSE(untouched->field(QStringLiteral("NoteText")).isValid());
+    const auto row = notes(u"NoteText is not null"_s);
+    EXPECT_EQ(row->recordCount(), 1);
+    const std::pair<QString, QVariant> expected[] = {{u"ID"_s, ID},         {u"LastUpdate"_s, time},
+                                                     {u"winLeft"_s, 16},    {u"Wintop"_s, -30},
+                                                     {u"winWidth"_s, 5100}, {u"winHeight"_s, 1000000},
+                                                     {u"NoteText"_s, text}, {u"FriendlyName"_s, u"Page"_s}};
+    for (const auto &[field, value] : expected)
+        EXPECT_EQ(row->field(field), value) << field.toStdString();
 }
 
-TEST_F(NoteStoreOnDisk, saysWhyARowCannotBeSaved)
+TEST_F(NoteStoreOnDisk, SaysWhyARowCannotBeSaved)
 {
-    store.open();
-    const int ID = addNote(QStringLiteral("Page"));
-    const NoteRowValues values = {QDateTime(QDate(2001, 2, 3), QTime(4, 5)), QRectF(0, 0, 100, 100),
-                                  QString()};
-    NoteRowValues farAway = values;
-    farAway.place.moveLeft(1e10);
-    NoteRowValues nowhere = values;
-    nowhere.place.moveTop(qQNaN());
-    EXPECT_EQ(errorOf([&] { SaveNoteRow(store, ID + 1, values); }), kErrorNoCurrentRecord);
-    EXPECT_EQ(errorOf([&] { SaveNoteRow(store, ID, farAway); }), kErrorOverflow);
-    EXPECT_EQ(errorOf([&] { SaveNoteRow(store, ID, nowhere); }), kErrorOverflow);
-    EXPECT_EQ(errorOf([&] { SaveNoteRow(store, ID, values); }), 0);
+    const int ID = addNote(u"Page"_s);
+    const auto save = [this](int id, const QRectF &place) {
+        return errorOf([&] { SaveNoteRow(store, id, {QDateTime::currentDateTime(), place, {}}); });
+    };
+    EXPECT_EQ(save(ID + 1, QRectF(0, 0, 1, 1)), kErrorNoCurrentRecord);
+    EXPECT_EQ(save(ID, QRectF(1e10, 0, 1, 1)), kErrorOverflow);
+    EXPECT_EQ(save(ID, QRectF(0, qQNaN(), 1, 1)), kErrorOverflow);
+    EXPECT_EQ(save(ID, QRectF(0, 0, 1, 1)), 0);
     store.close();
-    EXPECT_EQ(errorOf([&] { SaveNoteRow(store, ID, values); }), kErrorNothingThere);
+    EXPECT_EQ(save(ID, QRectF(0, 0, 1, 1)), kErrorNothingThere);
 }
 
-TEST_F(NoteStoreOnDisk, offersThePagesOfNotesWithALocation)
+TEST_F(NoteStoreOnDisk, OffersThePagesOfNotesWithALocation)
 {
-    store.open();
-    addNote(QStringLiteral("Zoo"), QStringLiteral("https://zoo.example/"));
-    addNote(QStringLiteral("plain"), QString());
-    addNote(QStringLiteral("blank"), QStringLiteral("   "));
-    addNote(QStringLiteral("null"));
-    const int first = addNote(QStringLiteral("an \"apple\""), QStringLiteral("/home/user/apple"));
-    addNote(QStringLiteral(" "), QStringLiteral("https://nameless.example/"));
+    addNote(u"Zoo"_s, u"https://zoo.example/"_s);
+    addNote(u"plain"_s, QString());
+    addNote(u"blank"_s, u"   "_s);
+    addNote(u"null"_s);
+    const int apple = addNote(u"an \"apple\""_s, u"/home/user/apple"_s);
+    addNote(u" "_s, u"https://nameless.example/"_s);
     QStringList captions;
     const QVector<OpenPageEntry> pages = openPageEntries(*store.database());
     for (const OpenPageEntry &page : pages)
         captions.append(page.caption);
-    EXPECT_EQ(captions, QStringList({QStringLiteral("https://nameless.example/"),
-                                     QStringLiteral("an \"apple\""), QStringLiteral("Zoo")}));
-    EXPECT_EQ(pages.at(1).ID, first);
+    EXPECT_EQ(captions.join(u','), u"https://nameless.example/,an \"apple\",Zoo");
+    EXPECT_EQ(pages.at(1).ID, apple);
 }
 
 } // namespace

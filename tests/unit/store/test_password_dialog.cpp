@@ -16,120 +16,105 @@ namespace {
 class PasswordDialog : public testing::Test, protected StoreOnDisk
 {
 protected:
-    void SetUp() override
+    PasswordDialog()
     {
-        makeDatabase();
-        setPassword(QStringLiteral("secret"));
-        protectedFile = store.DatabaseFile;
-        otherFolder = folder.filePath(QStringLiteral("other"));
-        otherFile = databaseFileIn(otherFolder + u'/');
+        makeDatabase(u"secret"_s);
         QDir().mkpath(otherFolder);
         prompts.folders.enqueue(otherFolder);
     }
-    PasswordDialogModel dialog() { return {store, prompts, events, store.DatabaseFile}; }
 
-    QString protectedFile;
-    QString otherFolder;
-    QString otherFile;
+    const QString protectedFile = store.DatabaseFile;
+    const QString otherFolder = folder.filePath(u"other"_s);
+    const QString otherFile = databaseFileIn(otherFolder + u'/');
     fakes::FakePrompts prompts;
     fakes::FakeEventLoop events;
+    /// Made when it is first asked for: it looks at the file at once.
+    PasswordDialogModel &model()
+    {
+        if (!m_model)
+            m_model.emplace(store, prompts, events, store.DatabaseFile);
+        return *m_model;
+    }
+
+private:
+    std::optional<PasswordDialogModel> m_model;
 };
 
-TEST_F(PasswordDialog, takesOnlyTheRightPassword)
+TEST_F(PasswordDialog, TakesOnlyTheRightPassword)
 {
-    PasswordDialogModel model = dialog();
-    EXPECT_EQ(model.Command1_Click(QString()), Next::SelectText);
-    EXPECT_EQ(model.Command1_Click(QStringLiteral("Secret")), Next::SelectText);
-    EXPECT_EQ(prompts.boxes.size(), 2);
-    EXPECT_EQ(prompts.boxes.constLast().style, Prompts::kCritical);
+    EXPECT_TRUE(model().passwordCanHelp());
+    EXPECT_EQ(model().toolTip(), u"Database: "_s + store.DatabaseFolder);
+    EXPECT_EQ(model().Command1_Click(QString()), Next::SelectText);
+    EXPECT_EQ(model().Command1_Click(u"Secret"_s), Next::SelectText);
+    ASSERT_EQ(prompts.boxes.size(), 2);
+    EXPECT_EQ(prompts.boxes[1].text, u"Invalid Password!");
+    EXPECT_EQ(prompts.boxes[1].title, u"Norvane Security");
+    EXPECT_EQ(prompts.boxes[1].style, Prompts::kCritical);
     EXPECT_TRUE(store.DatabasePassword.isEmpty());
     EXPECT_EQ(events.yields, 0);
 
-    EXPECT_EQ(model.Command1_Click(QStringLiteral("secret")), Next::Hide);
-    EXPECT_EQ(model.password(), QStringLiteral("secret"));
-    EXPECT_EQ(store.DatabasePassword, QStringLiteral("secret"));
+    EXPECT_EQ(model().Command1_Click(u"secret"_s), Next::Hide);
+    EXPECT_EQ(model().password(), u"secret");
+    EXPECT_EQ(store.DatabasePassword, u"secret");
     EXPECT_EQ(store.DatabaseFile, protectedFile);
     EXPECT_EQ(events.yields, 1);
 }
 
-TEST_F(PasswordDialog, movesToADatabaseWithoutAPassword)
+TEST_F(PasswordDialog, MovesToADatabaseWithoutAPassword)
 {
     makeNoteDatabase(*engine, files, otherFile);
-    PasswordDialogModel model = dialog();
-    EXPECT_EQ(model.Command3_Click(), Next::Hide);
+    EXPECT_EQ(model().Command3_Click(), Next::Hide);
     EXPECT_EQ(store.DatabaseFile, otherFile);
     EXPECT_EQ(store.DatabaseFolder, otherFolder + u'/');
-    EXPECT_TRUE(model.password().isEmpty());
+    EXPECT_TRUE(model().password().isEmpty());
     ASSERT_EQ(prompts.folderRequests.size(), 1);
-    EXPECT_EQ(prompts.folderRequests.constFirst().title, QStringLiteral("Select Norvane Database Folder:"));
+    EXPECT_EQ(prompts.folderRequests[0].title, u"Select Norvane Database Folder:");
 }
 
-TEST_F(PasswordDialog, goesOnForAnotherDatabaseWithAPassword)
+TEST_F(PasswordDialog, GoesOnForAnotherDatabaseWithAPassword)
 {
     makeNoteDatabase(*engine, files, otherFile);
-    const auto database = engine->workspace(0)->openDatabase(otherFile, false, false, QString());
-    database->newPassword(QString(), QStringLiteral("other"));
-    database->close();
-
-    PasswordDialogModel model = dialog();
-    EXPECT_EQ(model.Command3_Click(), Next::FocusText);
+    setPassword(otherFile, u"other"_s);
+    EXPECT_EQ(model().Command3_Click(), Next::FocusText);
     EXPECT_EQ(store.DatabaseFile, protectedFile);
-    EXPECT_EQ(model.toolTip(), QStringLiteral("Database: ") + otherFolder + u'/');
-    EXPECT_EQ(model.Command1_Click(QStringLiteral("secret")), Next::SelectText);
-    EXPECT_EQ(model.Command1_Click(QStringLiteral("other")), Next::Hide);
+    EXPECT_EQ(model().toolTip(), u"Database: "_s + otherFolder + u'/');
+    EXPECT_EQ(model().Command1_Click(u"secret"_s), Next::SelectText);
+    EXPECT_EQ(model().Command1_Click(u"other"_s), Next::Hide);
     EXPECT_EQ(store.DatabaseFile, otherFile);
 }
 
-TEST_F(PasswordDialog, makesADatabaseOnlyWhenToldTo)
+TEST_F(PasswordDialog, MakesADatabaseOnlyWhenToldTo)
 {
-    PasswordDialogModel model = dialog();
-    EXPECT_EQ(model.Command3_Click(), Next::Stay);
+    EXPECT_EQ(model().Command3_Click(), Next::Stay);
     ASSERT_EQ(prompts.boxes.size(), 1);
-    EXPECT_EQ(prompts.boxes.constFirst().style, 36);
-    EXPECT_EQ(prompts.boxes.constFirst().text,
-              QStringLiteral("Norvane database not found. Do you want to create a new database?"));
+    EXPECT_EQ(prompts.boxes[0].style, 36);
+    EXPECT_EQ(prompts.boxes[0].text, u"Norvane database not found. Do you want to create a new database?");
     EXPECT_FALSE(QFileInfo::exists(otherFile));
+
+    prompts.folders.enqueue(folder.filePath(u"nowhere"_s));
+    prompts.answers.enqueue(Prompts::kYes);
+    EXPECT_EQ(model().Command3_Click(), Next::Stay);
+    ASSERT_EQ(prompts.boxes.size(), 3);
+    EXPECT_EQ(prompts.boxes[2].style, Prompts::kCritical);
+    EXPECT_TRUE(prompts.boxes[2].text.contains(u"nowhere")) << prompts.boxes[2].text.toStdString();
     EXPECT_EQ(store.DatabaseFile, protectedFile);
 
     prompts.folders.enqueue(otherFolder + u'/');
     prompts.answers.enqueue(Prompts::kYes);
-    EXPECT_EQ(model.Command3_Click(), Next::Hide);
+    EXPECT_EQ(model().Command3_Click(), Next::Hide);
     EXPECT_EQ(store.DatabaseFile, otherFile);
     EXPECT_TRUE(QFileInfo::exists(otherFile));
 }
 
-TEST_F(PasswordDialog, saysWhyNoneCanBeMade)
+TEST_F(PasswordDialog, ExplainsAChosenFileThatIsNoDatabaseAndMayBeCancelled)
 {
-    prompts.folders.clear();
-    prompts.folders.enqueue(folder.filePath(QStringLiteral("nowhere")));
-    prompts.answers.enqueue(Prompts::kYes);
-    PasswordDialogModel model = dialog();
-    EXPECT_EQ(model.Command3_Click(), Next::Stay);
-    ASSERT_EQ(prompts.boxes.size(), 2);
-    EXPECT_EQ(prompts.boxes.constLast().style, Prompts::kCritical);
-    EXPECT_TRUE(prompts.boxes.constLast().text.contains(u"nowhere"))
-        << prompts.boxes.constLast().text.toStdString();
-    EXPECT_EQ(store.DatabaseFile, protectedFile);
-}
-
-TEST_F(PasswordDialog, explainsAChosenFileThatIsNoDatabase)
-{
-    put(otherFile, "shopping list");
-    PasswordDialogModel model = dialog();
-    EXPECT_TRUE(model.passwordCanHelp());
-    EXPECT_EQ(model.Command3_Click(), Next::FocusText);
-    EXPECT_FALSE(model.passwordCanHelp());
-    EXPECT_TRUE(model.explanation().contains(u"text file")) << model.explanation().toStdString();
-    EXPECT_EQ(store.DatabaseFile, protectedFile);
-}
-
-TEST_F(PasswordDialog, cancellingChangesNothing)
-{
-    prompts.folders.clear();
-    PasswordDialogModel model = dialog();
-    EXPECT_EQ(model.Command3_Click(), Next::Stay);
-    EXPECT_EQ(model.Command2_Click(), Next::Hide);
-    EXPECT_TRUE(model.password().isEmpty());
+    files.write(otherFile, "shopping list");
+    EXPECT_EQ(model().Command3_Click(), Next::FocusText);
+    EXPECT_FALSE(model().passwordCanHelp());
+    EXPECT_TRUE(model().explanation().contains(u"text file")) << model().explanation().toStdString();
+    EXPECT_EQ(model().Command3_Click(), Next::Stay) << "no folder was chosen";
+    EXPECT_EQ(model().Command2_Click(), Next::Hide);
+    EXPECT_TRUE(model().password().isEmpty());
     EXPECT_EQ(store.DatabaseFile, protectedFile);
     EXPECT_TRUE(prompts.boxes.isEmpty());
 }

@@ -5,12 +5,14 @@
 
 namespace norvane::tests {
 
-Desk::Desk()
+Desk::Desk(StickyFactory *factory)
     : engine(dao::makeSqliteEngine()), store(*engine, files),
       location(windows, shellWindows, processes, settings), tasks(windows, shellWindows, location),
-      stickies(forms, Clips), parts{store,  settings,    windows, shellWindows, location,
-                                    tasks,  LiveWindows, Clips,   forms,        timer,
-                                    events, shell,       clock,   sound,        stickies},
+      stickies(forms, Clips), parts{store,        settings, windows,
+                                    shellWindows, location, tasks,
+                                    LiveWindows,  Clips,    forms,
+                                    timer,        events,   shell,
+                                    clock,        sound,    factory ? *factory : stickies},
       cycle(parts)
 {
     settings.IEAvailable = true;
@@ -18,6 +20,7 @@ Desk::Desk()
                                QStringLiteral("WordPadClass")};
     store.DatabaseFolder = folder.path() + u'/';
     store.DatabaseFile = store.DatabaseFolder + QStringLiteral("Norvane.DAT");
+    files.addFolder(store.DatabaseFolder);
     if (!CreateNoteDatabase(*engine, files, store.DatabaseFile))
         qFatal("The test's database could not be made");
     store.open();

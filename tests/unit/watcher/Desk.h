@@ -30,7 +30,8 @@ namespace norvane::tests {
 class Desk
 {
 public:
-    Desk();
+    /// @param factory makes the notes; fake ones where there is none
+    explicit Desk(StickyFactory *factory = nullptr);
     ~Desk();
 
     /// A browser window that shows a page.

@@ -88,11 +88,3 @@ TEST(MatchCriteria, SignificantLengthOfTheTitle)
         QString());
     EXPECT_EQ(settings.PartialMatchLength, 6) << "what it was";
 }
-
-TEST(MatchCriteria, TheWindowsWordsStandAsTheyAre)
-{
-    WatchSettings settings;
-    EXPECT_EQ(BuildMatchCriteria(windowOf(u"XLMAIN"_qs, u"it's"_qs, u"it's"_qs, u"a\"b"_qs),
-                                 {false, {}, u"it's"_qs}, settings),
-              u"WindowName=\"it's\" or FriendlyName=\"it's\" or LCASE(URL)=\"a\"b\""_qs);
-}

@@ -9,16 +9,13 @@
 #include <QTest>
 
 using namespace norvane;
-using norvane::test::becomeOrdinaryUser;
-using norvane::test::inChild;
+using namespace norvane::test;
 
 namespace {
 
 class IniSettingsStoreTest : public testing::Test
 {
 protected:
-    IniSettingsStoreTest() : file(m_folder.path() + QStringLiteral("/norvane/norvane.conf")) {}
-
     /// What another process or an editor writes.
     void edit(const QByteArray &text)
     {
@@ -27,135 +24,112 @@ protected:
         ASSERT_EQ(out.write(text), text.size());
     }
     QByteArray text() { return files.read(file); }
-    QString get(const SettingsStore &store, const char *section, const char *key) const
+    static QString get(const SettingsStore &store, const QString &section, const QString &key)
     {
-        return store.get(QString::fromUtf8(section), QString::fromUtf8(key), QStringLiteral("(none)"));
+        return store.get(section, key, u"(none)"_qs);
     }
 
-    QTemporaryDir m_folder;
-    QString file;
+    QTemporaryDir folder;
+    QString file = folder.path() + u"/norvane/norvane.conf"_qs;
     PosixFileSystem files;
 };
 
-const QStringList &awkwardTexts()
+TEST_F(IniSettingsStoreTest, KeepsAnyTextAsValueKeyAndSection)
 {
-    static const QStringList texts{
+    const QStringList awkwardTexts{
         QString(),
-        QStringLiteral(" "),
-        QStringLiteral("  two blanks  "),
-        QStringLiteral("a, b, \"c\" 'd'"),
-        QStringLiteral("@Invalid() %20 $HOME ${x}"),
-        QStringLiteral("line\nline\r\n\ttab"),
-        QStringLiteral("C:\\new\\x0041\\s\\"),
-        QStringLiteral("[HotKeys]"),
-        QStringLiteral("=; # key=value"),
-        QStringLiteral("#comment"),
-        QStringLiteral("\x01\x7f") + QChar(0) + QStringLiteral("end"),
-        QChar(0xD800) + QStringLiteral("half"),
-        QString::fromUtf8("\xF0\x9F\x98\x80 \xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D \xC2\xA0"),
+        u" "_qs,
+        u"  two blanks  "_qs,
+        u"a, b, \"c\" 'd'"_qs,
+        u"@Invalid() %20 $HOME ${x}"_qs,
+        u"line\nline\r\n\ttab"_qs,
+        u"C:\\new\\x0041\\s\\"_qs,
+        u"[HotKeys]"_qs,
+        u"=; # key=value"_qs,
+        u"#comment"_qs,
+        u"\x01\x7f"_qs + QChar(0) + u"end"_qs,
+        QChar(0xD800) + u"half"_qs,
+        u"\U0001F600 \u05E9\u05DC\u05D5\u05DD \u00A0"_qs,
         QString(QChar(0x2028)),
         QString(5000, u'x'),
     };
-    return texts;
-}
-
-TEST_F(IniSettingsStoreTest, KeepsAnyTextAsValueKeyAndSection)
-{
     {
         IniSettingsStore store(file, files);
-        for (const QString &awkward : awkwardTexts()) {
-            store.save(QStringLiteral("Main"), QStringLiteral("k") + awkward, awkward);
-            store.save(QStringLiteral("s") + awkward, awkward, QStringLiteral("1"));
+        for (const QString &awkward : awkwardTexts) {
+            store.save(u"Main"_qs, u'k' + awkward, awkward);
+            store.save(u's' + awkward, awkward, u"1"_qs);
         }
     }
     EXPECT_EQ(QFile::permissions(file) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
     const IniSettingsStore store(file, files);
-    for (const QString &awkward : awkwardTexts()) {
-        EXPECT_EQ(store.get(QStringLiteral("Main"), QStringLiteral("k") + awkward, QStringLiteral("?")),
-                  awkward);
-        EXPECT_EQ(store.get(QStringLiteral("s") + awkward, awkward, QStringLiteral("?")), QStringLiteral("1"))
-            << awkward.toStdString();
+    for (const QString &awkward : awkwardTexts) {
+        EXPECT_EQ(get(store, u"Main"_qs, u'k' + awkward), awkward);
+        EXPECT_EQ(get(store, u's' + awkward, awkward), u"1"_qs) << awkward.toStdString();
     }
-    EXPECT_EQ(store.list(QStringLiteral("Main")).size(), awkwardTexts().size());
-}
-
-TEST_F(IniSettingsStoreTest, WithoutAFileEverythingIsDefaultAndNothingIsMade)
-{
-    {
-        const IniSettingsStore store(file, files);
-        EXPECT_EQ(get(store, "HotKeys", "Main.0"), QStringLiteral("(none)"));
-        EXPECT_TRUE(store.list(QStringLiteral("HotKeys")).isEmpty());
-    }
-    EXPECT_FALSE(QFile::exists(file));
+    EXPECT_EQ(store.list(u"Main"_qs).size(), awkwardTexts.size());
 }
 
 TEST_F(IniSettingsStoreTest, SavesOfAMomentAreOneWrite)
 {
     IniSettingsStore store(file, files);
-    store.save(QStringLiteral("Main"), QStringLiteral("Top"), QStringLiteral("1"));
-    store.save(QStringLiteral("Main"), QStringLiteral("Left"), QStringLiteral("2"));
+    EXPECT_EQ(get(store, u"Main"_qs, u"Top"_qs), u"(none)"_qs);
+    store.save(u"Main"_qs, u"Top"_qs, u"1"_qs);
+    store.save(u"Main"_qs, u"Left"_qs, u"2"_qs);
     EXPECT_FALSE(QFile::exists(file));
-    EXPECT_EQ(get(store, "Main", "Left"), QStringLiteral("2"));
-    EXPECT_EQ(store.list(QStringLiteral("Main")),
-              QStringList({QStringLiteral("Left"), QStringLiteral("Top")}));
+    EXPECT_EQ(get(store, u"Main"_qs, u"Left"_qs), u"2"_qs);
+    EXPECT_EQ(store.list(u"Main"_qs), QStringList({u"Left"_qs, u"Top"_qs}));
     ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(file); }, 20000));
     EXPECT_EQ(text(), "[Main]\nLeft=2\nTop=1\n");
-}
 
-TEST_F(IniSettingsStoreTest, ReadsWhatAPersonTyped)
-{
-    IniSettingsStore(file, files).save(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"));
-    edit("# mine\r\n[ClassEx]\r\n Items = 2 \r\n01=Gimp, \"x\"\r\nno value\r\n;02=off\r\n"
-         "path=C:\\Data\\q\r\n");
-    const IniSettingsStore store(file, files);
-    EXPECT_EQ(get(store, "ClassEx", "Items"), QStringLiteral("2"));
-    EXPECT_EQ(get(store, "ClassEx", "01"), QStringLiteral("Gimp, \"x\""));
-    EXPECT_EQ(get(store, "ClassEx", "02"), QStringLiteral("(none)"));
-    EXPECT_EQ(get(store, "ClassEx", "path"), QStringLiteral("C:\\Data\\q"));
-}
-
-TEST_F(IniSettingsStoreTest, KeepsForeignLinesAndSeesForeignEdits)
-{
-    IniSettingsStore store(file, files);
-    store.save(QStringLiteral("DB"), QStringLiteral("MRU1"), QStringLiteral("/a"));
-    store.flush();
-    edit("# mine\n[DB]\nMRU1=/other\nMRU2=/b\n\n[Other]\nx\n");
-    EXPECT_EQ(get(store, "DB", "MRU1"), QStringLiteral("/other"));
-
-    store.save(QStringLiteral("DB"), QStringLiteral("MRU3"), QStringLiteral("/c"));
-    edit("# mine\n[DB]\nMRU1=/third\nMRU2=/b\n\n[Other]\nx\n");
-    store.save(QStringLiteral("New"), QStringLiteral("k"), QStringLiteral("v"));
-    store.save(QStringLiteral("DB"), QStringLiteral("MRU2"), QStringLiteral("/d"));
-    store.flush();
-    EXPECT_EQ(text(), "# mine\n[DB]\nMRU1=/third\nMRU2=/d\nMRU3=/c\n\n[Other]\nx\n\n[New]\nk=v\n");
-}
-
-TEST_F(IniSettingsStoreTest, ValueSavedBackIsNotWritten)
-{
-    IniSettingsStore store(file, files);
-    store.save(QStringLiteral("Main"), QStringLiteral("Top"), QStringLiteral("1"));
-    store.flush();
-    store.save(QStringLiteral("Main"), QStringLiteral("Top"), QStringLiteral("2"));
-    store.save(QStringLiteral("Main"), QStringLiteral("Top"), QStringLiteral("1"));
-    EXPECT_EQ(get(store, "Main", "Top"), QStringLiteral("1"));
+    // A value that is saved as it was before is no change, and another's edit stands.
+    store.save(u"Main"_qs, u"Top"_qs, u"2"_qs);
+    store.save(u"Main"_qs, u"Top"_qs, u"1"_qs);
     edit("[Main]\nTop=7\n");
     store.flush();
     EXPECT_EQ(text(), "[Main]\nTop=7\n");
 }
 
+TEST_F(IniSettingsStoreTest, ReadsWhatAPersonTyped)
+{
+    IniSettingsStore(file, files).save(u"a"_qs, u"b"_qs, u"c"_qs);
+    edit("# mine\r\n[ClassEx]\r\n Items = 2 \r\n01=Gimp, \"x\"\r\nno value\r\n;02=off\r\n"
+         "path=C:\\Data\\q\r\n");
+    const IniSettingsStore store(file, files);
+    EXPECT_EQ(get(store, u"ClassEx"_qs, u"Items"_qs), u"2"_qs);
+    EXPECT_EQ(get(store, u"ClassEx"_qs, u"01"_qs), u"Gimp, \"x\""_qs);
+    EXPECT_EQ(get(store, u"ClassEx"_qs, u"02"_qs), u"(none)"_qs);
+    EXPECT_EQ(get(store, u"ClassEx"_qs, u"path"_qs), u"C:\\Data\\q"_qs);
+}
+
+TEST_F(IniSettingsStoreTest, KeepsForeignLinesAndSeesForeignEdits)
+{
+    IniSettingsStore store(file, files);
+    store.save(u"DB"_qs, u"MRU1"_qs, u"/a"_qs);
+    store.flush();
+    edit("# mine\n[DB]\nMRU1=/other\nMRU2=/b\n\n[Other]\nx\n");
+    EXPECT_EQ(get(store, u"DB"_qs, u"MRU1"_qs), u"/other"_qs);
+
+    store.save(u"DB"_qs, u"MRU3"_qs, u"/c"_qs);
+    edit("# mine\n[DB]\nMRU1=/third\nMRU2=/b\n\n[Other]\nx\n");
+    store.save(u"New"_qs, u"k"_qs, u"v"_qs);
+    store.save(u"DB"_qs, u"MRU2"_qs, u"/d"_qs);
+    store.flush();
+    EXPECT_EQ(text(), "# mine\n[DB]\nMRU1=/third\nMRU2=/d\nMRU3=/c\n\n[Other]\nx\n\n[New]\nk=v\n");
+}
+
 TEST_F(IniSettingsStoreTest, FileThatCannotBeUsedIsLeftAndValuesHoldForTheRun)
 {
-    IniSettingsStore(file, files).save(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"));
-    ASSERT_TRUE(QFile::setPermissions(m_folder.path(), QFile::Permissions(0x7755)));
+    IniSettingsStore(file, files).save(u"a"_qs, u"b"_qs, u"c"_qs);
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x7755)));
     ASSERT_TRUE(QFile::setPermissions(QFileInfo(file).path(), QFile::Permissions(0x7777)));
     ASSERT_TRUE(QFile::setPermissions(file, QFile::Permissions()));
     const int result = inChild([&] {
         if (!becomeOrdinaryUser())
             return 100;
         IniSettingsStore store(file, files);
-        store.save(QStringLiteral("Main"), QStringLiteral("Top"), QStringLiteral("1"));
+        store.save(u"Main"_qs, u"Top"_qs, u"1"_qs);
         store.flush();
-        return get(store, "Main", "Top") == u"1" ? 0 : 1;
+        return get(store, u"Main"_qs, u"Top"_qs) == u"1" ? 0 : 1;
     });
     EXPECT_EQ(result, 0);
     ASSERT_TRUE(QFile::setPermissions(file, QFile::ReadOwner));

@@ -8,27 +8,21 @@ namespace {
 
 const QString kHome = QStringLiteral("/home/ann");
 
-struct TextRow
-{
-    const char *text;
-    const char *expected; ///< nullptr: nothing
-};
-
 std::string shown(const std::optional<QString> &text)
 {
     return text ? text->toStdString() : "(nothing)";
 }
 
-std::string expectation(const TextRow &row)
-{
-    return row.expected != nullptr ? row.expected : "(nothing)";
-}
-
 } // namespace
 
-TEST(FolderFromEntryText, TakesPathsAndAddresses)
+TEST(LocationText, FoldersInEntriesAndCaptions)
 {
-    const TextRow rows[] = {
+    struct Row
+    {
+        const char *text;
+        const char *folder;
+    };
+    const Row entries[] = {
         {"/usr/share/", "/usr/share"},
         {"/", "/"},
         {"//", "/"},
@@ -38,63 +32,57 @@ TEST(FolderFromEntryText, TakesPathsAndAddresses)
         {"file:///a%20b/c%23d/", "/a b/c#d"},
         {"trash:///", "trash:///"},
         {"sftp://host/a%20b", "sftp://host/a%20b"},
-        {"", nullptr},
-        {"search words", nullptr},
-        {"~bob/x", nullptr},
-        {"relative/path", nullptr},
+        {"", "(nothing)"},
+        {"search words", "(nothing)"},
+        {"~bob/x", "(nothing)"},
+        {"relative/path", "(nothing)"},
     };
-    for (const TextRow &row : rows)
-        EXPECT_EQ(shown(folderFromEntryText(QString::fromUtf8(row.text), kHome)), expectation(row))
-            << row.text;
-}
-
-TEST(FolderFromCaption, TakesOnlyAFullPath)
-{
-    const TextRow rows[] = {
+    for (const Row &row : entries)
+        EXPECT_EQ(shown(folderFromEntryText(QString::fromUtf8(row.text), kHome)), row.folder) << row.text;
+    const Row captions[] = {
         {"/usr/share - Thunar", "/usr/share"}, {"/a - b/c — Dolphin", "/a - b/c"}, {"/", "/"},
-        {"~/x - Thunar", "/home/ann/x"},       {"share - Thunar", nullptr},        {"", nullptr},
+        {"~/x - Thunar", "/home/ann/x"},       {"share - Thunar", "(nothing)"},    {"", "(nothing)"},
     };
-    for (const TextRow &row : rows)
-        EXPECT_EQ(shown(folderFromCaption(QString::fromUtf8(row.text), kHome)), expectation(row)) << row.text;
+    for (const Row &row : captions)
+        EXPECT_EQ(shown(folderFromCaption(QString::fromUtf8(row.text), kHome)), row.folder) << row.text;
 }
 
-TEST(CaptionNamesFolder, ComparesTheWholeName)
+TEST(LocationText, TheCaptionNamesTheFolderOfATab)
 {
-    const auto names = [](const char16_t *caption, const char16_t *folder) {
-        return captionNamesFolder(QString::fromUtf16(caption), QString::fromUtf16(folder), kHome);
+    const struct
+    {
+        QString caption;
+        QString folder;
+        bool named;
+    } names[] = {
+        {u"share - Thunar"_qs, u"/usr/share"_qs, true},
+        {u"share"_qs, u"/usr/share"_qs, true},
+        {u"/usr/share — Dolphin"_qs, u"/usr/share"_qs, true},
+        {u"Home"_qs, kHome, true},
+        {u"shared - Thunar"_qs, u"/usr/share"_qs, false},
+        {u"Home"_qs, u"/usr/share"_qs, false},
+        {u"anything"_qs, QString(), false},
     };
-    EXPECT_TRUE(names(u"share - Thunar", u"/usr/share"));
-    EXPECT_TRUE(names(u"share", u"/usr/share"));
-    EXPECT_TRUE(names(u"/usr/share — Dolphin", u"/usr/share"));
-    EXPECT_TRUE(names(u"Home", u"/home/ann"));
-    EXPECT_FALSE(names(u"shared - Thunar", u"/usr/share"));
-    EXPECT_FALSE(names(u"lib - Thunar", u"/usr/share"));
-    EXPECT_FALSE(names(u"Home", u"/usr/share"));
-    EXPECT_FALSE(names(u"anything", u""));
+    for (const auto &row : names)
+        EXPECT_EQ(captionNamesFolder(row.caption, row.folder, kHome), row.named)
+            << row.caption.toStdString() << " " << row.folder.toStdString();
+
+    const QStringList tabs{u"file:///usr/share"_qs, u"file:///home/ann/a%20b"_qs, u"file:///opt/a%20b"_qs};
+    EXPECT_EQ(folderOfTabs(tabs, u"a b"_qs, {}, kHome), u"/home/ann/a b"_qs);
+    EXPECT_EQ(folderOfTabs(tabs, u"a b"_qs, u"/opt/a b"_qs, kHome), u"/opt/a b"_qs);
+    EXPECT_EQ(folderOfTabs(tabs, u"share"_qs, u"/opt/a b"_qs, kHome), u"/usr/share"_qs);
+    EXPECT_EQ(folderOfTabs(tabs, u"Other"_qs, u"/opt/a b"_qs, kHome), u"/opt/a b"_qs);
+    EXPECT_EQ(folderOfTabs({}, u"x"_qs, {}, kHome), QString());
 }
 
-TEST(FolderOfTabs, PrefersTheTabThatTheCaptionNames)
+TEST(LocationText, PagesFollowTheAddressBarWithinTheirSite)
 {
-    const QStringList tabs{QStringLiteral("file:///usr/share"), QStringLiteral("file:///home/ann/a%20b"),
-                           QStringLiteral("file:///opt/a%20b")};
-    const auto folder = [&](const char16_t *caption, const char16_t *last) {
-        return folderOfTabs(tabs, QString::fromUtf16(caption), QString::fromUtf16(last), kHome).toStdString();
-    };
-    EXPECT_EQ(folder(u"a b", u""), "/home/ann/a b");
-    EXPECT_EQ(folder(u"a b", u"/opt/a b"), "/opt/a b");
-    EXPECT_EQ(folder(u"share", u"/opt/a b"), "/usr/share");
-    EXPECT_EQ(folder(u"Other", u"/opt/a b"), "/opt/a b");
-    EXPECT_EQ(folderOfTabs({}, QStringLiteral("x"), {}, kHome), QString());
-}
-
-TEST(PageAddress, FollowsTheAddressBarWithinThePagesSite)
-{
-    struct
+    const struct
     {
         const char *uri;
         const char *shown;
         const char *expected;
-    } const rows[] = {
+    } rows[] = {
         // The bar shows what the document tells.
         {"https://www.example.com/a", "example.com/a", "https://www.example.com/a"},
         {"https://example.com/", "example.com", "https://example.com/"},

@@ -12,8 +12,7 @@
 #include <sys/stat.h>
 
 using namespace norvane;
-using norvane::test::becomeOrdinaryUser;
-using norvane::test::inChild;
+using namespace norvane::test;
 
 namespace {
 
@@ -31,11 +30,16 @@ int errorOf(const std::function<void()> &act)
 class PosixFileSystemTest : public testing::Test
 {
 protected:
-    QString path(const QString &name) const { return m_folder.path() + u'/' + name; }
-    QStringList entries() const
+    QString path(const QString &name) const { return folder.path() + u'/' + name; }
+    /// Whether nothing but so many entries is there: no temporary file was left.
+    bool holds(qsizetype count) const
     {
-        return QDir(m_folder.path())
-            .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
+        const auto all = QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot;
+        return QDir(folder.path()).entryList(all).size() == count;
+    }
+    static void setMode(const QString &name, mode_t mode)
+    {
+        ASSERT_EQ(::chmod(QFile::encodeName(name).constData(), mode), 0);
     }
     static mode_t modeOf(const QString &name)
     {
@@ -44,72 +48,79 @@ protected:
     }
 
     PosixFileSystem files;
-    QTemporaryDir m_folder;
+    QTemporaryDir folder;
 };
 
-TEST_F(PosixFileSystemTest, WritesReplacesReadsAndRemoves)
+TEST_F(PosixFileSystemTest, WritesReplacesReadsAndRemovesForTheUserAlone)
 {
-    const QString name = path(QString::fromUtf8("Norvane_00000001 \xC3\xA4 \xE2\x82\xAC"));
+    const QString name = path(u"Norvane_00000001 \u00e4 \u20ac"_qs);
     EXPECT_FALSE(files.exists(name));
-    const QByteArray big(300000, 'x');
-    files.write(name, big);
-    EXPECT_EQ(files.read(name), big);
-    files.write(name, QByteArray("a\0b", 3));
-    EXPECT_EQ(files.read(name), QByteArray("a\0b", 3));
-    EXPECT_EQ(modeOf(name), 0600u);
-    EXPECT_EQ(entries().size(), 1) << "a temporary file was left";
-    files.write(name, QByteArray());
-    EXPECT_EQ(files.read(name), QByteArray());
+    for (const QByteArray &bytes : {QByteArray(300000, 'x'), QByteArray("a\0b", 3), QByteArray()}) {
+        files.write(name, bytes);
+        EXPECT_EQ(files.read(name), bytes);
+        EXPECT_EQ(modeOf(name), 0600u);
+        EXPECT_TRUE(holds(1));
+    }
     files.remove(name);
     EXPECT_FALSE(files.exists(name));
-}
 
-TEST_F(PosixFileSystemTest, FolderIsMadeForTheUserAlone)
-{
-    files.makeFolder(path(QStringLiteral("Notes")));
-    EXPECT_TRUE(files.exists(path(QStringLiteral("Notes"))));
-    EXPECT_TRUE(files.exists(path(QStringLiteral("Notes/"))));
-    EXPECT_EQ(modeOf(path(QStringLiteral("Notes"))), 0700u);
+    files.makeFolder(path(u"Notes"_qs));
+    EXPECT_TRUE(files.exists(path(u"Notes"_qs)));
+    EXPECT_TRUE(files.exists(path(u"Notes/"_qs)));
+    EXPECT_EQ(modeOf(path(u"Notes"_qs)), 0700u);
 }
 
 TEST_F(PosixFileSystemTest, FollowsALinkAndKeepsPermissions)
 {
-    const QString real = path(QStringLiteral("real"));
+    const QString real = path(u"real"_qs);
+    const QString link = path(u"link"_qs);
     files.write(real, "one");
-    ASSERT_EQ(::chmod(QFile::encodeName(real).constData(), 0640), 0);
-    ASSERT_TRUE(QFile::link(real, path(QStringLiteral("link"))));
-    files.write(path(QStringLiteral("link")), "two");
+    setMode(real, 0640);
+    ASSERT_TRUE(QFile::link(real, link));
+    files.write(link, "two");
     EXPECT_EQ(files.read(real), "two");
     EXPECT_EQ(modeOf(real), 0640u);
-    EXPECT_TRUE(QFileInfo(path(QStringLiteral("link"))).isSymLink());
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
 }
 
-TEST_F(PosixFileSystemTest, ErrorsHaveTheirNumbers)
+TEST_F(PosixFileSystemTest, ErrorsHaveTheirNumbersAndChangeNothing)
 {
-    const QString missing = path(QStringLiteral("no folder/file"));
-    const QString file = path(QStringLiteral("file"));
+    const QString missing = path(u"no folder/file"_qs);
+    const QString file = path(u"file"_qs);
+    const QString pipe = path(u"pipe"_qs);
     files.write(file, "x");
-    ASSERT_EQ(::mkfifo(QFile::encodeName(path(QStringLiteral("pipe"))).constData(), 0600), 0);
-
-    EXPECT_EQ(errorOf([&] { files.read(missing); }), kErrorFileNotFound);
-    EXPECT_EQ(errorOf([&] { files.read(file + QStringLiteral("/below")); }), kErrorFileNotFound);
-    EXPECT_EQ(errorOf([&] { files.read(m_folder.path()); }), kErrorFileAccess);
-    EXPECT_EQ(errorOf([&] { files.read(path(QStringLiteral("pipe"))); }), kErrorFileAccess);
-    EXPECT_EQ(errorOf([&] { files.write(missing, "x"); }), kErrorPathNotFound);
-    EXPECT_EQ(errorOf([&] { files.write(m_folder.path(), "x"); }), kErrorFileAccess);
-    EXPECT_EQ(errorOf([&] { files.write(path(QString(300, u'n')), "x"); }), kErrorFileAccess);
-    EXPECT_EQ(errorOf([&] { files.write(file + QChar(0) + QStringLiteral(".bak"), "y"); }), kErrorFileAccess);
-    EXPECT_EQ(errorOf([&] { files.makeFolder(missing); }), kErrorPathNotFound);
-    EXPECT_EQ(errorOf([&] { files.makeFolder(file); }), kErrorFileAccess);
-    EXPECT_EQ(errorOf([&] { files.remove(missing); }), kErrorFileNotFound);
-    EXPECT_EQ(errorOf([&] { files.remove(m_folder.path()); }), kErrorFileAccess);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const struct
+    {
+        int error;
+        std::function<void()> act;
+    } rows[] = {
+        {kErrorFileNotFound, [&] { files.read(missing); }},
+        {kErrorFileNotFound, [&] { files.read(file + u"/below"_qs); }},
+        {kErrorFileAccess, [&] { files.read(folder.path()); }},
+        {kErrorFileAccess, [&] { files.read(pipe); }},
+        {kErrorPathNotFound, [&] { files.write(missing, "x"); }},
+        {kErrorFileAccess, [&] { files.write(folder.path(), "x"); }},
+        {kErrorFileAccess, [&] { files.write(path(QString(300, u'n')), "x"); }},
+        {kErrorFileAccess, [&] { files.write(file + QChar(0) + u".bak"_qs, "y"); }},
+        {kErrorFileAccess, [&] { files.write(u"/dev/full"_qs, "x"); }}, // not to be replaced by a file
+        {kErrorPathNotFound, [&] { files.makeFolder(missing); }},
+        {kErrorFileAccess, [&] { files.makeFolder(file); }},
+        {kErrorFileNotFound, [&] { files.remove(missing); }},
+        {kErrorFileAccess, [&] { files.remove(folder.path()); }},
+    };
+    for (const auto &row : rows)
+        EXPECT_EQ(errorOf(row.act), row.error) << "row " << &row - rows;
     EXPECT_EQ(files.read(file), "x");
-    EXPECT_EQ(entries().size(), 2) << "a temporary file was left";
+    EXPECT_TRUE(holds(2));
+    struct stat status = {};
+    ASSERT_EQ(::stat("/dev/full", &status), 0);
+    EXPECT_TRUE(S_ISCHR(status.st_mode));
 }
 
 TEST_F(PosixFileSystemTest, FileThatOutgrowsItsRoomLeavesTheOldOne)
 {
-    const QString name = path(QStringLiteral("note"));
+    const QString name = path(u"note"_qs);
     files.write(name, "old");
     const int error = inChild([&] {
         ::signal(SIGXFSZ, SIG_IGN);
@@ -120,52 +131,34 @@ TEST_F(PosixFileSystemTest, FileThatOutgrowsItsRoomLeavesTheOldOne)
     });
     EXPECT_EQ(error, 0);
     EXPECT_EQ(files.read(name), "old");
-    EXPECT_EQ(entries().size(), 1) << "a temporary file was left";
-}
-
-TEST_F(PosixFileSystemTest, DeviceIsNotReplacedByAFile)
-{
-    struct stat status = {};
-    EXPECT_EQ(errorOf([&] { files.write(QStringLiteral("/dev/full"), "x"); }), kErrorFileAccess);
-    ASSERT_EQ(::stat("/dev/full", &status), 0);
-    EXPECT_TRUE(S_ISCHR(status.st_mode));
+    EXPECT_TRUE(holds(1));
 }
 
 TEST_F(PosixFileSystemTest, MissingRightsAreErrorsAndChangeNothing)
 {
-    const QString folder = path(QStringLiteral("shared"));
-    const QString name = folder + QStringLiteral("/note");
-    files.makeFolder(folder);
+    const QString shared = path(u"shared"_qs);
+    const QString name = shared + u"/note"_qs;
+    files.makeFolder(shared);
     files.write(name, "old");
-    ASSERT_EQ(::chmod(QFile::encodeName(m_folder.path()).constData(), 0755), 0);
-    ASSERT_EQ(::chmod(QFile::encodeName(folder).constData(), 0555), 0);
-    ASSERT_EQ(::chmod(QFile::encodeName(name).constData(), 0000), 0);
-
-    const int error = inChild([&] {
-        if (!becomeOrdinaryUser())
-            return 100;
-        if (errorOf([&] { files.read(name); }) != kErrorFileAccess)
-            return 1;
-        if (errorOf([&] { files.write(folder + QStringLiteral("/new"), "x"); }) != kErrorFileAccess)
-            return 2;
-        if (errorOf([&] { files.remove(name); }) != kErrorFileAccess)
-            return 3;
-        if (errorOf([&] { files.makeFolder(folder + QStringLiteral("/sub")); }) != kErrorFileAccess)
-            return 4;
-        return 0;
-    });
-    EXPECT_EQ(error, 0);
+    setMode(folder.path(), 0755);
+    setMode(shared, 0555);
+    setMode(name, 0000);
+    const auto refusals = [&](const std::vector<std::function<void()>> &acts) {
+        return inChild([&] {
+            if (!becomeOrdinaryUser())
+                return 100;
+            return static_cast<int>(std::count_if(
+                acts.begin(), acts.end(), [](const auto &act) { return errorOf(act) == kErrorFileAccess; }));
+        });
+    };
+    EXPECT_EQ(refusals({[&] { files.read(name); }, [&] { files.write(shared + u"/new"_qs, "x"); },
+                        [&] { files.remove(name); }, [&] { files.makeFolder(shared + u"/sub"_qs); }}),
+              4);
 
     // A writable folder does not make its protected files fair game.
-    ASSERT_EQ(::chmod(QFile::encodeName(folder).constData(), 0777), 0);
-    ASSERT_EQ(::chmod(QFile::encodeName(name).constData(), 0444), 0);
-    EXPECT_EQ(inChild([&] {
-                  return becomeOrdinaryUser() &&
-                                 errorOf([&] { files.write(name, "new"); }) == kErrorFileAccess
-                             ? 0
-                             : 1;
-              }),
-              0);
+    setMode(shared, 0777);
+    setMode(name, 0444);
+    EXPECT_EQ(refusals({[&] { files.write(name, "new"); }}), 1);
     EXPECT_EQ(files.read(name), "old");
 }
 

@@ -11,15 +11,13 @@ using namespace norvane;
 
 namespace {
 
-const QStringList kFiles{QStringLiteral("/usr/bin/mousepad"), QStringLiteral("/usr/bin/tool"),
-                         QStringLiteral("/home/ann/run.py"), QStringLiteral("/home/ann/x.pl"),
-                         QStringLiteral("/opt/odd (deleted)")};
+const QStringList kFiles{u"/usr/bin/mousepad"_qs, u"/usr/bin/tool"_qs, u"/home/ann/run.py"_qs,
+                         u"/home/ann/x.pl"_qs, u"/opt/odd (deleted)"_qs};
 
 std::string program(const ProcessFacts &facts)
 {
-    return programOf(
-               facts, [](const QString &path) { return kFiles.contains(path); },
-               {QStringLiteral("relative"), QStringLiteral("/usr/local/bin"), QStringLiteral("/usr/bin")})
+    return programOf(facts, [](const QString &path) { return kFiles.contains(path); },
+                     {u"relative"_qs, u"/usr/local/bin"_qs, u"/usr/bin"_qs})
         .toStdString();
 }
 
@@ -35,13 +33,13 @@ std::string program(const Row &row)
     ProcessFacts facts;
     facts.executable = QString::fromUtf8(row.executable);
     facts.arguments = QString::fromUtf8(row.arguments).split(u'|');
-    facts.workingFolder = QStringLiteral("/home/ann");
+    facts.workingFolder = u"/home/ann"_qs;
     return program(facts);
 }
 
 } // namespace
 
-TEST(ProgramNaming, FilesAndCommandLines)
+TEST(ProgramNaming, FilesCommandLinesAndScripts)
 {
     const Row rows[] = {
         {"/usr/bin/mousepad", "mousepad|a.txt", "/usr/bin/mousepad"},
@@ -54,14 +52,7 @@ TEST(ProgramNaming, FilesAndCommandLines)
         {"", "-tool", "/usr/bin/tool"},
         {"", "nowhere", ""},
         {"", "", ""},
-    };
-    for (const Row &row : rows)
-        EXPECT_EQ(program(row), row.expected) << row.executable << " " << row.arguments;
-}
-
-TEST(ProgramNaming, AnInterpretersScript)
-{
-    const Row rows[] = {
+        // An interpreter's script.
         {"/usr/bin/python3.11", "python3|/usr/bin/tool|x", "/usr/bin/tool"},
         {"/usr/bin/python3.11", "python3|-W|ignore|-u|run.py", "/home/ann/run.py"},
         {"/usr/bin/python3.11", "python3|-m|http.server", "/usr/bin/python3.11"},
@@ -84,26 +75,26 @@ TEST(ProgramNaming, AnInterpretersScript)
 TEST(ProgramNaming, PackagedPrograms)
 {
     ProcessFacts facts;
-    facts.executable = QStringLiteral("/app/bin/editor");
-    facts.flatpakId = QStringLiteral("org.example.Editor");
+    facts.executable = u"/app/bin/editor"_qs;
+    facts.flatpakId = u"org.example.Editor"_qs;
     EXPECT_EQ(program(facts), "org.example.Editor");
 
     facts = {};
-    facts.executable = QStringLiteral("/snap/firefox/4848/usr/lib/firefox/firefox");
+    facts.executable = u"/snap/firefox/4848/usr/lib/firefox/firefox"_qs;
     EXPECT_EQ(program(facts), "firefox");
-    facts.executable = QStringLiteral("/snap/core22/current/usr/bin/python3.10");
-    facts.controlGroup = QStringLiteral("0::/user.slice/snap.notes.notes-1234.scope\n");
+    facts.executable = u"/snap/core22/current/usr/bin/python3.10"_qs;
+    facts.controlGroup = u"0::/user.slice/snap.notes.notes-1234.scope\n"_qs;
     EXPECT_EQ(program(facts), "notes");
     // A program that a snap has started.
-    facts.executable = QStringLiteral("/usr/bin/mousepad");
+    facts.executable = u"/usr/bin/mousepad"_qs;
     EXPECT_EQ(program(facts), "/usr/bin/mousepad");
 
     facts = {};
-    facts.appImage = QStringLiteral("/home/ann/Editor.AppImage");
-    facts.appImageFolder = QStringLiteral("/tmp/.mount_Edit");
-    facts.executable = QStringLiteral("/tmp/.mount_Edit/usr/bin/editor");
+    facts.appImage = u"/home/ann/Editor.AppImage"_qs;
+    facts.appImageFolder = u"/tmp/.mount_Edit"_qs;
+    facts.executable = u"/tmp/.mount_Edit/usr/bin/editor"_qs;
     EXPECT_EQ(program(facts), "/home/ann/Editor.AppImage");
-    facts.executable = QStringLiteral("/usr/bin/mousepad");
+    facts.executable = u"/usr/bin/mousepad"_qs;
     EXPECT_EQ(program(facts), "/usr/bin/mousepad");
 }
 
@@ -116,18 +107,18 @@ TEST(ProcProcesses, ReadsTheProcessFileSystem)
     EXPECT_EQ(processes.programFile(-1), QString());
 
     QTemporaryDir folder;
-    const QString process = folder.path() + QStringLiteral("/42");
-    ASSERT_TRUE(QDir().mkpath(process + QStringLiteral("/root")));
+    const QString process = folder.path() + u"/42"_qs;
+    ASSERT_TRUE(QDir().mkpath(process + u"/root"_qs));
     const auto write = [&](const char16_t *name, const QByteArray &bytes) {
         QFile file(process + QString::fromUtf16(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     };
     const ProcProcesses other(folder.path());
     EXPECT_EQ(other.programFile(41), QString());
-    ASSERT_TRUE(QFile::link(QStringLiteral("/opt/editor (deleted)"), process + QStringLiteral("/exe")));
-    EXPECT_EQ(other.programFile(42), QStringLiteral("/opt/editor"));
+    ASSERT_TRUE(QFile::link(u"/opt/editor (deleted)"_qs, process + u"/exe"_qs));
+    EXPECT_EQ(other.programFile(42), u"/opt/editor"_qs);
     write(u"/environ", QByteArrayLiteral("XAPPIMAGE=/no\0APPIMAGE=/home/ann/E.AppImage\0APPDIR=/opt\0"));
-    EXPECT_EQ(other.programFile(42), QStringLiteral("/home/ann/E.AppImage"));
+    EXPECT_EQ(other.programFile(42), u"/home/ann/E.AppImage"_qs);
     write(u"/root/.flatpak-info", "[Instance]\nname=no\n[Application]\nname=org.example.Editor\n");
-    EXPECT_EQ(other.programFile(42), QStringLiteral("org.example.Editor"));
+    EXPECT_EQ(other.programFile(42), u"org.example.Editor"_qs);
 }

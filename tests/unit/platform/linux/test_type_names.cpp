@@ -1,58 +1,37 @@
 #include "platform/linux/type_names.h"
 
-#include <gmock/gmock.h>
+#include <QStringList>
+#include <gtest/gtest.h>
 
 using namespace norvane;
 
-namespace {
-
-struct TypeRow
+TEST(TypeNames, AreToldByTextAlone)
 {
-    const char *path;
-    const char *type;
-};
-
-class TypeNames : public testing::TestWithParam<TypeRow>
-{
-};
-
-TEST_P(TypeNames, AreToldByTextAlone)
-{
-    EXPECT_EQ(typeNameOf(QString::fromUtf8(GetParam().path)).toStdString(), GetParam().type)
-        << GetParam().path;
+    const struct
+    {
+        const char *type;
+        QStringList paths;
+    } rows[] = {
+        {"HTML document",
+         {u"http://example.com"_qs, u"https://example.com/item/42"_qs, u"https://example.com/paper.pdf"_qs,
+          u"about:blank"_qs, u"file:///home/ann"_qs, u"www.example.com"_qs, u"/home/ann/page.htm"_qs}},
+        {"", {u""_qs}},
+        {"File Folder", {u"/"_qs}},
+        {"File",
+         {u"/home/ann"_qs, u"/home/ann/"_qs, u"/home/ann/.config"_qs, u"/home/ann/Makefile"_qs,
+          u"/home/ann/Mr. Smith"_qs, u"/home/ann.d/file"_qs, u"/home/ann/dot."_qs, u"/usr/bin"_qs,
+          u"/opt/tool/"_qs}},
+        {"Plain text document", {u"/home/ann/a.txt"_qs, u"/home/ann/A.TXT"_qs}},
+        {"PDF document", {u"/home/ann/paper.pdf"_qs, u"/opt/tool/manual.pdf"_qs}},
+        {"XYZZY File", {u"/home/ann/a.xyzzy"_qs, u"C:\\a.xyzzy"_qs}},
+        {"Shell script", {u"/home/ann/run.sh"_qs}},
+        {"Application",
+         {u"/usr/bin/mousepad"_qs, u"/usr/bin/run.sh"_qs, u"/usr/lib/libreoffice/program/soffice.bin"_qs,
+          u"/usr/bin/python3.11"_qs, u"/opt/tool/bin/tool"_qs, u"/home/ann/.local/bin/tool"_qs,
+          u"/home/ann/Tool.AppImage"_qs, u"/home/ann/setup.exe"_qs}},
+    };
+    for (const auto &row : rows) {
+        for (const QString &path : row.paths)
+            EXPECT_EQ(typeNameOf(path).toStdString(), row.type) << path.toStdString();
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Addresses, TypeNames,
-                         testing::Values(TypeRow{"http://example.com", "HTML document"},
-                                         TypeRow{"https://example.com/item/42", "HTML document"},
-                                         TypeRow{"https://example.com/paper.pdf", "HTML document"},
-                                         TypeRow{"about:blank", "HTML document"},
-                                         TypeRow{"file:///home/ann", "HTML document"},
-                                         TypeRow{"www.example.com", "HTML document"}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Paths, TypeNames,
-    testing::Values(TypeRow{"", ""}, TypeRow{"/", "File Folder"}, TypeRow{"/home/ann", "File"},
-                    TypeRow{"/home/ann/", "File"}, TypeRow{"/home/ann/.config", "File"},
-                    TypeRow{"/home/ann/Makefile", "File"}, TypeRow{"/home/ann/Mr. Smith", "File"},
-                    TypeRow{"/home/ann.d/file", "File"}, TypeRow{"/home/ann/dot.", "File"},
-                    TypeRow{"/home/ann/a.txt", "Plain text document"},
-                    TypeRow{"/home/ann/A.TXT", "Plain text document"},
-                    TypeRow{"/home/ann/paper.pdf", "PDF document"},
-                    TypeRow{"/home/ann/page.htm", "HTML document"},
-                    TypeRow{"/home/ann/a.xyzzy", "XYZZY File"}, TypeRow{"C:\\a.xyzzy", "XYZZY File"},
-                    TypeRow{"/home/ann/run.sh", "Shell script"}));
-
-INSTANTIATE_TEST_SUITE_P(Programs, TypeNames,
-                         testing::Values(TypeRow{"/usr/bin/mousepad", "Application"},
-                                         TypeRow{"/usr/bin/run.sh", "Application"},
-                                         TypeRow{"/usr/lib/libreoffice/program/soffice.bin", "Application"},
-                                         TypeRow{"/usr/bin/python3.11", "Application"},
-                                         TypeRow{"/opt/tool/bin/tool", "Application"},
-                                         TypeRow{"/opt/tool/manual.pdf", "PDF document"},
-                                         TypeRow{"/usr/bin", "File"}, TypeRow{"/opt/tool/", "File"},
-                                         TypeRow{"/home/ann/.local/bin/tool", "Application"},
-                                         TypeRow{"/home/ann/Tool.AppImage", "Application"},
-                                         TypeRow{"/home/ann/setup.exe", "Application"}));
-
-} // namespace

@@ -24,6 +24,8 @@
 
 namespace norvane::test {
 
+using namespace Qt::StringLiterals;
+
 struct FakeInstanceLock : InstanceLock
 {
     bool free = true;
@@ -43,19 +45,19 @@ public:
     explicit RecordingWindows(const SharedState &state) : m_state(state) {}
 
     QStringList log;
-    int tabs = 3;
     QRectF framePlace;
     int passwordDialogs = 0;
     QString explanation; ///< what the last password dialog said of the file
     /// Uses the password dialog; without it the dialog is cancelled.
     std::function<void(PasswordDialogModel &)> usePasswordDialog;
-    static constexpr WindowHandle kFrame = 77;
+    int browserFault = 0; ///< number of an error that showing the browser raises
 
-    void add(const QString &what) { log.append(what); }
+    /// With a mark while the database is open.
+    void add(const QString &what) { log.append(m_state.store.database() ? what + u'*' : what); }
 
     void askPassword(PasswordDialogModel &model) override
     {
-        add(QStringLiteral("password"));
+        add(u"password"_s);
         ++passwordDialogs;
         explanation = model.explanation();
         if (usePasswordDialog)
@@ -63,42 +65,38 @@ public:
         else
             model.Command2_Click();
     }
-    void showSplash() override { add(QStringLiteral("splash, database ") + database()); }
-    void unloadSplash() override { add(QStringLiteral("unload splash")); }
+    void showSplash() override { add(u"splash"_s); }
+    void unloadSplash() override { add(u"unload splash"_s); }
     WindowHandle loadFrame() override
     {
-        add(QStringLiteral("load frame, database ") + database());
-        return kFrame;
+        add(u"load frame"_s);
+        return 77;
     }
     void moveFrame(const QRectF &place) override
     {
-        add(QStringLiteral("move frame"));
+        add(u"move frame"_s);
         framePlace = place;
     }
-    void minimiseFrame() override { add(QStringLiteral("minimise frame")); }
-    void showBrowser() override { add(QStringLiteral("show browser")); }
-    void Refresh_tbCAT() override { add(QStringLiteral("Refresh_tbCAT")); }
-    int categoryTabCount() const override { return tabs; }
-    void selectCategoryTab(int number) override { add(QStringLiteral("tab %1").arg(number)); }
-    void pressPreviewButton() override { add(QStringLiteral("preview")); }
+    void minimiseFrame() override { add(u"minimise frame"_s); }
+    void showBrowser() override
+    {
+        add(u"show browser"_s);
+        if (browserFault != 0)
+            throw RuntimeError(browserFault, u"fault"_s);
+    }
+    void Refresh_tbCAT() override { add(u"Refresh_tbCAT"_s); }
+    int categoryTabCount() const override { return 3; }
+    void selectCategoryTab(int number) override { add(u"tab %1"_s.arg(number)); }
+    void pressPreviewButton() override { add(u"preview"_s); }
 
 private:
-    QString database() const
-    {
-        return m_state.store.database() ? QStringLiteral("open") : QStringLiteral("closed");
-    }
-
     const SharedState &m_state;
 };
 
 struct RecordingWindowSystem : fakes::FakeWindowSystem
 {
     RecordingWindows *windows = nullptr;
-    void lockWindowUpdate(WindowHandle window) override
-    {
-        windows->add(QStringLiteral("lock %1").arg(window));
-        FakeWindowSystem::lockWindowUpdate(window);
-    }
+    void lockWindowUpdate(WindowHandle window) override { windows->add(u"lock %1"_s.arg(window)); }
 };
 
 struct RecordingTimer : fakes::ManualTimer
@@ -106,7 +104,7 @@ struct RecordingTimer : fakes::ManualTimer
     RecordingWindows *windows = nullptr;
     void setInterval(int milliseconds) override
     {
-        windows->add(QStringLiteral("interval %1").arg(milliseconds));
+        windows->add(u"interval %1"_s.arg(milliseconds));
         ManualTimer::setInterval(milliseconds);
     }
 };
@@ -119,8 +117,8 @@ public:
     {
         windowSystem.windows = &windows;
         timer.windows = &windows;
-        events.duringYield = [this] { windows.add(QStringLiteral("yield")); };
-        shell.folder = folder.filePath(QStringLiteral("norvane"));
+        events.duringYield = [this] { windows.add(u"yield"_s); };
+        shell.folder = folder.filePath(u"norvane"_s);
         QDir().mkpath(shell.folder);
     }
 
@@ -132,19 +130,18 @@ public:
     }
 
     QString programFile(const QString &name) const { return shell.folder + u'/' + name; }
-    QString notesFolder() const { return programFile(QStringLiteral("Notes/")); }
+    QString notesFolder() const { return programFile(u"Notes/"_s); }
     QString databaseFile() const { return databaseFileIn(notesFolder()); }
     /// The text of the last message box; empty when there was none.
     QString lastBox() const { return prompts.boxes.isEmpty() ? QString() : prompts.boxes.constLast().text; }
-
-    /// Puts a file where the database would be, before any start.
-    void putDatabase(const QByteArray &bytes) const
+    /// Whether the last box reported an error of that number.
+    bool reported(int number) const
     {
-        QDir().mkpath(notesFolder());
-        QFile file(databaseFile());
-        if (file.open(QIODevice::WriteOnly))
-            file.write(bytes);
+        const QString begin =
+            u"Norvane Startup Failed.\r\nError Code: %1\r\nError Description: "_s.arg(number);
+        return lastBox().startsWith(begin) && lastBox().size() > begin.size();
     }
+
     static QByteArray bytesOf(const QString &path)
     {
         QFile file(path);
@@ -155,11 +152,8 @@ public:
     {
         QDir().mkpath(notesFolder());
         makeNoteDatabase(*engine, files, databaseFile());
-        if (password.isEmpty())
-            return;
-        const auto database = engine->workspace(0)->openDatabase(databaseFile(), false, false, QString());
-        database->newPassword(QString(), password);
-        database->close();
+        if (!password.isEmpty())
+            engine->workspace(0)->openDatabase(databaseFile(), false, false, {})->newPassword({}, password);
     }
 
     QTemporaryDir folder;

@@ -2,7 +2,6 @@
 #include "shell/lifecycle/ShutDown.h"
 #include "unit/shell/lifecycle/StartUpHarness.h"
 
-#include <QFileInfo>
 #include <gmock/gmock.h>
 
 using namespace norvane;
@@ -19,12 +18,13 @@ public:
     {
         m_forms.add(this);
     }
+    ~NamedForm() override { m_forms.remove(this); }
     QString formName() const override { return m_name; }
     WindowHandle hWnd() const override { return kNoWindow; }
     void unload() override
     {
-        m_onUnload();
         m_forms.remove(this);
+        m_onUnload();
     }
 
 private:
@@ -33,6 +33,7 @@ private:
     std::function<void()> m_onUnload;
 };
 
+/// The log has a mark where the database is open.
 class ShuttingDown : public testing::Test, protected StartUpHarness
 {
 protected:
@@ -42,100 +43,69 @@ protected:
         windows.log.clear();
     }
 
-    ShutDownParts parts()
-    {
-        return {state.store,
-                state.watch,
-                timer,
-                state.forms,
-                [this] { note(QStringLiteral("unload preview")); },
-                [this] { note(QStringLiteral("end")); }};
-    }
-    /// Writes down what happens, and whether the database is open meanwhile.
-    void note(const QString &what)
-    {
-        windows.add(what + (state.store.database() ? QStringLiteral(", database open") : QString()));
-    }
     std::unique_ptr<fakes::FakeStickyNote> sticky(WindowHandle window, bool autoSave, bool dirty)
     {
         auto made = std::make_unique<fakes::FakeStickyNote>(state.forms, state.Clips, window);
         made->fields.AutoSave = autoSave;
         made->dirty = dirty;
         made->onCall = [this, window](fakes::FakeStickyNote &, const QString &name) {
-            note(QStringLiteral("note %1 %2").arg(window).arg(name));
+            windows.add(u"note %1 %2"_s.arg(window).arg(name));
         };
         return made;
     }
-    std::unique_ptr<NamedForm> form(const QString &name, const std::function<void()> &also = {})
+    std::unique_ptr<NamedForm> form(
+        const QString &name, const std::function<void()> &also = [] {})
     {
         return std::make_unique<NamedForm>(state.forms, name, [this, name, also] {
-            note(QStringLiteral("unload ") + name);
-            if (also)
-                also();
+            windows.add(u"unload "_s + name);
+            also();
         });
     }
+
+    std::function<void()> onPreview = [] {};
+    ShutDown shutDown{{state.store, state.watch, timer, state.forms,
+                       [this] {
+                           windows.add(u"unload preview"_s);
+                           onPreview();
+                       },
+                       [this] { windows.add(u"end"_s); }}};
 };
 
-TEST_F(ShuttingDown, savesBeforeTheDatabaseClosesAndUnloadsAfterIt)
+TEST_F(ShuttingDown, SavesBeforeTheDatabaseClosesAndUnloadsAfterIt)
 {
-    ShutDown shutDown(parts());
     // The frame's unload leads back into the shut-down, as its close button does.
-    const auto frame = form(QStringLiteral("mdiMain"), [&shutDown] { shutDown.run(); });
-    const auto browser = form(QStringLiteral("frmMain"));
+    const auto frame = form(u"mdiMain"_s, [this] { shutDown.run(); });
+    const auto browser = form(u"frmMain"_s);
     const auto dirty = sticky(1, true, true);
     const auto clean = sticky(2, true, false);
     const auto careless = sticky(3, false, true);
     shutDown.run();
-    EXPECT_EQ(windows.log.join(u'\n').toStdString(), "unload preview, database open\n"
-                                                     "interval 0\n"
-                                                     "note 1 SaveNote, database open\n"
-                                                     "unload frmMain\n"
-                                                     "note 1 unload\n"
-                                                     "note 2 unload\n"
-                                                     "note 3 unload\n"
-                                                     "unload mdiMain\n"
-                                                     "end");
+    EXPECT_EQ(windows.log.join(u','), u"unload preview*,interval 0*,note 1 SaveNote*,unload frmMain,"
+                                      "note 1 unload,note 2 unload,note 3 unload,unload mdiMain,end");
     EXPECT_EQ(state.watch.WatchInterval, 0);
     EXPECT_FALSE(timer.running());
 }
 
-TEST_F(ShuttingDown, errorsChangeNothingOfIt)
+TEST_F(ShuttingDown, ComesToItsEndWhateverFails)
 {
-    ShutDownParts failing = parts();
-    failing.unloadPreview = [] { throw RuntimeError(91, QStringLiteral("no preview")); };
-    ShutDown shutDown(failing);
-    const auto browser = form(QStringLiteral("frmMain"), [this] {
-        state.forms.remove(state.forms.named(QStringLiteral("frmMain")).constFirst());
-        throw RuntimeError(5, QStringLiteral("a window that fails"));
-    });
-    const auto frame = form(QStringLiteral("mdiMain"));
+    onPreview = [] { throw RuntimeError(91, u"no preview"_s); };
+    const auto frame = form(u"mdiMain"_s);
+    const auto failing = form(u"frmMain"_s, [] { throw RuntimeError(5, u"a window that fails"_s); });
+    std::unique_ptr<NamedForm> child;
+    const auto owner = form(u"frmOwner"_s, [&] { child.reset(); });
+    child = form(u"frmChild"_s);
     shutDown.run();
-    EXPECT_EQ(windows.log.mid(1).join(u'\n').toStdString(), "unload frmMain\nunload mdiMain\nend");
+    EXPECT_EQ(windows.log.mid(2).join(u','), u"unload frmMain,unload frmOwner,unload mdiMain,end");
     EXPECT_EQ(state.store.database(), nullptr);
 }
 
-TEST_F(ShuttingDown, aFormThatTakesAnotherAlongIsNoFault)
-{
-    auto child = form(QStringLiteral("frmChild"));
-    state.forms.remove(child.get());
-    const auto owner = form(QStringLiteral("frmOwner"), [&] {
-        state.forms.remove(child.get());
-        child.reset();
-    });
-    state.forms.add(child.get());
-    ShutDown(parts()).run();
-    EXPECT_TRUE(windows.log.contains(QStringLiteral("unload frmOwner")));
-    EXPECT_EQ(windows.log.constLast(), QStringLiteral("end"));
-}
-
-TEST_F(ShuttingDown, savesAndClosesAloneWhenThereIsNoTimeForMore)
+TEST_F(ShuttingDown, SavesAndClosesAloneWhenThereIsNoTimeForMore)
 {
     const auto dirty = sticky(1, true, true);
-    const auto frame = form(QStringLiteral("mdiMain"));
-    ShutDown shutDown(parts());
+    const auto frame = form(u"mdiMain"_s);
     shutDown.saveAndClose();
     shutDown.run();
-    EXPECT_EQ(windows.log.join(u'\n').toStdString(), "interval 0\nnote 1 SaveNote, database open");
+    EXPECT_EQ(windows.log.join(u','), u"interval 0*,note 1 SaveNote*");
     EXPECT_EQ(state.store.database(), nullptr);
 }
 

@@ -1,0 +1,386 @@
+#include "harness/PageServer.h"
+#include "harness/Programs.h"
+#include "harness/RunningNorvane.h"
+#include "harness/WindowLog.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace norvane::test;
+
+namespace {
+
+/// Long enough for several looks at the desktop: what has not come by then does not come.
+constexpr int kSeveralTicksMs = 1500;
+
+/// More pixels than a text cursor that stands in one picture of two, and less than a word.
+constexpr int kTextCursor = 60;
+
+const QRect kLeft(20, 40, 620, 560);
+const QRect kRight(650, 40, 620, 560);
+
+/// The whole program, with real windows on a desktop of its own.
+class NotesOnWindows : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_desktop.start({})) << qPrintable(m_desktop.error());
+        m_log = std::make_unique<WindowLog>(m_desktop.display());
+    }
+
+    void TearDown() override
+    {
+        if (HasFailure())
+            std::fputs(qPrintable(whatIsThere()), stderr);
+        if (m_norvane.process() == nullptr)
+            return;
+        EXPECT_TRUE(m_norvane.isRunning() ? m_norvane.end() : m_norvane.hasEndedWell())
+            << qPrintable(m_norvane.errorOutput());
+    }
+
+    XClient &x() { return m_desktop.x(); }
+
+    bool startNorvane()
+    {
+        return m_norvane.start() && waitFor([this] { return m_norvane.isArmed(); });
+    }
+
+    /// Waits for a program's window and gives it a place. @return 0 if it did not come
+    xcb_window_t window(const QString &title, const QString &wmClass, const QRect &rect)
+    {
+        xcb_window_t found = 0;
+        if (!waitFor(
+                [&] {
+                    found = x().findClient(title, wmClass);
+                    return found != 0 && x().isViewable(found);
+                },
+                60000))
+            return 0;
+        x().setMaximised(found, false);
+        x().moveResize(found, rect);
+        return waitFor([&] { return x().geometry(found).size() == rect.size(); }) ? found : 0;
+    }
+
+    xcb_window_t openFolder(const QString &name, const QRect &rect)
+    {
+        const QString path = m_desktop.home() + QLatin1Char('/') + name;
+        QDir().mkpath(path);
+        m_desktop.run(QStringLiteral("thunar"), {path});
+        return window(name, QStringLiteral("thunar"), rect);
+    }
+
+    xcb_window_t openEditor(const QRect &rect)
+    {
+        QFile file(m_desktop.home() + QStringLiteral("/draft.txt"));
+        if (!file.open(QIODevice::WriteOnly) || file.write("A text file.\n") < 0)
+            return 0;
+        file.close();
+        m_desktop.run(QStringLiteral("mousepad"), {QStringLiteral("--disable-server"), file.fileName()});
+        return window(QStringLiteral("draft.txt"), QStringLiteral("mousepad"), rect);
+    }
+
+    /// A new note on a window, with a text that is saved.
+    xcb_window_t writeNote(xcb_window_t target, const QString &text)
+    {
+        const xcb_window_t note = m_norvane.attach(target);
+        if (note == 0 || !m_norvane.typeInto(note, text))
+            return 0;
+        // A save that overtakes the last keys is tried again.
+        const auto isSaved = [&] { return texts().find(text.toStdString()) != std::string::npos; };
+        for (int attempt = 0; attempt < 5; ++attempt) {
+            x().press(QStringLiteral("ctrl+s"));
+            if (waitFor(isSaved, 4000))
+                return note;
+        }
+        return 0;
+    }
+
+    /// The rows as "ID|text", one a line.
+    std::string texts() const
+    {
+        return m_norvane.query(QStringLiteral("select ID, NoteText from Memos order by ID")).toStdString();
+    }
+
+    std::string wholeRow() const
+    {
+        return m_norvane.query(QStringLiteral("select * from Memos where ID=1")).toStdString();
+    }
+
+    bool isInside(xcb_window_t note, xcb_window_t target)
+    {
+        return x().geometryInShadow(target).contains(x().geometry(note));
+    }
+
+    /// Several looks at the desktop later the note is still the one on its window.
+    bool stays(xcb_window_t note, xcb_window_t target)
+    {
+        return !waitFor([&] { return m_norvane.noteOn(target) != note; }, kSeveralTicksMs);
+    }
+
+    static std::string text(const QRect &rect)
+    {
+        return QStringLiteral("%1,%2 %3x%4")
+            .arg(rect.x())
+            .arg(rect.y())
+            .arg(rect.width())
+            .arg(rect.height())
+            .toStdString();
+    }
+
+    QString whatIsThere()
+    {
+        QString lines = QStringLiteral("active window 0x%1, workspace %2\n")
+                            .arg(x().activeWindow(), 0, 16)
+                            .arg(x().currentDesktop());
+        const QVector<xcb_window_t> clients = x().clients();
+        for (const xcb_window_t client : clients) {
+            lines += QStringLiteral("0x%1 \"%2\" [%3] %4 on %5, for 0x%6%7\n")
+                         .arg(client, 0, 16)
+                         .arg(x().title(client), x().wmClass(client),
+                              QString::fromStdString(text(x().geometry(client))))
+                         .arg(x().desktopOf(client))
+                         .arg(x().transientFor(client), 0, 16)
+                         .arg(x().isViewable(client) ? QString() : QStringLiteral(" hidden"));
+        }
+        return lines + QString::fromStdString(texts()) + QLatin1Char('\n') + m_norvane.errorOutput();
+    }
+
+    VirtualDesktop m_desktop;
+    RunningNorvane m_norvane{m_desktop, QStringLiteral(NORVANE_PROGRAM)};
+    std::unique_ptr<WindowLog> m_log;
+};
+
+TEST_F(NotesOnWindows, TwoProgramsEachHaveTheirOwn)
+{
+    const xcb_window_t folder = openFolder(QStringLiteral("letters"), kLeft);
+    const xcb_window_t editor = openEditor(kRight);
+    ASSERT_TRUE(folder != 0 && editor != 0 && startNorvane());
+
+    const QString folderText = QStringLiteral("Sort these before winter.");
+    const QString editorText = QStringLiteral("Second draft, ask Ada.");
+    const xcb_window_t first = writeNote(folder, folderText);
+    const xcb_window_t second = writeNote(editor, editorText);
+    ASSERT_TRUE(first != 0 && second != 0);
+    EXPECT_NE(first, second);
+    EXPECT_EQ(m_norvane.noteOn(folder), first);
+    EXPECT_EQ(m_norvane.noteOn(editor), second);
+    EXPECT_TRUE(isInside(first, folder));
+    EXPECT_TRUE(isInside(second, editor));
+    EXPECT_EQ(texts(), "1|" + folderText.toStdString() + "\n2|" + editorText.toStdString());
+
+    // Detached by its key.
+    ASSERT_TRUE(m_norvane.bringToFront(folder));
+    x().press(QStringLiteral("ctrl+alt+d"));
+    EXPECT_TRUE(waitFor([&] { return m_norvane.noteOn(folder) == 0; }));
+    EXPECT_TRUE(stays(second, editor));
+
+    // Gone with its window.
+    ASSERT_NE(m_norvane.attach(folder), 0u);
+    x().closeWindow(editor);
+    EXPECT_TRUE(waitFor([&] { return !x().exists(editor) && !x().exists(second); }));
+    EXPECT_TRUE(stays(m_norvane.noteOn(folder), folder));
+    EXPECT_EQ(m_norvane.body(1).count(folderText.toLatin1()), 1);
+    EXPECT_EQ(m_norvane.body(2).count(editorText.toLatin1()), 1);
+}
+
+TEST_F(NotesOnWindows, StayOnTheWorkspaceOfTheirTarget)
+{
+    const xcb_window_t folder = openFolder(QStringLiteral("letters"), kLeft);
+    const xcb_window_t editor = openEditor(kRight);
+    ASSERT_TRUE(folder != 0 && editor != 0 && startNorvane());
+    xcb_window_t note = writeNote(editor, QStringLiteral("Second draft, ask Ada."));
+    ASSERT_NE(note, 0u);
+    const std::string place = text(m_norvane.placeIn(editor, note));
+
+    // Its target is sent away.
+    ASSERT_TRUE(m_norvane.bringToFront(folder));
+    x().moveToDesktop(editor, 1);
+    EXPECT_TRUE(waitFor([&] { return !x().isViewable(editor) && !x().isViewable(note); }));
+    EXPECT_FALSE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }, kSeveralTicksMs));
+    EXPECT_EQ(m_norvane.hiddenNoteOn(editor), note);
+    EXPECT_EQ(x().desktopOf(note), 1);
+    EXPECT_EQ(x().currentDesktop(), 0);
+    EXPECT_EQ(x().activeWindow(), folder);
+    x().goToDesktop(1);
+    EXPECT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) == note; }));
+    EXPECT_TRUE(stays(note, editor));
+    EXPECT_EQ(text(m_norvane.placeIn(editor, note)), place);
+    EXPECT_EQ(m_log->lifeOf(note).shown.size(), 1) << qPrintable(m_log->text(note));
+
+    // It opens on a target that is away.
+    x().goToDesktop(0);
+    ASSERT_TRUE(waitFor([&] { return !x().isViewable(editor); }));
+    ASSERT_TRUE(m_norvane.end());
+    ASSERT_TRUE(m_norvane.bringToFront(folder));
+    ASSERT_TRUE(startNorvane());
+    ASSERT_TRUE(waitFor([&] { return m_norvane.hiddenNoteOn(editor) != 0; }));
+    note = m_norvane.hiddenNoteOn(editor);
+    EXPECT_FALSE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }, kSeveralTicksMs));
+    EXPECT_EQ(m_log->lifeOf(note).maps, 0) << qPrintable(m_log->text(note));
+    EXPECT_EQ(x().desktopOf(note), 1);
+    EXPECT_EQ(x().currentDesktop(), 0);
+    EXPECT_EQ(x().activeWindow(), folder);
+    x().goToDesktop(1);
+    EXPECT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) == note; }));
+    EXPECT_TRUE(stays(note, editor));
+    EXPECT_EQ(text(m_norvane.placeIn(editor, note)), place);
+    EXPECT_EQ(m_log->lifeOf(note).shown.size(), 1) << qPrintable(m_log->text(note));
+    EXPECT_EQ(x().desktopOf(editor), 1);
+}
+
+TEST_F(NotesOnWindows, SaveThemselvesOrNotWhenTheirTargetCloses)
+{
+    const QString first = QStringLiteral("Second draft, ask Ada.");
+    xcb_window_t editor = openEditor(kRight);
+    ASSERT_TRUE(editor != 0 && startNorvane());
+    xcb_window_t note = m_norvane.attach(editor);
+    ASSERT_TRUE(note != 0 && m_norvane.typeInto(note, first));
+    m_norvane.settledPictureOf(note);
+    EXPECT_EQ(texts(), "1|");
+
+    // With `AutoSave`.
+    x().closeWindow(editor);
+    EXPECT_TRUE(waitFor([&] { return !x().exists(editor) && !x().exists(note); }));
+    EXPECT_EQ(texts(), "1|" + first.toStdString());
+    const QByteArray body = m_norvane.body(1);
+    EXPECT_EQ(body.count(first.toLatin1()), 1);
+
+    // Without.
+    ASSERT_TRUE(m_norvane.end());
+    m_norvane.query(QStringLiteral("update Memos set AutoSave = 0"));
+    const std::string row = wholeRow();
+    editor = openEditor(kRight);
+    ASSERT_TRUE(editor != 0 && startNorvane());
+    ASSERT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }));
+    note = m_norvane.noteOn(editor);
+    const QImage look = m_norvane.settledPictureOf(note);
+    ASSERT_TRUE(m_norvane.typeInto(note, QStringLiteral(" Nobody keeps this.")));
+    x().closeWindow(editor);
+    EXPECT_TRUE(waitFor([&] { return !x().exists(editor) && !x().exists(note); }));
+    EXPECT_FALSE(waitFor([&] { return !m_norvane.shownWindows().isEmpty(); }, kSeveralTicksMs));
+    EXPECT_EQ(wholeRow(), row);
+    EXPECT_EQ(m_norvane.body(1).toStdString(), body.toStdString());
+    EXPECT_FALSE(QDir(m_norvane.notesFolder() + QStringLiteral("/Rescued")).exists());
+
+    editor = openEditor(kRight);
+    ASSERT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }));
+    EXPECT_LT(differentPixels(m_norvane.settledPictureOf(m_norvane.noteOn(editor)), look), kTextCursor);
+}
+
+struct Browser
+{
+    const char *name;
+    QProcess *(*start)(VirtualDesktop &, const QString &, const QStringList &);
+};
+
+void PrintTo(const Browser &browser, std::ostream *out)
+{
+    *out << browser.name;
+}
+
+class NotesInBrowser : public NotesOnWindows, public testing::WithParamInterface<Browser>
+{
+protected:
+    /// Two pages, neither address inside the other, that go on by a key. @return the first's address
+    QString addPages()
+    {
+        const QString keys =
+            QStringLiteral("addEventListener('keydown', event => {"
+                           " if (event.key === '1') location = '/reading';"
+                           " if (event.key === '2') location = '/garden';"
+                           " if (event.key === 'w' && !window.other)"
+                           " window.other = open('/garden', '_blank', 'width=600,height=500');"
+                           "});");
+        m_pages.addPage(QStringLiteral("/garden"), QStringLiteral("Garden plan"),
+                        QStringLiteral("Beds, seeds and dates."), keys);
+        return m_pages.addPage(QStringLiteral("/reading"), QStringLiteral("Reading list"),
+                               QStringLiteral("Books for the autumn."), keys);
+    }
+
+    /// Presses a key in a page, again if the browser has lost it, until something is seen.
+    bool pressUntil(xcb_window_t window, const QString &key, const std::function<bool()> &seen)
+    {
+        for (int attempt = 0; attempt < 10; ++attempt) {
+            if (!m_norvane.bringToFront(window))
+                return false;
+            x().press(key);
+            if (waitFor(seen, 3000))
+                return true;
+        }
+        return false;
+    }
+
+    /// Goes from one page's note to the other's and looks at what the screen showed meanwhile.
+    void changePage(xcb_window_t window, const QString &key, const QString &title)
+    {
+        const xcb_window_t old = m_norvane.noteOn(window);
+        ASSERT_NE(old, 0u);
+        ASSERT_TRUE(pressUntil(window, key, [&] { return x().title(window).contains(title); }));
+        xcb_window_t note = 0;
+        ASSERT_TRUE(waitFor([&] {
+            note = m_norvane.noteOn(window);
+            return note != 0 && note != old;
+        }));
+        EXPECT_TRUE(stays(note, window));
+
+        const WindowLog::Life gone = m_log->lifeOf(old);
+        EXPECT_EQ(gone.maps, gone.unmaps) << qPrintable(m_log->text(old));
+        EXPECT_FALSE(x().exists(old));
+        // Once, whole, and where it belongs from the first moment.
+        const WindowLog::Life come = m_log->lifeOf(note);
+        SCOPED_TRACE(m_log->text(note).toStdString());
+        EXPECT_EQ(come.maps, 1);
+        EXPECT_EQ(come.unmaps, 0);
+        EXPECT_EQ(text(come.asked), text(x().geometry(note)));
+        ASSERT_EQ(come.shown.size(), 1);
+        EXPECT_EQ(text(come.shown.first()), text(x().geometry(note)));
+        EXPECT_LT(gone.lastUnmap, come.firstMap);
+    }
+
+    PageServer m_pages;
+};
+
+TEST_P(NotesInBrowser, EachWindowOfOneProcessHasItsPagesOwn)
+{
+    GetParam().start(m_desktop, QStringLiteral("main"), {addPages()});
+    const xcb_window_t reading =
+        window(QStringLiteral("Reading list"), QString::fromLatin1(GetParam().name), kLeft);
+    ASSERT_NE(reading, 0u);
+    ASSERT_TRUE(pressUntil(reading, QStringLiteral("w"),
+                           [&] { return x().findClient(QStringLiteral("Garden plan")) != 0; }));
+    const xcb_window_t garden =
+        window(QStringLiteral("Garden plan"), QString::fromLatin1(GetParam().name), kRight);
+    ASSERT_NE(garden, 0u);
+    ASSERT_NE(garden, reading);
+    ASSERT_EQ(x().processId(garden), x().processId(reading));
+    ASSERT_TRUE(startNorvane());
+
+    const xcb_window_t first = writeNote(reading, QStringLiteral("Which of these at Ada's?"));
+    const xcb_window_t second = writeNote(garden, QStringLiteral("Beans before May."));
+    ASSERT_TRUE(first != 0 && second != 0);
+    EXPECT_EQ(m_norvane.noteOn(reading), first);
+    EXPECT_TRUE(isInside(first, reading));
+    EXPECT_TRUE(isInside(second, garden));
+    EXPECT_EQ(texts(), "1|Which of these at Ada's?\n2|Beans before May.");
+    EXPECT_EQ(m_norvane.query(QStringLiteral("select count(distinct URL) from Memos")).toInt(), 2);
+    EXPECT_TRUE(m_norvane.drag(second, {90, 120}));
+    const std::string place = text(m_norvane.placeIn(garden, second));
+
+    x().closeWindow(garden);
+    EXPECT_TRUE(waitFor([&] { return !x().exists(garden) && !x().exists(second); }));
+    EXPECT_TRUE(stays(first, reading));
+
+    // The second page in the first window.
+    ASSERT_NO_FATAL_FAILURE(changePage(reading, QStringLiteral("2"), QStringLiteral("Garden plan")));
+    EXPECT_EQ(text(m_norvane.placeIn(reading, m_norvane.noteOn(reading))), place);
+    ASSERT_NO_FATAL_FAILURE(changePage(reading, QStringLiteral("1"), QStringLiteral("Reading list")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Programs, NotesInBrowser,
+                         testing::Values(Browser{"Firefox", startFirefox},
+                                         Browser{"Chromium", startChromium}),
+                         [](const auto &program) { return std::string(program.param.name); });
+
+} // namespace
