@@ -1,7 +1,6 @@
 #include "richtext/text_positions.h"
 
 #include <QTextBlock>
-#include <QTextCursor>
 
 namespace norvane {
 namespace {
@@ -26,21 +25,18 @@ QTextBlock blockAt(const QTextDocument &document, int textPosition)
     return document.findBlockByNumber(low);
 }
 
-/// What a text has in place of a character of the document; empty: that character.
-QStringView inText(QChar character)
+/// Appends a part of a block's text as a text has it.
+void appendText(QString &text, QStringView part)
 {
-    switch (character.unicode()) {
-    case QChar::ParagraphSeparator:
-    case 0xFDD0: // begin and end of a frame: paragraph ends for a reader
-    case 0xFDD1:
-        return u"\r\n";
-    case QChar::LineSeparator:
-        return u"\v";
-    case QChar::ObjectReplacementCharacter:
-        return u" ";
-    default:
-        return {};
+    qsizetype taken = 0;
+    for (qsizetype i = 0; i < part.size(); ++i) {
+        const QChar character = part.at(i);
+        if (character != QChar::LineSeparator && character != QChar::ObjectReplacementCharacter)
+            continue;
+        text.append(part.mid(taken, i - taken)).append(character == QChar::LineSeparator ? u'\v' : u' ');
+        taken = i + 1;
     }
+    text.append(part.mid(taken));
 }
 
 } // namespace
@@ -62,24 +58,20 @@ int textPosition(const QTextDocument &document, int documentPosition)
 
 QString textBetween(const QTextDocument &document, int from, int to)
 {
-    QTextCursor cursor(const_cast<QTextDocument *>(&document)); // a cursor that only reads
-    cursor.setPosition(from);
-    cursor.setPosition(to, QTextCursor::KeepAnchor);
-    const QString raw = cursor.selectedText();
-
+    // Block by block: a cursor would take cells of tables whole.
     QString text;
-    text.reserve(raw.size() + raw.size() / 32);
-    qsizetype taken = 0;
-    for (qsizetype i = 0; i < raw.size(); ++i) {
-        if (raw.at(i) < QChar(QChar::LineSeparator))
-            continue;
-        const QStringView stands = inText(raw.at(i));
-        if (stands.isEmpty())
-            continue;
-        text.append(QStringView(raw).mid(taken, i - taken)).append(stands);
-        taken = i + 1;
+    text.reserve(qMax(0, to - from) + (to - from) / 32);
+    for (QTextBlock block = document.findBlock(from); block.isValid(); block = block.next()) {
+        const int begin = qMax(from, block.position());
+        const int end = block.position() + block.length() - 1;
+        if (begin < qMin(end, to))
+            appendText(text, QStringView(block.text()).mid(begin - block.position(), qMin(end, to) - begin));
+        if (to <= end)
+            break;
+        if (from <= end)
+            text.append(u"\r\n");
     }
-    return text.append(QStringView(raw).mid(taken));
+    return text;
 }
 
 } // namespace norvane

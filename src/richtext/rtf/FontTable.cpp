@@ -47,8 +47,12 @@ void FontTable::addUnit(char16_t unit)
 void FontTable::endName()
 {
     decodeBytes();
-    if (m_fonts.contains(m_current))
-        m_fonts[m_current].name = m_fonts[m_current].name.trimmed();
+    if (const auto font = m_fonts.find(m_current); font != m_fonts.end()) {
+        font->name = font->name.trimmed();
+        // Signs are those of a font that one can name.
+        if (font->name.isEmpty() && font->isSymbol())
+            font->codePage = 0;
+    }
     m_current = kNoFont;
 }
 
