@@ -6,8 +6,6 @@
 namespace norvane::rtf {
 namespace {
 
-/// Of cells that end where they begin.
-constexpr int kLeastCellWidth = 60;
 constexpr int kFullShading = 10'000;
 
 int length(const Token &token)
