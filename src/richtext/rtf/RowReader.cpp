@@ -82,6 +82,8 @@ bool RowReader::handle(ControlWord word, const Token &token, const ColorTable &c
         return true;
     case Word::RowLeft:
         row.left = length(token);
+        if (!row.cells.isEmpty()) // said late
+            row.left = qMin(row.left, row.cells.first().right - kLeastCellWidth);
         return true;
     case Word::RowGap:
         row.gap = distance(token);
