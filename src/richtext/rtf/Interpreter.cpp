@@ -17,6 +17,11 @@ bool isAscii(QByteArrayView bytes)
     return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return byte >= 0; });
 }
 
+void addUpTo(qsizetype length, QString &whole, QStringView text)
+{
+    whole += text.left(qMax(qsizetype(0), length - whole.size()));
+}
+
 bool isEscapedByte(int symbol)
 {
     return symbol == '\\' || symbol == '{' || symbol == '}';
@@ -116,7 +121,8 @@ bool Interpreter::endGroup()
         m_shapeBegin = inner.begin;
         m_shapeEnd = m_tokenizer.position();
     }
-    if (inner.destination != m_state.destination)
+    // The text in Unicode of two goes on what is around both.
+    if (inner.destination != m_state.destination && m_state.destination != Destination::Alternative)
         leave(inner);
     return true;
 }
@@ -235,12 +241,10 @@ void Interpreter::addText(QStringView text)
         m_markText += text;
         break;
     case Destination::FieldInstruction:
-        if (QString &instruction = m_openFields.back().text; instruction.size() < kMaximumLinkLength)
-            instruction += text.left(kMaximumLinkLength);
+        addUpTo(kMaximumLinkLength, m_openFields.back().text, text);
         break;
     case Destination::ObjectClass:
-        if (QString &name = m_openObjects.back().className; name.size() < kMaximumFontNameLength)
-            name += text.left(kMaximumFontNameLength);
+        addUpTo(kMaximumFontNameLength, m_openObjects.back().className, text);
         break;
     default:
         break;
@@ -335,6 +339,12 @@ int Interpreter::depth() const
     return paragraph.depth > 0 ? paragraph.depth : int(paragraph.inTable);
 }
 
+/// Of the table whose row ends: the innermost one, if no deeper one was stated.
+int Interpreter::nestedLevel() const
+{
+    return qMax(2, qMax(depth(), m_sink.depth()));
+}
+
 const Font *Interpreter::currentFont() const
 {
     const Font *font = m_fonts.font(m_state.characters.font);
@@ -345,8 +355,11 @@ int Interpreter::codePage()
 {
     if (m_state.codePage == kUnknown) {
         const Font *font = currentFont();
-        const int own = font && font->codePage > 0 ? font->codePage : m_codePage;
-        m_state.codePage = m_utf8 ? kUtf8CodePage : own;
+        // What is not shown has no signs.
+        const bool isName = m_state.destination == Destination::FieldInstruction ||
+                            m_state.destination == Destination::ObjectClass;
+        const bool hasOwn = font && font->codePage > 0 && !(isName && font->isSymbol());
+        m_state.codePage = m_utf8 ? kUtf8CodePage : hasOwn ? font->codePage : m_codePage;
     }
     return m_state.codePage;
 }

@@ -108,6 +108,7 @@ void OperationSink::beginParagraph(int depth, int expectedCells)
     endRun();
     const int wanted = qMin(depth, kMaximumTableDepth);
     const quint64 contentBefore = m_contentCount; // ends of tables belong to what came before
+    const quint64 cellsBefore = m_cellCount;
     while (int(m_tables.size()) > wanted) {
         const Table &table = m_tables.back();
         const int cells = int(table.cellEnds.size());
@@ -118,6 +119,7 @@ void OperationSink::beginParagraph(int depth, int expectedCells)
         closeTable();
     }
     m_contentCount = contentBefore;
+    m_cellCount = cellsBefore;
     while (int(m_tables.size()) < wanted && m_tableCount < kMaximumTables)
         openTable(m_document.operations.size());
     m_inParagraph = true;
@@ -193,6 +195,7 @@ void OperationSink::endCell(int level, int paragraphFormat, int format)
     table.cellHasContent = false;
     m_hasContent = true;
     ++m_contentCount;
+    ++m_cellCount;
     m_inParagraph = false;
     m_paragraphIsEmpty = true;
 }
@@ -240,6 +243,7 @@ void OperationSink::finishRow(const RowDescription &row, int paragraphFormat, in
     table->hasRows = true;
     table->lastRow = index;
     ++m_contentCount;
+    ++m_cellCount;
 }
 
 /// Some writers end one cell more than they describe.
@@ -264,7 +268,7 @@ RowFormat OperationSink::mergedRow(const RowDescription &row)
     while (size_t(format.cells.size()) < cellEnds.size()) {
         CellFormat cell;
         const int left = format.cells.isEmpty() ? format.left : format.cells.last().right;
-        cell.right = qMax(left + kLeastCellWidth, qMin(left + kCellWidth, kMaximumTwips));
+        cell.right = cellEnd(left, left + kCellWidth);
         format.cells.append(cell);
     }
     for (qsizetype i = row.merged.size() - 1; i > 0; --i) {
@@ -287,6 +291,9 @@ RowFormat OperationSink::mergedRow(const RowDescription &row)
             cellEnds.erase(cellEnds.begin() + i - 1);
         }
     }
+    int left = format.left;
+    for (CellFormat &cell : format.cells)
+        left = cell.right = cellEnd(left, cell.right);
     return format;
 }
 

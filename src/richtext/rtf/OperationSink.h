@@ -35,11 +35,15 @@ public:
     void endCell(int level, int paragraphFormat, int format);
     void endRow(int level, const RowDescription &row, int paragraphFormat, int format);
 
+    /// Of the tables around.
+    int depth() const { return int(m_tables.size()); }
     bool paragraphIsEmpty() const { return m_paragraphIsEmpty; }
     /// Whether there is anything but what is kept.
     bool hasContent() const { return m_hasContent; }
     /// Grows with everything that is added but text of no characters, and what is kept.
     quint64 contentCount() const { return m_contentCount; }
+    /// Grows with every end of a cell and row among it.
+    quint64 cellCount() const { return m_cellCount; }
     /// How much is kept behind the last content, and taking back what came behind so much of it.
     qsizetype keptSize() const { return m_kept.size(); }
     void chopKept(qsizetype size) { m_kept.truncate(size); }
@@ -79,6 +83,7 @@ private:
     bool m_paragraphIsEmpty = true;
     bool m_hasContent = false;
     quint64 m_contentCount = 0;
+    quint64 m_cellCount = 0;
     int m_paragraphFormat = -1; ///< of the last cell that ended; -1 before the first
     int m_endFormat = -1;       ///< the same of characters
 };
