@@ -1,5 +1,6 @@
 #include "richtext/rtf/Interpreter.h"
 
+#include "richtext/rtf/clean_text.h"
 #include "richtext/rtf/limits.h"
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/symbol_fonts.h"
@@ -172,6 +173,8 @@ void Interpreter::addBytes(QByteArrayView bytes)
     if (m_state.destination != Destination::Body) {
         addBytesElsewhere(bytes);
     } else if (m_bytes.isEmpty() && isAscii(bytes) && codePage() != kSymbolCodePage) {
+        if (isNothing(bytes))
+            return;
         beginText();
         m_sink.addAscii(bytes, characterFormat());
     } else {
@@ -234,6 +237,8 @@ void Interpreter::addText(QStringView text)
 {
     switch (m_state.destination) {
     case Destination::Body:
+        if (isNothing(text))
+            break;
         beginText();
         m_sink.addText(text, characterFormat());
         break;

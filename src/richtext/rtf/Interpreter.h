@@ -210,7 +210,7 @@ private:
     std::vector<Field> m_openFields;
     std::vector<Object> m_openObjects;
 
-    QString m_markText;            ///< text of the mark or number that is being read
+    QString m_markText; ///< text of the mark or number that is being read
     Announced m_announced;
     ShapePicture m_shapePicture = ShapePicture::None; ///< what the last picture of a shape was
     qsizetype m_shapeBegin = 0;                       ///< of its group

@@ -6,15 +6,6 @@
 #include <algorithm>
 
 namespace norvane::rtf {
-namespace {
-
-/// Control characters, of which nothing is left in a text.
-bool isNothing(char16_t unit)
-{
-    return unit < 0x20 && unit != 0 && unit != u'\t';
-}
-
-} // namespace
 
 void OperationSink::beginRun(int format)
 {
@@ -51,16 +42,12 @@ void OperationSink::addContent()
 
 void OperationSink::addText(QStringView text, int format)
 {
-    if (std::all_of(text.begin(), text.end(), [](QChar unit) { return isNothing(unit.unicode()); }))
-        return;
     beginRun(format);
     m_text += text;
 }
 
 void OperationSink::addAscii(QByteArrayView text, int format)
 {
-    if (std::all_of(text.begin(), text.end(), [](char unit) { return isNothing(char16_t(unit)); }))
-        return;
     beginRun(format);
     m_text += QLatin1StringView(text.data(), text.size());
 }

@@ -17,8 +17,9 @@ public:
     /// A paragraph begins, if none has: within that many tables.
     /// @param expectedCells how many the row is known to have; 0 if that is not known
     void beginParagraph(int depth, int expectedCells);
+    /// Text that is not without characters (isNothing).
     void addText(QStringView text, int format);
-    /// Bytes below 0x80.
+    /// Such bytes below 0x80.
     void addAscii(QByteArrayView text, int format);
     void addPicture(Picture picture, int format);
     /// What is kept, before the next text or end.
@@ -40,7 +41,7 @@ public:
     bool paragraphIsEmpty() const { return m_paragraphIsEmpty; }
     /// Whether there is anything but what is kept.
     bool hasContent() const { return m_hasContent; }
-    /// Grows with everything that is added but text of no characters, and what is kept.
+    /// Grows with everything that is added but what is kept.
     quint64 contentCount() const { return m_contentCount; }
     /// Grows with every end of a cell and row among it.
     quint64 cellCount() const { return m_cellCount; }

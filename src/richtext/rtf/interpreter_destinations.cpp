@@ -1,6 +1,7 @@
 // What the interpreter does where groups of a destination begin and end.
 
 #include "richtext/rtf/Interpreter.h"
+#include "richtext/rtf/clean_text.h"
 #include "richtext/rtf/field_instruction.h"
 #include "richtext/rtf/kept_pieces.h"
 #include "richtext/rtf/limits.h"
@@ -362,7 +363,7 @@ void Interpreter::endPicture(qsizetype begin)
 void Interpreter::endMarkText()
 {
     m_announced.isBullet = isBulletSign(m_markText.trimmed());
-    m_announced.number = m_announced.isBullet ? QString() : m_markText;
+    m_announced.number = m_announced.isBullet || isNothing(m_markText) ? QString() : m_markText;
 }
 
 } // namespace norvane::rtf
