@@ -2,9 +2,11 @@
 
 #include "platform/FileSystem.h"
 #include "platform/WindowHandle.h"
+#include "richtext/ParagraphPainter.h"
 #include "richtext/PictureStore.h"
 #include "richtext/links/word_checks.h"
 #include "richtext/selection_format.h"
+#include "richtext/text_positions.h"
 
 #include <QTextEdit>
 #include <functional>
@@ -178,6 +180,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
     QVariant loadResource(int type, const QUrl &name) override;
@@ -190,12 +193,6 @@ private:
     using MouseSignal = void (RichTextBox::*)(int, int, double, double);
     using ParagraphChange = std::function<void(rtf::ParagraphFormat &)>;
 
-    /// A stretch of the document, in its positions.
-    struct Range
-    {
-        int from = 0;
-        int to = 0;
-    };
     /// The format of a selection, as long as it stays the same.
     struct KnownFormat
     {
@@ -223,6 +220,7 @@ private:
 
     FileSystem &m_files;
     PictureStore m_pictures;
+    ParagraphPainter m_paragraphPainter;
     quint32 m_backColor = kSystemWindowColor;
     int m_mousePointer = 0;
     int m_bulletIndent = 360;

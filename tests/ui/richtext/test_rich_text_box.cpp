@@ -66,10 +66,32 @@ TEST_F(RichTextBoxTest, PositionsAreThoseOfTheText)
             if (inLineEnd)
                 continue;
             box.setSelLength(7);
+            // Cells of tables are selected whole.
+            const int start = box.SelStart();
             const int length = box.SelLength();
-            ASSERT_EQ(box.SelText().toStdString(), text.mid(position, length).toStdString()) << seed;
-            ASSERT_GE(length, qMin(qsizetype(6), text.size() - position)) << seed;
+            ASSERT_EQ(box.SelText().toStdString(), text.mid(start, length).toStdString()) << seed;
+            ASSERT_LE(start, position) << seed;
+            ASSERT_GE(start + length, qMin(qsizetype(position) + 6, text.size())) << seed;
         }
+    }
+}
+
+TEST_F(RichTextBoxTest, ASelectionOfCellsIsThoseCells)
+{
+    box.setTextRTF("{\\rtf1 a\\par"
+                   "\\trowd\\cellx1000\\cellx2000\\intbl b\\cell c\\cell\\row"
+                   "\\trowd\\cellx1000\\cellx2000\\intbl d\\cell e\\cell\\row\\pard f}");
+    const int first = int(box.Text().indexOf(u'b'));
+    const int last = int(box.Text().indexOf(u'd'));
+    select(first, last - first + 1); // down the first column
+    box.setSelBold(true);
+    box.setSelAlignment(2);
+    EXPECT_EQ(box.SelBold(), true);
+    for (const QChar character : u"abcdef"_qs) {
+        const bool isChanged = character == u'b' || character == u'd';
+        select(int(box.Text().indexOf(character)), 1);
+        EXPECT_EQ(box.SelBold(), isChanged) << character.toLatin1();
+        EXPECT_EQ(box.SelAlignment(), isChanged ? 2 : 0) << character.toLatin1();
     }
 }
 
