@@ -16,6 +16,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QTextBlock>
 #include <QTextDocumentFragment>
 
@@ -188,9 +189,14 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
 
 void RichTextBox::mouseDoubleClickEvent(QMouseEvent *event)
 {
+    const std::shared_ptr<const rtf::EmbeddedObject> object = objectAt(event->position().toPoint());
     QTextEdit::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton)
-        emit DblClick();
+    if (event->button() != Qt::LeftButton)
+        return;
+    const QPointer<RichTextBox> self(this);
+    emit DblClick();
+    if (object && self)
+        emit ObjectDblClick(object);
 }
 
 void RichTextBox::contextMenuEvent(QContextMenuEvent *event)
