@@ -11,7 +11,6 @@
 #include "richtext/plain_text_file.h"
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/writer.h"
-#include "richtext/text_positions.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
@@ -163,8 +162,8 @@ void RichTextBox::SaveFile(const QString &name, int format) const
 
 QString RichTextBox::SelText() const
 {
-    const QTextCursor cursor = textCursor();
-    return textBetween(*document(), cursor.selectionStart(), cursor.selectionEnd());
+    const Range selected = selectedRange(textCursor());
+    return textBetween(*document(), selected.from, selected.to);
 }
 
 void RichTextBox::setSelText(const QString &text)

@@ -6,6 +6,7 @@
 #include "richtext/PictureStore.h"
 #include "richtext/links/word_checks.h"
 #include "richtext/selection_format.h"
+#include "richtext/text_positions.h"
 
 #include <QTextEdit>
 #include <functional>
@@ -205,12 +206,6 @@ private:
     using MouseSignal = void (RichTextBox::*)(int, int, double, double);
     using ParagraphChange = std::function<void(rtf::ParagraphFormat &)>;
 
-    /// A stretch of the document, in its positions.
-    struct Range
-    {
-        int from = 0;
-        int to = 0;
-    };
     /// The format of a selection, as long as it stays the same.
     struct KnownFormat
     {

@@ -44,8 +44,7 @@ QString htmlOf(const QTextCursor &selection)
 std::unique_ptr<QMimeData> mimeDataOf(const QTextCursor &selection)
 {
     auto data = std::make_unique<QMimeData>();
-    const int from = selection.selectionStart();
-    const int to = selection.selectionEnd();
+    const auto [from, to] = selectedRange(selection);
     const QByteArray rtf = rtf::write(readDocument(*selection.document(), from, to, false));
     data->setData(kRtfTypes[0], rtf);
     data->setData(kRtfTypes[1], rtf);

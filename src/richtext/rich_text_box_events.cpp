@@ -111,8 +111,8 @@ bool RichTextBox::isProtected(int from, int to) const
 
 bool RichTextBox::mayChangeSelection() const
 {
-    const QTextCursor cursor = textCursor();
-    return !isReadOnly() && !isProtected(cursor.selectionStart(), cursor.selectionEnd());
+    const Range selected = selectedRange(textCursor());
+    return !isReadOnly() && !isProtected(selected.from, selected.to);
 }
 
 bool RichTextBox::wouldChangeProtected(const QKeyEvent &event) const
@@ -135,7 +135,8 @@ bool RichTextBox::wouldChangeProtected(const QKeyEvent &event) const
                        event.matches(QKeySequence::Cut) || event.matches(QKeySequence::Paste) ||
                        event.matches(QKeySequence::DeleteEndOfLine) ||
                        (!event.text().isEmpty() && event.text().at(0).isPrint()) || event.text() == u"\t";
-    return edits && isProtected(cursor.selectionStart(), cursor.selectionEnd());
+    const Range selected = selectedRange(cursor);
+    return edits && isProtected(selected.from, selected.to);
 }
 
 void RichTextBox::emitMouse(MouseSignal signal, int button, const QMouseEvent &from)

@@ -2,6 +2,7 @@
 
 #include "richtext/format_conversion.h"
 #include "richtext/format_properties.h"
+#include "richtext/rtf/limits.h"
 
 #include <QBrush>
 #include <algorithm>
@@ -13,7 +14,6 @@ namespace {
 constexpr int kTolerance = 20;
 /// Of tables that do not say how wide they are.
 constexpr int kUsualWidth = 9'000;
-constexpr int kLeastColumn = 60;
 
 QTextFrameFormat::BorderStyle borderStyle(rtf::BorderStyle style)
 {
@@ -159,7 +159,7 @@ QList<int> foreignEdges(const QTextTable &table)
 {
     const QTextTableFormat format = table.format();
     const QList<QTextLength> widths = format.columnWidthConstraints();
-    const int share = qMax(kLeastColumn, kUsualWidth / table.columns());
+    const int share = kUsualWidth / table.columns();
     QList<int> edges{0};
     for (int column = 0; column < table.columns(); ++column) {
         const QTextLength width = column < widths.size() ? widths.at(column) : QTextLength();
@@ -168,7 +168,8 @@ QList<int> foreignEdges(const QTextTable &table)
             twips = qRound(width.rawValue() * twipsPerPixel());
         else if (width.type() == QTextLength::PercentageLength && width.rawValue() > 0)
             twips = qRound(width.rawValue() * kUsualWidth / 100);
-        edges.append(edges.last() + qMax(kLeastColumn, twips));
+        const int left = edges.last();
+        edges.append(qMax(left + rtf::kLeastCellWidth, qMin(left + twips, rtf::kMaximumTwips)));
     }
     return edges;
 }

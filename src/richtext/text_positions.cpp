@@ -1,6 +1,7 @@
 #include "richtext/text_positions.h"
 
 #include <QTextBlock>
+#include <QTextTable>
 
 namespace norvane {
 namespace {
@@ -72,6 +73,34 @@ QString textBetween(const QTextDocument &document, int from, int to)
             text.append(u"\r\n");
     }
     return text;
+}
+
+QVector<Range> selectedRanges(const QTextCursor &cursor)
+{
+    const QTextTable *table = cursor.hasComplexSelection() ? cursor.currentTable() : nullptr;
+    if (!table)
+        return {{cursor.selectionStart(), cursor.selectionEnd()}};
+    int row = 0;
+    int rows = 0;
+    int column = 0;
+    int columns = 0;
+    cursor.selectedTableCells(&row, &rows, &column, &columns);
+    QVector<Range> ranges;
+    for (int line = row; line < row + rows; ++line) {
+        for (int place = column; place < column + columns;) {
+            const QTextTableCell cell = table->cellAt(line, place);
+            if (cell.row() == line)
+                ranges.append({cell.firstPosition(), cell.lastPosition()});
+            place = qMax(place + 1, cell.column() + cell.columnSpan());
+        }
+    }
+    return ranges;
+}
+
+Range selectedRange(const QTextCursor &cursor)
+{
+    const QVector<Range> ranges = selectedRanges(cursor);
+    return {ranges.first().from, ranges.last().to};
 }
 
 } // namespace norvane

@@ -86,17 +86,11 @@ Document Interpreter::run()
         }
     }
     decodeBytes();
+    m_fonts.endName();
     Document document = m_sink.take();
     document.wrappers = std::move(m_wrappers);
     document.styles = m_styles;
     document.prologue = m_prologue;
-    if (document.operations.size() == 1) {
-        // Without a text, there is no place in it.
-        if (const auto *piece = std::get_if<KeptPiece>(&document.operations.front())) {
-            document.prologue += piece->bytes;
-            document.operations.clear();
-        }
-    }
     if (const Font *font = m_fonts.font(m_defaultFont))
         document.defaultFont = font->name;
     return document;
@@ -295,9 +289,9 @@ void Interpreter::addUnicode(int value)
 void Interpreter::beginText(int leastDepth)
 {
     m_sink.beginParagraph(qMax(depth(), leastDepth), int(m_row.row().format.cells.size()));
-    if (m_number.isEmpty())
+    if (m_announced.number.isEmpty())
         return;
-    const QString number = std::exchange(m_number, {});
+    const QString number = std::exchange(m_announced.number, {});
     if (!listItem().list)
         m_sink.addText(number, characterFormat());
 }
@@ -308,8 +302,7 @@ void Interpreter::endParagraph()
         return;
     beginText();
     m_sink.endParagraph(paragraphFormat(), characterFormat());
-    m_markedAsBullet = false;
-    m_pageBreak = false;
+    m_announced = {};
 }
 
 void Interpreter::endCell(int level)
@@ -322,13 +315,12 @@ void Interpreter::endCell(int level)
         return;
     }
     m_sink.endCell(level, paragraphFormat(), characterFormat());
-    m_markedAsBullet = false;
-    m_pageBreak = false;
+    m_announced = {};
 }
 
 void Interpreter::endRow(int level, const RowDescription &row)
 {
-    m_number.clear();
+    m_announced.number.clear();
     if (m_sink.takesTables(level)) {
         m_sink.endRow(level, row, paragraphFormat(), characterFormat());
     } else {
@@ -411,7 +403,7 @@ ListItem Interpreter::listItem()
 
 int Interpreter::paragraphFormat()
 {
-    const bool own = m_markedAsBullet || m_pageBreak;
+    const bool own = m_announced.isBullet || m_announced.pageBreak;
     if (m_state.paragraphFormat != kUnknown && !own)
         return m_state.paragraphFormat;
     const Paragraph &paragraph = m_state.paragraph;
@@ -421,14 +413,14 @@ int Interpreter::paragraphFormat()
         format.leftIndent = level->leftIndent;
         format.firstIndent = level->firstIndent;
     }
-    if (!format.item.list && m_markedAsBullet)
+    if (!format.item.list && m_announced.isBullet)
         format.item = ListItem::bullet();
     if (format.alignment == Alignment::Left && !format.rightToLeft)
         format.alignment = Alignment::Leading;
     if (format.lineSpacing == 0)
         format.lineSpacingMultiple = false;
     format.background = paragraph.shading.color();
-    format.pageBreakBefore = format.pageBreakBefore || m_pageBreak;
+    format.pageBreakBefore = format.pageBreakBefore || m_announced.pageBreak;
     const int index = m_sink.paragraphFormats().indexOf(format);
     if (!own)
         m_state.paragraphFormat = index;

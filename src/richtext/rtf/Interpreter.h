@@ -84,13 +84,21 @@ private:
         QString tip;
     };
     /// A field whose group has not ended.
+    /// What a paragraph has by words before it.
+    struct Announced
+    {
+        QString number;        ///< to be put before its text if it is in no list
+        bool isBullet = false; ///< its mark is a bullet
+        bool pageBreak = false;
+    };
     struct Field
     {
         QByteArray words;
         QByteArray instruction; ///< as it is kept
         QString text;           ///< of the instruction
         quint64 contentBefore = 0;
-        bool hasResult = false;
+        Announced announcedBefore;
+        RowReader rowBefore;
     };
     /// An object whose group has not ended.
     struct Object
@@ -193,9 +201,7 @@ private:
     std::vector<Object> m_openObjects;
 
     QString m_markText;            ///< text of the mark or number that is being read
-    QString m_number;              ///< of the paragraph, to be put before its text if it is in no list
-    bool m_markedAsBullet = false; ///< the paragraph's mark is a bullet
-    bool m_pageBreak = false;      ///< before the paragraph
+    Announced m_announced;
     ShapePicture m_shapePicture = ShapePicture::None; ///< what the last picture of a shape was
     qsizetype m_shapeBegin = 0;                       ///< of its group
     qsizetype m_shapeEnd = 0;

@@ -115,7 +115,7 @@ void OperationSink::beginParagraph(int depth, int expectedCells)
             m_tables.size() == 1 && cells > 0 && (expectedCells == 0 || cells < expectedCells);
         if (rowGoesOn)
             break; // a paragraph that does not say that it is in the table
-        closeTable(m_paragraphFormat, m_endFormat);
+        closeTable();
     }
     while (int(m_tables.size()) < wanted && m_tableCount < kMaximumTables)
         openTable(m_document.operations.size());
@@ -145,6 +145,15 @@ void OperationSink::openTable(size_t place)
         ++m_tableCount;
     }
     m_hasContent = true;
+}
+
+void OperationSink::closeTable()
+{
+    if (m_paragraphFormat < 0) { // not one cell has ended
+        m_paragraphFormat = m_document.paragraphFormats.indexOf({});
+        m_endFormat = m_document.characterFormats.indexOf({});
+    }
+    closeTable(m_paragraphFormat, m_endFormat);
 }
 
 void OperationSink::closeTable(int paragraphFormat, int format)
@@ -251,7 +260,8 @@ RowFormat OperationSink::mergedRow(const RowDescription &row)
     auto &operations = m_document.operations;
     while (size_t(format.cells.size()) < cellEnds.size()) {
         CellFormat cell;
-        cell.right = (format.cells.isEmpty() ? format.left : format.cells.last().right) + kCellWidth;
+        const int left = format.cells.isEmpty() ? format.left : format.cells.last().right;
+        cell.right = qMax(left + kLeastCellWidth, qMin(left + kCellWidth, kMaximumTwips));
         format.cells.append(cell);
     }
     for (qsizetype i = row.merged.size() - 1; i > 0; --i) {
@@ -287,7 +297,7 @@ Document OperationSink::take()
 {
     endRun();
     while (!m_tables.empty())
-        closeTable(m_paragraphFormat, m_endFormat);
+        closeTable();
     flushKept();
     return std::move(m_document);
 }

@@ -58,6 +58,7 @@ private:
     void endRun();
     void flushKept();
     void openTable(size_t place);
+    void closeTable();
     void closeTable(int paragraphFormat, int format);
     void addContent();
     void finishRow(const RowDescription &row, int paragraphFormat, int format);
@@ -75,8 +76,8 @@ private:
     bool m_paragraphIsEmpty = true;
     bool m_hasContent = false;
     quint64 m_contentCount = 0;
-    int m_endFormat = 0;       ///< of characters, for cells that have no text
-    int m_paragraphFormat = 0; ///< the same of paragraphs
+    int m_paragraphFormat = -1; ///< of the last cell that ended; -1 before the first
+    int m_endFormat = -1;       ///< the same of characters
 };
 
 } // namespace norvane::rtf

@@ -6,8 +6,6 @@
 namespace norvane::rtf {
 namespace {
 
-/// Of cells that end where they begin.
-constexpr int kLeastCellWidth = 60;
 constexpr int kFullShading = 10'000;
 
 int length(const Token &token)
@@ -84,6 +82,8 @@ bool RowReader::handle(ControlWord word, const Token &token, const ColorTable &c
         return true;
     case Word::RowLeft:
         row.left = length(token);
+        if (!row.cells.isEmpty()) // said late
+            row.left = qMin(row.left, row.cells.first().right - kLeastCellWidth);
         return true;
     case Word::RowGap:
         row.gap = distance(token);

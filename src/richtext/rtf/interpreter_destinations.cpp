@@ -69,7 +69,8 @@ bool Interpreter::enter(Destination destination)
     default:
         break;
     }
-    if (m_outer.size() <= 1)
+    const bool isKeptWhole = destination == Destination::Field || destination == Destination::Object;
+    if (m_outer.size() <= 1 || (isKeptWhole && !m_fresh))
         return true; // a word that is out of place
     if (now == Destination::FieldInstruction)
         return true; // a field within an instruction is a part of its text
@@ -92,6 +93,8 @@ bool Interpreter::enter(Destination destination)
     case Destination::Field:
         m_openFields.emplace_back();
         m_openFields.back().contentBefore = m_sink.contentCount();
+        m_openFields.back().announcedBefore = m_announced;
+        m_openFields.back().rowBefore = m_row;
         break;
     case Destination::FieldResult:
         beginFieldResult();
@@ -229,6 +232,8 @@ void Interpreter::endField(const State &field)
     m_openFields.pop_back();
     if (m_state.destination != Destination::Body || m_sink.contentCount() != ended.contentBefore)
         return;
+    m_announced = ended.announcedBefore;
+    m_row = ended.rowBefore;
     if (symbolOf(ended.text))
         addSymbolOfField(ended.text);
     else
@@ -332,8 +337,8 @@ void Interpreter::endPicture(qsizetype begin)
 
 void Interpreter::endMarkText()
 {
-    m_markedAsBullet = isBulletSign(m_markText.trimmed());
-    m_number = m_markedAsBullet ? QString() : m_markText;
+    m_announced.isBullet = isBulletSign(m_markText.trimmed());
+    m_announced.number = m_announced.isBullet ? QString() : m_markText;
 }
 
 } // namespace norvane::rtf

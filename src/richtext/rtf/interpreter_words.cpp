@@ -179,7 +179,8 @@ void Interpreter::handleBodyWord(ControlWord word, const Token &token)
         m_state.paragraphFormat = kUnknown;
         return;
     }
-    if (!handleTableWord(word, token))
+    const bool isBody = m_state.destination == Destination::Body;
+    if (!isBody || !handleTableWord(word, token))
         handleDocumentWord(word, token);
 }
 
@@ -215,7 +216,7 @@ bool Interpreter::handleDocumentWord(ControlWord word, const Token &token)
         if (isBody) {
             if (!m_sink.paragraphIsEmpty())
                 endParagraph();
-            m_pageBreak = true;
+            m_announced.pageBreak = true;
         }
         break;
     case Word::KeptOfDocument:

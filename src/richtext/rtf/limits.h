@@ -34,6 +34,8 @@ inline constexpr qsizetype kMaximumLinkLength = 8'192;
 inline constexpr int kMaximumTabs = 64;
 /// Lengths on a page: 22 inches.
 inline constexpr int kMaximumTwips = 31'680;
+/// Of cells that end where they begin, or behind the longest length.
+inline constexpr int kLeastCellWidth = 60;
 inline constexpr int kMaximumHalfPoints = 3'276;
 inline constexpr int kMaximumBorderWidth = 255;
 

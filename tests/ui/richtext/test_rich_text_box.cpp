@@ -76,6 +76,25 @@ TEST_F(RichTextBoxTest, PositionsAreThoseOfTheText)
     }
 }
 
+TEST_F(RichTextBoxTest, ASelectionOfCellsIsThoseCells)
+{
+    box.setTextRTF("{\\rtf1 a\\par"
+                   "\\trowd\\cellx1000\\cellx2000\\intbl b\\cell c\\cell\\row"
+                   "\\trowd\\cellx1000\\cellx2000\\intbl d\\cell e\\cell\\row\\pard f}");
+    const int first = int(box.Text().indexOf(u'b'));
+    const int last = int(box.Text().indexOf(u'd'));
+    select(first, last - first + 1); // down the first column
+    box.setSelBold(true);
+    box.setSelAlignment(2);
+    EXPECT_EQ(box.SelBold(), true);
+    for (const QChar character : u"abcdef"_qs) {
+        const bool isChanged = character == u'b' || character == u'd';
+        select(int(box.Text().indexOf(character)), 1);
+        EXPECT_EQ(box.SelBold(), isChanged) << character.toLatin1();
+        EXPECT_EQ(box.SelAlignment(), isChanged ? 2 : 0) << character.toLatin1();
+    }
+}
+
 TEST_F(RichTextBoxTest, SelTextReplacesTheSelection)
 {
     box.setText(u"one two"_qs);
