@@ -9,9 +9,24 @@
 #include "shell/internal_error.h"
 
 #include <QPointer>
+#include <QTextDocument>
 #include <QTimer>
 
 namespace norvane {
+
+namespace {
+
+/// A narrower column does not make an object smaller.
+constexpr int kNarrowestColumn = 120;
+
+frmOle::Room roomOf(const RichTextBox &box)
+{
+    const int margins = 2 * qRound(box.document()->documentMargin());
+    return {RichTextBox::kLargestEmbedded - box.embeddedBytes(),
+            qMax(kNarrowestColumn, box.viewport()->width() - margins)};
+}
+
+} // namespace
 
 void NV_RTFEdit::mnu_insert_obj()
 {
@@ -20,8 +35,7 @@ void NV_RTFEdit::mnu_insert_obj()
     const QPointer<NV_RTFEdit> self(this);
     Prompts &prompts = m_services.prompts;
     // On the heap: its parent may be a note that goes while the dialog stands open.
-    const QPointer<frmOle> helper = new frmOle(
-        m_services.files, prompts, RichTextBox::kLargestEmbedded - m_box->embeddedBytes(), window());
+    const QPointer<frmOle> helper = new frmOle(m_services.files, prompts, roomOf(*m_box), window());
     bool failed = false;
     try {
         helper->exec();

@@ -37,7 +37,7 @@ QString fileNameOf(const QString &path)
 
 } // namespace
 
-frmOle::frmOle(FileSystem &files, Prompts &prompts, qint64 room, QWidget *parent)
+frmOle::frmOle(FileSystem &files, Prompts &prompts, Room room, QWidget *parent)
     : QDialog(parent), m_files(files), m_prompts(prompts), m_room(room), m_file(new QLineEdit),
       m_browse(new QPushButton(tr("&Browse..."))), m_asIcon(new QCheckBox(tr("&Display as Icon"))),
       m_nameCaption(new QLabel(tr("&Name:"))), m_name(new QLineEdit), m_preview(new QLabel),
@@ -131,10 +131,10 @@ void frmOle::take(const QString &path)
         if (size > kLargestFile)
             refusal = tr("'%1' is too large: it has %2. An object can hold %3.")
                           .arg(fileNameOf(path), sizeText(size), sizeText(kLargestFile));
-        else if (size > m_room)
+        else if (size > m_room.bytes)
             refusal =
                 tr("There is no room for '%1', which has %2. The objects of this text can take %3 more.")
-                    .arg(fileNameOf(path), sizeText(size), sizeText(qMax<qint64>(m_room, 0)));
+                    .arg(fileNameOf(path), sizeText(size), sizeText(qMax<qint64>(m_room.bytes, 0)));
         else
             bytes = m_files.read(path);
     } catch (const RuntimeError &error) {
@@ -147,7 +147,7 @@ void frmOle::take(const QString &path)
 
     m_bytes = bytes;
     m_fileName = fileNameOf(path);
-    m_picture = pictureOfFile(bytes);
+    m_picture = pictureOfFile(bytes, m_room.width);
     m_file->setText(path);
     m_file->setToolTip(path);
     m_name->setText(safeFileName(m_fileName));

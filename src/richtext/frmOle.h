@@ -26,8 +26,14 @@ public:
     /// A larger file is refused, in bytes.
     static constexpr qint64 kLargestFile = qint64(16) << 20;
 
-    /// @param room bytes that the text may still take
-    frmOle(FileSystem &files, Prompts &prompts, qint64 room, QWidget *parent = nullptr);
+    /// What the text has left for an object.
+    struct Room
+    {
+        qint64 bytes = kLargestFile;
+        int width = 0; ///< pixels of its column
+    };
+
+    frmOle(FileSystem &files, Prompts &prompts, Room room, QWidget *parent = nullptr);
 
     /// The holder: the object, as the picture that shows it; nothing when there is none, or the
     /// dialog was cancelled.
@@ -46,7 +52,7 @@ private:
 
     FileSystem &m_files;
     Prompts &m_prompts;
-    qint64 m_room;
+    Room m_room;
     QString m_fileName; ///< of the file, without its folder; empty while there is none
     QByteArray m_bytes;
     std::optional<rtf::Picture> m_picture; ///< of a file that is one

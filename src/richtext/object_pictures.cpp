@@ -17,7 +17,6 @@ namespace norvane {
 namespace {
 
 // Pixels as a screen without scaling has them.
-constexpr int kLargestSide = 480;
 constexpr int kIconSize = 48;
 constexpr int kTextHeight = 12;
 constexpr int kNarrowestText = 64;
@@ -28,7 +27,7 @@ constexpr int kCornerRadius = 4;
 /// Drawn finer than that, for screens with scaling.
 constexpr int kFineness = 2;
 
-constexpr QColor kGround(250, 250, 250);
+constexpr QColor kGround(240, 240, 242);
 constexpr QColor kEdge(196, 196, 196);
 constexpr QColor kInk(32, 32, 32);
 
@@ -82,7 +81,7 @@ QStringList linesOf(const QString &text, const QFont &font)
 
 } // namespace
 
-std::optional<rtf::Picture> pictureOfFile(const QByteArray &bytes)
+std::optional<rtf::Picture> pictureOfFile(const QByteArray &bytes, int width)
 {
     QByteArray data = bytes;
     QBuffer buffer(&data);
@@ -97,9 +96,9 @@ std::optional<rtf::Picture> pictureOfFile(const QByteArray &bytes)
     if (image.isNull())
         return std::nullopt;
 
-    const QSize largest(kLargestSide, kLargestSide);
+    const QSize largest(qBound(1, width, kLargestShownSide), kLargestShownSide);
     QSize shown = image.size();
-    if (shown.width() > kLargestSide || shown.height() > kLargestSide)
+    if (shown.width() > largest.width() || shown.height() > largest.height())
         shown = shown.scaled(largest, Qt::KeepAspectRatio).expandedTo({1, 1});
     const QSize fine = shown * kFineness;
     const bool isLarge = image.width() > fine.width() || image.height() > fine.height();

@@ -8,9 +8,13 @@ namespace norvane {
 
 /// How objects that carry a file are shown in a text.
 
-/// A picture file as the picture that stands for it: as large as it is, within the width of a
-/// column. A large one is made smaller: the object has it whole. Nothing when the bytes are no picture.
-std::optional<rtf::Picture> pictureOfFile(const QByteArray &bytes);
+/// Pixels, as a screen without scaling has them: no side of a picture is shown larger.
+inline constexpr int kLargestShownSide = 480;
+
+/// A picture file as the picture that stands for it, as large as it is within limits. Of a large one
+/// it has fewer pixels: the object has it whole. Nothing when the bytes are no picture.
+/// @param width pixels that it may be wide
+std::optional<rtf::Picture> pictureOfFile(const QByteArray &bytes, int width = kLargestShownSide);
 
 /// The icon of a file's type with a text beneath it, on a light ground of its own, so that it can be
 /// read on any paper.

@@ -191,7 +191,7 @@ TEST_F(Objects, FilesAreRefusedWithTheReason)
     });
     EXPECT_EQ(bytesBefore(1), "ok");
 
-    frmOle narrow(files, prompts, 1);
+    frmOle narrow(files, prompts, {1, 100});
     prompts.boxes.clear();
     browse(narrow, u"/d/ok.txt"_qs);
     ASSERT_EQ(prompts.boxes.size(), 1);
@@ -291,6 +291,7 @@ TEST(ObjectPictures, LargePicturesAreShownSmaller)
     EXPECT_LT(shown->bytes.size(), large.size());
     EXPECT_EQ(QImage::fromData(shown->bytes).size(), QSize(shown->width, shown->height));
 
+    EXPECT_EQ(pictureOfFile(large, 200)->displayWidth, 200 * 15);
     const QByteArray small = encodedImage(480, 20, "PNG");
     EXPECT_EQ(pictureOfFile(small)->bytes, small);
     EXPECT_EQ(pictureOfFile(encodedImage(30, 20, "BMP"))->kind, rtf::PictureKind::Png);
