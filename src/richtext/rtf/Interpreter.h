@@ -84,6 +84,13 @@ private:
         QString tip;
     };
     /// A field whose group has not ended.
+    /// How much of what is not shown has come.
+    struct KeptSizes
+    {
+        qsizetype styles = 0;
+        qsizetype prologue = 0;
+        qsizetype inText = 0; ///< behind the last text
+    };
     /// What a paragraph has by words before it.
     struct Announced
     {
@@ -97,6 +104,7 @@ private:
         QByteArray instruction; ///< as it is kept
         QString text;           ///< of the instruction
         quint64 contentBefore = 0;
+        KeptSizes keptBefore;
         Announced announcedBefore;
         RowReader rowBefore;
     };

@@ -87,7 +87,7 @@ void MarkReader::handle(ControlWord word, const Token &token)
     else if (word.word == Word::MarkFont)
         m_font = token.parameter;
     else if (word.word == Word::MarkStart)
-        m_start = qMax(0, token.parameter);
+        m_start = qBound(0, token.parameter, kMaximumStart);
 }
 
 ListItem MarkReader::end()
@@ -182,7 +182,7 @@ void ListReader::handleLevelWord(ControlWord word, const Token &token, Level &le
         level.format.style = qBound(0, token.parameter, int(kNoNumber));
         break;
     case Word::LevelStart:
-        level.format.start = qMax(0, token.parameter);
+        level.format.start = qBound(0, token.parameter, kMaximumStart);
         level.startStated = true;
         break;
     case Word::LevelFollow:

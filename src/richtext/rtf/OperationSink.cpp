@@ -80,7 +80,6 @@ void OperationSink::addKept(const QByteArray &bytes)
         return;
     endRun();
     m_kept += bytes;
-    ++m_contentCount;
 }
 
 void OperationSink::endParagraph(int paragraphFormat, int format)
@@ -108,6 +107,7 @@ void OperationSink::beginParagraph(int depth, int expectedCells)
         return;
     endRun();
     const int wanted = qMin(depth, kMaximumTableDepth);
+    const quint64 contentBefore = m_contentCount; // ends of tables belong to what came before
     while (int(m_tables.size()) > wanted) {
         const Table &table = m_tables.back();
         const int cells = int(table.cellEnds.size());
@@ -117,6 +117,7 @@ void OperationSink::beginParagraph(int depth, int expectedCells)
             break; // a paragraph that does not say that it is in the table
         closeTable();
     }
+    m_contentCount = contentBefore;
     while (int(m_tables.size()) < wanted && m_tableCount < kMaximumTables)
         openTable(m_document.operations.size());
     m_inParagraph = true;
@@ -130,21 +131,23 @@ bool OperationSink::takesTables(int level) const
            (level <= int(m_tables.size()) || m_tableCount + level - int(m_tables.size()) <= kMaximumTables);
 }
 
-void OperationSink::openTable(size_t place)
+/// @return where the operations that stood at the place are now
+size_t OperationSink::openTable(size_t place)
 {
     auto &operations = m_document.operations;
     m_tables.emplace_back();
+    m_hasContent = true;
     if (place > 0 && std::holds_alternative<TableEnd>(operations[place - 1])) {
         // Rows that follow rows are of the same table.
         operations.erase(operations.begin() + std::ptrdiff_t(place) - 1);
         m_tables.back().hasRows = true;
         m_tables.back().lastRow = std::get<RowEnd>(operations[place - 2]).rowFormat;
-    } else {
-        operations.emplace_back(TableBegin{});
-        std::rotate(operations.begin() + std::ptrdiff_t(place), operations.end() - 1, operations.end());
-        ++m_tableCount;
+        return place - 1;
     }
-    m_hasContent = true;
+    operations.emplace_back(TableBegin{});
+    std::rotate(operations.begin() + std::ptrdiff_t(place), operations.end() - 1, operations.end());
+    ++m_tableCount;
+    return place + 1;
 }
 
 void OperationSink::closeTable()
@@ -171,9 +174,9 @@ void OperationSink::endCell(int level, int paragraphFormat, int format)
     m_paragraphFormat = paragraphFormat;
     m_endFormat = format;
     // Text that did not say so turns out to be a cell's.
-    const size_t place = m_inParagraph ? m_paragraphPlace : m_document.operations.size();
-    for (size_t next = place; int(m_tables.size()) < level; ++next)
-        openTable(next);
+    size_t place = m_inParagraph ? m_paragraphPlace : m_document.operations.size();
+    while (int(m_tables.size()) < level)
+        place = openTable(place);
     while (int(m_tables.size()) > level)
         closeTable(paragraphFormat, format);
     Table &table = m_tables.back();

@@ -38,8 +38,11 @@ public:
     bool paragraphIsEmpty() const { return m_paragraphIsEmpty; }
     /// Whether there is anything but what is kept.
     bool hasContent() const { return m_hasContent; }
-    /// Grows with everything that is added but text of no characters.
+    /// Grows with everything that is added but text of no characters, and what is kept.
     quint64 contentCount() const { return m_contentCount; }
+    /// How much is kept behind the last content, and taking back what came behind so much of it.
+    qsizetype keptSize() const { return m_kept.size(); }
+    void chopKept(qsizetype size) { m_kept.truncate(size); }
 
     /// The picture that was added last; nullptr when something else was.
     PictureRun *lastPicture();
@@ -57,7 +60,7 @@ private:
     void beginRun(int format);
     void endRun();
     void flushKept();
-    void openTable(size_t place);
+    size_t openTable(size_t place);
     void closeTable();
     void closeTable(int paragraphFormat, int format);
     void addContent();

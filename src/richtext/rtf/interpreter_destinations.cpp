@@ -53,6 +53,13 @@ Destination around(Destination destination)
     }
 }
 
+/// Tables that stand before the text.
+bool isHeader(Destination destination)
+{
+    return destination == Destination::FontTable || destination == Destination::ColorTable ||
+           destination == Destination::ListTable;
+}
+
 } // namespace
 
 bool Interpreter::enter(Destination destination)
@@ -72,6 +79,8 @@ bool Interpreter::enter(Destination destination)
     const bool isKeptWhole = destination == Destination::Field || destination == Destination::Object;
     if (m_outer.size() <= 1 || (isKeptWhole && !m_fresh))
         return true; // a word that is out of place
+    if (isHeader(destination) && !m_openFields.empty())
+        return skipGroup();
     if (now == Destination::FieldInstruction)
         return true; // a field within an instruction is a part of its text
     const bool isResult = destination == Destination::FieldResult || destination == Destination::ObjectResult;
@@ -93,8 +102,12 @@ bool Interpreter::enter(Destination destination)
     case Destination::Field:
         m_openFields.emplace_back();
         m_openFields.back().contentBefore = m_sink.contentCount();
+        m_openFields.back().keptBefore = {m_styles.size(), m_prologue.size(), m_sink.keptSize()};
         m_openFields.back().announcedBefore = m_announced;
         m_openFields.back().rowBefore = m_row;
+        break;
+    case Destination::FieldInstruction:
+        m_openFields.back().text.clear();
         break;
     case Destination::FieldResult:
         beginFieldResult();
@@ -232,6 +245,9 @@ void Interpreter::endField(const State &field)
     m_openFields.pop_back();
     if (m_state.destination != Destination::Body || m_sink.contentCount() != ended.contentBefore)
         return;
+    m_styles.truncate(ended.keptBefore.styles);
+    m_prologue.truncate(ended.keptBefore.prologue);
+    m_sink.chopKept(ended.keptBefore.inText);
     m_announced = ended.announcedBefore;
     m_row = ended.rowBefore;
     if (symbolOf(ended.text))

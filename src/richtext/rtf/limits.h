@@ -24,6 +24,8 @@ inline constexpr qsizetype kMaximumKeptWordsLength = 512;
 inline constexpr int kMaximumWrapperDepth = 16;
 inline constexpr int kMaximumWrappers = 100'000;
 inline constexpr int kMaximumLists = 4'096;
+/// Where the numbers of a list may begin.
+inline constexpr int kMaximumStart = 1'000'000'000;
 inline constexpr qsizetype kMaximumMarkLength = 64;
 /// Tables within tables; the time of their layout doubles with each. Deeper ones are read as text.
 inline constexpr int kMaximumTableDepth = 8;
