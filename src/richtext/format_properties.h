@@ -31,7 +31,7 @@ enum FormatProperty {
     kHiddenSizeProperty,                                ///< double: points of hidden text
     kUnderlineProperty,                                 ///< int: rtf::Underline that is drawn as another
     kBlackProperty,         ///< bool: black by name; drawn in the ink, which stays readable on the paper
-    kSymbolProperty,        ///< bool: the font has a character set of its own
+    kSymbolProperty,        ///< QString: the font, which has a character set of its own
     kRaiseProperty,         ///< int, half points
     kLanguageProperty,      ///< int
     kWrapperProperty,       ///< WrapperPointer
