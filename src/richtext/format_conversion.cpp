@@ -192,6 +192,8 @@ rtf::ListItem itemOf(const QTextListFormat &list)
     }
     const bool hasSuffix = list.hasProperty(QTextFormat::ListNumberSuffix);
     level.text = list.numberPrefix() + QChar(1) + (hasSuffix ? list.numberSuffix() : u"."_qs);
+    if (list.hasProperty(kListStartProperty))
+        level.start = list.intProperty(kListStartProperty);
     rtf::List made;
     made.levels.push_back(level);
     return {std::make_shared<const rtf::List>(std::move(made)), 0};

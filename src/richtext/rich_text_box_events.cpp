@@ -5,6 +5,7 @@
 #include "richtext/edit_mime_data.h"
 #include "richtext/format_conversion.h"
 #include "richtext/format_properties.h"
+#include "richtext/html_document.h"
 #include "richtext/rtf/read.h"
 #include "richtext/virtual_keys.h"
 
@@ -18,7 +19,6 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTextBlock>
-#include <QTextDocumentFragment>
 
 namespace norvane {
 
@@ -249,7 +249,8 @@ void RichTextBox::insertFromMimeData(const QMimeData *source)
     if (document) {
         buildDocument(*document, cursor, m_pictures, Extent::Piece);
     } else if (source->hasHtml() && !(source->hasImage() && isPictureAlone(source->html()))) {
-        cursor.insertFragment(QTextDocumentFragment::fromHtml(source->html(), this->document()));
+        buildDocument(documentOfHtml(source->html(), Font(), viewport()->width()), cursor, m_pictures,
+                      Extent::Piece);
     } else if (const std::optional<rtf::Picture> picture = pictureOf(*source)) {
         cursor.insertImage(m_pictures.add(*picture));
     } else if (source->hasText()) {
