@@ -1,5 +1,6 @@
 #include "richtext/rtf/Interpreter.h"
 
+#include "richtext/rtf/clean_text.h"
 #include "richtext/rtf/limits.h"
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/symbol_fonts.h"
@@ -15,6 +16,11 @@ constexpr int kLastPrivate = 0xF0FF;
 bool isAscii(QByteArrayView bytes)
 {
     return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return byte >= 0; });
+}
+
+void addUpTo(qsizetype length, QString &whole, QStringView text)
+{
+    whole += text.left(qMax(qsizetype(0), length - whole.size()));
 }
 
 bool isEscapedByte(int symbol)
@@ -116,7 +122,8 @@ bool Interpreter::endGroup()
         m_shapeBegin = inner.begin;
         m_shapeEnd = m_tokenizer.position();
     }
-    if (inner.destination != m_state.destination)
+    // The text in Unicode of two goes on what is around both.
+    if (inner.destination != m_state.destination && m_state.destination != Destination::Alternative)
         leave(inner);
     return true;
 }
@@ -166,6 +173,8 @@ void Interpreter::addBytes(QByteArrayView bytes)
     if (m_state.destination != Destination::Body) {
         addBytesElsewhere(bytes);
     } else if (m_bytes.isEmpty() && isAscii(bytes) && codePage() != kSymbolCodePage) {
+        if (isNothing(bytes))
+            return;
         beginText();
         m_sink.addAscii(bytes, characterFormat());
     } else {
@@ -228,6 +237,8 @@ void Interpreter::addText(QStringView text)
 {
     switch (m_state.destination) {
     case Destination::Body:
+        if (isNothing(text))
+            break;
         beginText();
         m_sink.addText(text, characterFormat());
         break;
@@ -235,12 +246,10 @@ void Interpreter::addText(QStringView text)
         m_markText += text;
         break;
     case Destination::FieldInstruction:
-        if (QString &instruction = m_openFields.back().text; instruction.size() < kMaximumLinkLength)
-            instruction += text.left(kMaximumLinkLength);
+        addUpTo(kMaximumLinkLength, m_openFields.back().text, text);
         break;
     case Destination::ObjectClass:
-        if (QString &name = m_openObjects.back().className; name.size() < kMaximumFontNameLength)
-            name += text.left(kMaximumFontNameLength);
+        addUpTo(kMaximumFontNameLength, m_openObjects.back().className, text);
         break;
     default:
         break;
@@ -335,6 +344,12 @@ int Interpreter::depth() const
     return paragraph.depth > 0 ? paragraph.depth : int(paragraph.inTable);
 }
 
+/// Of the table whose row ends: the innermost one, if no deeper one was stated.
+int Interpreter::nestedLevel() const
+{
+    return qMax(2, qMax(depth(), m_sink.depth()));
+}
+
 const Font *Interpreter::currentFont() const
 {
     const Font *font = m_fonts.font(m_state.characters.font);
@@ -345,8 +360,11 @@ int Interpreter::codePage()
 {
     if (m_state.codePage == kUnknown) {
         const Font *font = currentFont();
-        const int own = font && font->codePage > 0 ? font->codePage : m_codePage;
-        m_state.codePage = m_utf8 ? kUtf8CodePage : own;
+        // What is not shown has no signs.
+        const bool isName = m_state.destination == Destination::FieldInstruction ||
+                            m_state.destination == Destination::ObjectClass;
+        const bool hasOwn = font && font->codePage > 0 && !(isName && font->isSymbol());
+        m_state.codePage = m_utf8 ? kUtf8CodePage : hasOwn ? font->codePage : m_codePage;
     }
     return m_state.codePage;
 }

@@ -83,7 +83,6 @@ private:
         QString address;
         QString tip;
     };
-    /// A field whose group has not ended.
     /// How much of what is not shown has come.
     struct KeptSizes
     {
@@ -98,6 +97,7 @@ private:
         bool isBullet = false; ///< its mark is a bullet
         bool pageBreak = false;
     };
+    /// A field whose group has not ended.
     struct Field
     {
         QByteArray words;
@@ -116,6 +116,7 @@ private:
         HexReader data;
         int wrapper = kUnknown; ///< of its result
         quint64 contentBefore = 0;
+        quint64 cellsBefore = 0;
         quint64 picturesBefore = 0;
     };
     enum class ShapePicture : quint8 { None, Shown, Unshown };
@@ -169,6 +170,7 @@ private:
     bool consumeSkipped();
 
     int depth() const;
+    int nestedLevel() const;
     int codePage();
     int characterFormat();
     int paragraphFormat();
@@ -208,7 +210,7 @@ private:
     std::vector<Field> m_openFields;
     std::vector<Object> m_openObjects;
 
-    QString m_markText;            ///< text of the mark or number that is being read
+    QString m_markText; ///< text of the mark or number that is being read
     Announced m_announced;
     ShapePicture m_shapePicture = ShapePicture::None; ///< what the last picture of a shape was
     qsizetype m_shapeBegin = 0;                       ///< of its group

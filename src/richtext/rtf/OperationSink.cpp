@@ -6,15 +6,6 @@
 #include <algorithm>
 
 namespace norvane::rtf {
-namespace {
-
-/// Control characters, of which nothing is left in a text.
-bool isNothing(char16_t unit)
-{
-    return unit < 0x20 && unit != 0 && unit != u'\t';
-}
-
-} // namespace
 
 void OperationSink::beginRun(int format)
 {
@@ -51,16 +42,12 @@ void OperationSink::addContent()
 
 void OperationSink::addText(QStringView text, int format)
 {
-    if (std::all_of(text.begin(), text.end(), [](QChar unit) { return isNothing(unit.unicode()); }))
-        return;
     beginRun(format);
     m_text += text;
 }
 
 void OperationSink::addAscii(QByteArrayView text, int format)
 {
-    if (std::all_of(text.begin(), text.end(), [](char unit) { return isNothing(char16_t(unit)); }))
-        return;
     beginRun(format);
     m_text += QLatin1StringView(text.data(), text.size());
 }
@@ -108,6 +95,7 @@ void OperationSink::beginParagraph(int depth, int expectedCells)
     endRun();
     const int wanted = qMin(depth, kMaximumTableDepth);
     const quint64 contentBefore = m_contentCount; // ends of tables belong to what came before
+    const quint64 cellsBefore = m_cellCount;
     while (int(m_tables.size()) > wanted) {
         const Table &table = m_tables.back();
         const int cells = int(table.cellEnds.size());
@@ -118,6 +106,7 @@ void OperationSink::beginParagraph(int depth, int expectedCells)
         closeTable();
     }
     m_contentCount = contentBefore;
+    m_cellCount = cellsBefore;
     while (int(m_tables.size()) < wanted && m_tableCount < kMaximumTables)
         openTable(m_document.operations.size());
     m_inParagraph = true;
@@ -193,6 +182,7 @@ void OperationSink::endCell(int level, int paragraphFormat, int format)
     table.cellHasContent = false;
     m_hasContent = true;
     ++m_contentCount;
+    ++m_cellCount;
     m_inParagraph = false;
     m_paragraphIsEmpty = true;
 }
@@ -240,6 +230,7 @@ void OperationSink::finishRow(const RowDescription &row, int paragraphFormat, in
     table->hasRows = true;
     table->lastRow = index;
     ++m_contentCount;
+    ++m_cellCount;
 }
 
 /// Some writers end one cell more than they describe.
@@ -264,7 +255,7 @@ RowFormat OperationSink::mergedRow(const RowDescription &row)
     while (size_t(format.cells.size()) < cellEnds.size()) {
         CellFormat cell;
         const int left = format.cells.isEmpty() ? format.left : format.cells.last().right;
-        cell.right = qMax(left + kLeastCellWidth, qMin(left + kCellWidth, kMaximumTwips));
+        cell.right = cellEnd(left, left + kCellWidth);
         format.cells.append(cell);
     }
     for (qsizetype i = row.merged.size() - 1; i > 0; --i) {
@@ -287,6 +278,9 @@ RowFormat OperationSink::mergedRow(const RowDescription &row)
             cellEnds.erase(cellEnds.begin() + i - 1);
         }
     }
+    int left = format.left;
+    for (CellFormat &cell : format.cells)
+        left = cell.right = cellEnd(left, cell.right);
     return format;
 }
 

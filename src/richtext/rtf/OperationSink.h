@@ -17,8 +17,9 @@ public:
     /// A paragraph begins, if none has: within that many tables.
     /// @param expectedCells how many the row is known to have; 0 if that is not known
     void beginParagraph(int depth, int expectedCells);
+    /// Text that is not without characters (isNothing).
     void addText(QStringView text, int format);
-    /// Bytes below 0x80.
+    /// Such bytes below 0x80.
     void addAscii(QByteArrayView text, int format);
     void addPicture(Picture picture, int format);
     /// What is kept, before the next text or end.
@@ -35,11 +36,15 @@ public:
     void endCell(int level, int paragraphFormat, int format);
     void endRow(int level, const RowDescription &row, int paragraphFormat, int format);
 
+    /// Of the tables around.
+    int depth() const { return int(m_tables.size()); }
     bool paragraphIsEmpty() const { return m_paragraphIsEmpty; }
     /// Whether there is anything but what is kept.
     bool hasContent() const { return m_hasContent; }
-    /// Grows with everything that is added but text of no characters, and what is kept.
+    /// Grows with everything that is added but what is kept.
     quint64 contentCount() const { return m_contentCount; }
+    /// Grows with every end of a cell and row among it.
+    quint64 cellCount() const { return m_cellCount; }
     /// How much is kept behind the last content, and taking back what came behind so much of it.
     qsizetype keptSize() const { return m_kept.size(); }
     void chopKept(qsizetype size) { m_kept.truncate(size); }
@@ -79,6 +84,7 @@ private:
     bool m_paragraphIsEmpty = true;
     bool m_hasContent = false;
     quint64 m_contentCount = 0;
+    quint64 m_cellCount = 0;
     int m_paragraphFormat = -1; ///< of the last cell that ended; -1 before the first
     int m_endFormat = -1;       ///< the same of characters
 };

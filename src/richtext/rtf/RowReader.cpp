@@ -20,6 +20,12 @@ int distance(const Token &token)
 
 } // namespace
 
+int cellEnd(int left, int stated)
+{
+    const int right = qBound(-kMaximumTwips, stated, kMaximumTwips);
+    return right > left ? right : left + kLeastCellWidth;
+}
+
 std::optional<quint32> Shading::color() const
 {
     if (percent100 <= 0)
@@ -116,7 +122,7 @@ bool RowReader::handleCellWord(ControlWord word, const Token &token, const Color
 {
     switch (word.word) {
     case Word::CellRight:
-        endCell(length(token));
+        endCell(token.parameter);
         border.begin({});
         return true;
     case Word::CellMerge:
@@ -162,7 +168,7 @@ void RowReader::endCell(int right)
     QVector<CellFormat> &cells = m_row.format.cells;
     if (cells.size() < kMaximumCellsInRow) {
         const int left = cells.isEmpty() ? m_row.format.left : cells.last().right;
-        m_cell.right = right > left ? right : left + kLeastCellWidth;
+        m_cell.right = cellEnd(left, right);
         m_cell.background = m_shading.color();
         if (!m_paddingHasUnit) // without units the letters mean what they say
             std::swap(m_cell.padding[Side::Left], m_cell.padding[Side::Top]);

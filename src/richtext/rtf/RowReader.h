@@ -18,6 +18,9 @@ struct RowDescription
     QVector<bool> merged;
 };
 
+/// Where a cell ends that begins at a place and is said to end at another.
+int cellEnd(int left, int stated);
+
 /// What a cell or a paragraph is shaded with: part of one colour on another.
 struct Shading
 {

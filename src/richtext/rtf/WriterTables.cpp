@@ -31,7 +31,8 @@ private:
 } // namespace
 
 WriterTables::WriterTables(const Document &document)
-    : m_defaultFont(document.defaultFont.isEmpty() ? QStringLiteral("Arial") : document.defaultFont)
+    : m_defaultFont(document.defaultFont.isEmpty() ? QStringLiteral("Arial") : document.defaultFont),
+      m_isWrapperUsed(document.wrappers.size())
 {
     font(m_defaultFont, false);
     useText(document);
@@ -85,8 +86,16 @@ void WriterTables::usePieces(const Document &document)
 {
     written(document.styles);
     written(document.prologue);
-    for (const Wrapper &wrapper : document.wrappers)
-        written(wrapper.begin);
+    // Those around text are written, and those around them.
+    for (size_t i = document.wrappers.size(); i > 0; --i) {
+        const Wrapper &wrapper = document.wrappers[i - 1];
+        if (m_isWrapperUsed[i - 1] && wrapper.outer >= 0)
+            m_isWrapperUsed[size_t(wrapper.outer)] = true;
+    }
+    for (size_t i = 0; i < document.wrappers.size(); ++i) {
+        if (m_isWrapperUsed[i])
+            written(document.wrappers[i].begin);
+    }
     for (const Operation &operation : document.operations) {
         if (const auto *piece = std::get_if<KeptPiece>(&operation)) {
             written(piece->bytes);
@@ -105,6 +114,8 @@ void WriterTables::use(const CharacterFormat &format)
     color(format.color);
     color(format.background);
     color(format.underlineColor);
+    if (format.wrapper >= 0)
+        m_isWrapperUsed[size_t(format.wrapper)] = true;
 }
 
 void WriterTables::use(const ParagraphFormat &format)

@@ -47,6 +47,7 @@ private:
     void addList(const std::shared_ptr<const List> &list);
 
     QString m_defaultFont;
+    std::vector<bool> m_isWrapperUsed;
     QVector<Font> m_fonts;
     QHash<Font, int> m_fontNumbers;
     QVector<quint32> m_colors;

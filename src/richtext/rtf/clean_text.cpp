@@ -1,5 +1,7 @@
 #include "richtext/rtf/clean_text.h"
 
+#include <algorithm>
+
 namespace norvane::rtf {
 namespace {
 
@@ -17,6 +19,11 @@ QChar substitute(char16_t unit)
     if ((unit >= 0xFDD0 && unit <= 0xFDEF) || unit >= 0xFFFE)
         return QChar::ReplacementCharacter;
     return QChar(unit);
+}
+
+bool isControl(char16_t unit)
+{
+    return unit < 0x20 && unit != 0 && unit != u'\t';
 }
 
 } // namespace
@@ -46,6 +53,16 @@ QString cleanedText(const QString &text)
         }
     }
     return clean;
+}
+
+bool isNothing(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar unit) { return isControl(unit.unicode()); });
+}
+
+bool isNothing(QByteArrayView text)
+{
+    return std::all_of(text.begin(), text.end(), [](char unit) { return isControl(char16_t(unit)); });
 }
 
 } // namespace norvane::rtf

@@ -92,9 +92,10 @@ void FormatWriter::ownMark(const ListLevel &level)
     const QStringView text(level.text);
     const QStringView before = place < 0 ? text : text.left(place);
     const QStringView after = place < 0 ? QStringView() : text.mid(place + 1);
-    const QByteArray font = QByteArray::number(m_tables.font(level.font, level.symbol));
-    m_out.put(level.style == kBulletSign ? "{\\*\\pn\\pnlvlblt\\pnf" : "{\\*\\pn\\pnlvlbody\\pnf");
-    m_out.put(font + "\\pnindent0");
+    m_out.put(level.style == kBulletSign ? "{\\*\\pn\\pnlvlblt" : "{\\*\\pn\\pnlvlbody");
+    if (!level.font.isEmpty())
+        m_out.number(Word::MarkFont, m_tables.font(level.font, level.symbol));
+    m_out.put("\\pnindent0");
     if (level.style != kBulletSign) {
         m_out.number(Word::MarkStart, level.start);
         const bool isKnown = !lettersOf(Word::MarkStyle, level.style).empty();

@@ -49,7 +49,7 @@ void writeLevelText(RtfOutput &out, const ListLevel &level)
             places += byte(i + 1);
         } else if (sign != 0) {
             out.put("\\u" + QByteArray::number(qint16(0xF000 + sign)) + '?');
-        } else if (unit >= 0x7F) {
+        } else if (unit >= 0x7F || level.symbol) {
             out.put("\\u" + QByteArray::number(qint16(unit)) + '?');
         } else {
             out.text(QStringView(&character, 1));

@@ -1,6 +1,7 @@
 // What the interpreter does where groups of a destination begin and end.
 
 #include "richtext/rtf/Interpreter.h"
+#include "richtext/rtf/clean_text.h"
 #include "richtext/rtf/field_instruction.h"
 #include "richtext/rtf/kept_pieces.h"
 #include "richtext/rtf/limits.h"
@@ -88,6 +89,9 @@ bool Interpreter::enter(Destination destination)
         return true;
     if (now != around(destination))
         return skipGroup();
+    const bool isOwnGroup = isResult ? m_outer.back().destination == now : m_fresh;
+    if (now != Destination::Body && !isOwnGroup)
+        return true;
 
     switch (destination) {
     case Destination::Picture:
@@ -276,14 +280,17 @@ void Interpreter::beginObject()
     Object object;
     object.object.words.clear();
     object.contentBefore = m_sink.contentCount();
+    object.cellsBefore = m_sink.cellCount();
     object.picturesBefore = m_pictureCount;
     m_openObjects.push_back(std::move(object));
 }
 
 void Interpreter::beginObjectResult()
 {
-    m_state.wrapper = addWrapper({});
-    m_openObjects.back().wrapper = m_state.wrapper;
+    int &wrapper = m_openObjects.back().wrapper;
+    if (wrapper == kUnknown)
+        wrapper = addWrapper({});
+    m_state.wrapper = wrapper;
     charactersChanged();
 }
 
@@ -300,6 +307,8 @@ void Interpreter::endObject()
     if (!ended.data.tooLarge())
         object.data = ended.data.take();
 
+    if (m_sink.cellCount() != ended.cellsBefore)
+        return; // its cells stay; they cannot all be this object
     const quint64 content = m_sink.contentCount() - ended.contentBefore;
     PictureRun *shown =
         content == 1 && m_pictureCount == ended.picturesBefore + 1 ? m_sink.lastPicture() : nullptr;
@@ -354,7 +363,7 @@ void Interpreter::endPicture(qsizetype begin)
 void Interpreter::endMarkText()
 {
     m_announced.isBullet = isBulletSign(m_markText.trimmed());
-    m_announced.number = m_announced.isBullet ? QString() : m_markText;
+    m_announced.number = m_announced.isBullet || isNothing(m_markText) ? QString() : m_markText;
 }
 
 } // namespace norvane::rtf

@@ -91,7 +91,7 @@ bool Interpreter::handleWord(const Token &token)
     bool goOn = true;
     switch (word.word) {
     case Word::Unknown:
-        if (starred)
+        if (starred && !namesFont(token.bytes) && token.bytes != "bin")
             goOn = keepGroup(Destination::KeptOfStart);
         break;
     case Word::Destination:
@@ -108,8 +108,10 @@ bool Interpreter::handleWord(const Token &token)
         }
         break;
     case Word::Alternative:
-        m_state.besideAlternative = m_state.destination;
-        m_state.destination = Destination::Alternative;
+        if (m_fresh) {
+            m_state.besideAlternative = m_state.destination;
+            m_state.destination = Destination::Alternative;
+        }
         break;
     case Word::AlternativeUnicode:
         if (m_state.destination == Destination::Alternative)
@@ -164,7 +166,7 @@ void Interpreter::handleBodyWord(ControlWord word, const Token &token)
         return;
     case Destination::NestedRow:
         if (word.word == Word::NestedRow)
-            endRow(qMax(2, depth()), m_nestedRow.row());
+            endRow(nestedLevel(), m_nestedRow.row());
         else if (!m_nestedRow.handle(word, token, m_colors, m_border))
             m_border.handle(word, token, m_colors);
         return;
@@ -224,10 +226,10 @@ bool Interpreter::handleDocumentWord(ControlWord word, const Token &token)
             keep(written(token), true);
         break;
     case Word::KeptInText:
-        if (isBody && m_state.characters.script == Script::Superscript)
-            m_sink.addKept("{\\super" + written(token) + "}");
-        else if (isBody)
-            m_sink.addKept(written(token));
+        if (isBody) {
+            const bool isRaised = m_state.characters.script == Script::Superscript;
+            m_sink.addKept((isRaised ? "{\\super" : "{\\nosupersub") + written(token) + '}');
+        }
         break;
     default:
         return false;
@@ -250,7 +252,7 @@ bool Interpreter::handleTableWord(ControlWord word, const Token &token)
         return true;
     case Word::NestedRow:
         if (m_state.destination == Destination::Body)
-            endRow(qMax(2, depth()), m_nestedRow.row());
+            endRow(nestedLevel(), m_nestedRow.row());
         return true;
     default:
         return m_row.handle(word, token, m_colors, m_border);

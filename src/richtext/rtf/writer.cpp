@@ -93,7 +93,6 @@ private:
                 characters = characters < 0 ? end->format : characters;
             } else if (const auto *cell = std::get_if<CellEnd>(&operations[i])) {
                 index = cell->paragraphFormat;
-                characters = characters < 0 ? cell->format : characters;
             }
         }
         if (characters >= 0)
@@ -189,7 +188,8 @@ private:
 
     void add(const CellEnd &end)
     {
-        characters(end.format);
+        closeWrappers(0); // they end in the cell that they begin in
+        m_formats.characters(m_document.characterFormats.at(end.format));
         if (m_depth == 1) {
             m_out.word(Word::Cell);
             m_out.endLine();
@@ -199,7 +199,6 @@ private:
             m_out.endLine();
         }
         m_atParagraphBegin = true;
-        closeWrappers(0);
     }
 
     void add(const RowEnd &end)
