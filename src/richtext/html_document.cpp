@@ -11,6 +11,8 @@
 #include <QTextDocument>
 #include <QTextList>
 #include <QTextTable>
+#include <algorithm>
+#include <optional>
 
 namespace norvane {
 namespace {
@@ -36,6 +38,33 @@ bool isWhite(const QTextFormat &format)
            format.background().color() == QColor(Qt::white);
 }
 
+/// Black, white or nearly so on no ground of its own: the ink of the page. On another paper it might
+/// not be seen.
+bool isInk(const QTextCharFormat &format)
+{
+    constexpr int kDark = 0x50;
+    constexpr int kLight = 0xE0;
+    constexpr int kColorless = 0x10;
+    if (format.foreground().style() == Qt::NoBrush || format.background().style() != Qt::NoBrush ||
+        format.isAnchor())
+        return false;
+    const QColor color = format.foreground().color();
+    const auto [least, most] = std::minmax({color.red(), color.green(), color.blue()});
+    return most - least <= kColorless && (most <= kDark || least >= kLight);
+}
+
+/// Takes away what is the page's and not the text's; whether there was anything.
+bool takeFromPage(QTextCharFormat &format)
+{
+    const QTextCharFormat before = format;
+    if (isWhite(format))
+        format.clearBackground();
+    if (isInk(format))
+        format.clearForeground();
+    format.clearProperty(QTextFormat::TextUnderlineColor);
+    return format != before;
+}
+
 /// A stretch of the page whose format is to be another.
 struct Change
 {
@@ -45,7 +74,7 @@ struct Change
     std::optional<QString> text; ///< in its place
 };
 
-/// Pictures that are not here, and the page's white ground behind its words.
+/// Pictures that are not here, and what words have of the page.
 QList<Change> changesOf(const QTextDocument &page)
 {
     QList<Change> changes;
@@ -53,13 +82,11 @@ QList<Change> changesOf(const QTextDocument &page)
         for (auto part = block.begin(); !part.atEnd(); ++part) {
             const QTextFragment fragment = part.fragment();
             QTextCharFormat format = fragment.charFormat();
-            const bool white = isWhite(format);
-            if (white)
-                format.clearBackground();
+            const bool isOfPage = takeFromPage(format);
             const QTextImageFormat image = format.toImageFormat();
             const bool isAway =
                 image.isValid() && !image.name().startsWith(u"data:image/", Qt::CaseInsensitive);
-            if (!white && !isAway)
+            if (!isOfPage && !isAway)
                 continue;
             Change change{fragment.position(), fragment.position() + fragment.length(), format, {}};
             if (isAway) {
@@ -139,7 +166,8 @@ QList<double> columnsOf(const QTextTable &table, const QAbstractTextDocumentLayo
             const QTextBlock block = cell.firstCursorPosition().block();
             if (columns.at(column) < 0 && cell.column() == column && cell.row() == row && !block.textList() &&
                 block.blockFormat().leftMargin() == 0)
-                columns[column] = layout.blockBoundingRect(block).left();
+                columns[column] =
+                    layout.blockBoundingRect(block).left() - cell.format().toTableCellFormat().leftPadding();
         }
     }
     const QRectF frame = layout.frameBoundingRect(const_cast<QTextTable *>(&table));

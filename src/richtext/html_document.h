@@ -8,7 +8,8 @@
 namespace norvane {
 
 /// HTML of other programs as a piece of a document. Nothing that it only names is fetched: such a
-/// picture is the words that stand for it. The white ground of a page stays there.
+/// picture is the words that stand for it. A page's white ground and its ink stay there: the text is in
+/// the ink of its new paper.
 /// @param font of text that names none
 /// @param width pixels that tables without a width of their own are laid out in
 rtf::Document documentOfHtml(const QString &html, const QFont &font, int width);
