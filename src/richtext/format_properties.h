@@ -45,7 +45,7 @@ enum FormatProperty {
     kListItemProperty = QTextFormat::UserProperty + 100, ///< rtf::ListItem
     kFirstIndentProperty,                                ///< int, twips: of a list's item
     kBordersProperty,                                    ///< rtf::Borders
-    kListStartProperty, ///< int: first number of a list out of HTML
+    kListStartProperty,                                  ///< int: first number of a list out of HTML
     // Tables
     kEdgesProperty,  ///< QList<int>, twips: where columns begin, and the last one ends
     kRowProperty,    ///< rtf::RowFormat without its cells, of the row in which the cell begins
