@@ -116,7 +116,7 @@ private:
         HexReader data;
         int wrapper = kUnknown; ///< of its result
         quint64 contentBefore = 0;
-        quint64 cellsBefore = 0;
+        quint64 tablePartsBefore = 0;
         quint64 picturesBefore = 0;
     };
     enum class ShapePicture : quint8 { None, Shown, Unshown };

@@ -95,7 +95,7 @@ void OperationSink::beginParagraph(int depth, int expectedCells)
     endRun();
     const int wanted = qMin(depth, kMaximumTableDepth);
     const quint64 contentBefore = m_contentCount; // ends of tables belong to what came before
-    const quint64 cellsBefore = m_cellCount;
+    const quint64 tablePartsBefore = m_tablePartCount;
     while (int(m_tables.size()) > wanted) {
         const Table &table = m_tables.back();
         const int cells = int(table.cellEnds.size());
@@ -106,7 +106,7 @@ void OperationSink::beginParagraph(int depth, int expectedCells)
         closeTable();
     }
     m_contentCount = contentBefore;
-    m_cellCount = cellsBefore;
+    m_tablePartCount = tablePartsBefore;
     while (int(m_tables.size()) < wanted && m_tableCount < kMaximumTables)
         openTable(m_document.operations.size());
     m_inParagraph = true;
@@ -126,6 +126,7 @@ size_t OperationSink::openTable(size_t place)
     auto &operations = m_document.operations;
     m_tables.emplace_back();
     m_hasContent = true;
+    ++m_tablePartCount;
     if (place > 0 && std::holds_alternative<TableEnd>(operations[place - 1])) {
         // Rows that follow rows are of the same table.
         operations.erase(operations.begin() + std::ptrdiff_t(place) - 1);
@@ -182,7 +183,7 @@ void OperationSink::endCell(int level, int paragraphFormat, int format)
     table.cellHasContent = false;
     m_hasContent = true;
     ++m_contentCount;
-    ++m_cellCount;
+    ++m_tablePartCount;
     m_inParagraph = false;
     m_paragraphIsEmpty = true;
 }
@@ -230,7 +231,7 @@ void OperationSink::finishRow(const RowDescription &row, int paragraphFormat, in
     table->hasRows = true;
     table->lastRow = index;
     ++m_contentCount;
-    ++m_cellCount;
+    ++m_tablePartCount;
 }
 
 /// Some writers end one cell more than they describe.

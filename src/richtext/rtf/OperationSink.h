@@ -43,8 +43,8 @@ public:
     bool hasContent() const { return m_hasContent; }
     /// Grows with everything that is added but what is kept.
     quint64 contentCount() const { return m_contentCount; }
-    /// Grows with every end of a cell and row among it.
-    quint64 cellCount() const { return m_cellCount; }
+    /// Grows with every table that begins, and cell and row that ends.
+    quint64 tablePartCount() const { return m_tablePartCount; }
     /// How much is kept behind the last content, and taking back what came behind so much of it.
     qsizetype keptSize() const { return m_kept.size(); }
     void chopKept(qsizetype size) { m_kept.truncate(size); }
@@ -84,7 +84,7 @@ private:
     bool m_paragraphIsEmpty = true;
     bool m_hasContent = false;
     quint64 m_contentCount = 0;
-    quint64 m_cellCount = 0;
+    quint64 m_tablePartCount = 0;
     int m_paragraphFormat = -1; ///< of the last cell that ended; -1 before the first
     int m_endFormat = -1;       ///< the same of characters
 };

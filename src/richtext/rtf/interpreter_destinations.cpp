@@ -277,10 +277,11 @@ void Interpreter::addSymbolOfField(const QString &instruction)
 
 void Interpreter::beginObject()
 {
+    beginText(); // it always shows something
     Object object;
     object.object.words.clear();
     object.contentBefore = m_sink.contentCount();
-    object.cellsBefore = m_sink.cellCount();
+    object.tablePartsBefore = m_sink.tablePartCount();
     object.picturesBefore = m_pictureCount;
     m_openObjects.push_back(std::move(object));
 }
@@ -307,8 +308,8 @@ void Interpreter::endObject()
     if (!ended.data.tooLarge())
         object.data = ended.data.take();
 
-    if (m_sink.cellCount() != ended.cellsBefore)
-        return; // its cells stay; they cannot all be this object
+    if (m_sink.tablePartCount() != ended.tablePartsBefore)
+        return; // what it shows stays, the object cannot be around all of it
     const quint64 content = m_sink.contentCount() - ended.contentBefore;
     PictureRun *shown =
         content == 1 && m_pictureCount == ended.picturesBefore + 1 ? m_sink.lastPicture() : nullptr;

@@ -9,6 +9,7 @@
 #include "richtext/rtf/text_escapes.h"
 
 #include <QVarLengthArray>
+#include <algorithm>
 #include <optional>
 
 namespace norvane::rtf {
@@ -41,13 +42,20 @@ public:
     }
 
 private:
-    /// A group that is open around the text, with what is in force before it.
-    struct Opened
+    /// A group around text.
+    struct Group
     {
         int wrapper = -1; ///< -1: a link
         QString link;
         QString tip;
-        FormatWriter::State before;
+
+        bool operator==(const Group &) const = default;
+    };
+    using Groups = QVarLengthArray<Group, 4>;
+    struct Opened
+    {
+        Group group;
+        FormatWriter::State before; ///< what is in force before it
     };
 
     static bool isStructure(const Operation &operation)
@@ -96,7 +104,7 @@ private:
             }
         }
         if (characters >= 0)
-            enter(m_document.characterFormats.at(characters));
+            closeOthers(around(m_document.characterFormats.at(characters)));
         const ParagraphFormat format = index < 0 ? ParagraphFormat() : m_document.paragraphFormats.at(index);
         m_formats.beginParagraph(format, m_depth, m_counter.next(format));
         m_atParagraphBegin = false;
@@ -109,36 +117,48 @@ private:
         m_formats.characters(format);
     }
 
+    /// The groups around a text, from the outermost.
+    Groups around(const CharacterFormat &format) const
+    {
+        Groups groups;
+        for (int wrapper = format.wrapper; wrapper >= 0;
+             wrapper = m_document.wrappers[size_t(wrapper)].outer) {
+            if (!m_document.wrappers[size_t(wrapper)].begin.isEmpty())
+                groups.push_back({wrapper, {}, {}});
+        }
+        std::reverse(groups.begin(), groups.end());
+        if (!format.link.isEmpty())
+            groups.push_back({-1, format.link, format.linkTip});
+        return groups;
+    }
+
+    /// Closes the groups that are not among these.
+    void closeOthers(const Groups &groups)
+    {
+        size_t common = 0;
+        while (common < m_opened.size() && common < size_t(groups.size()) &&
+               m_opened[common].group == groups[qsizetype(common)])
+            ++common;
+        closeWrappers(common);
+    }
+
     /// Opens and closes the groups of fields, links and objects around the text.
     void enter(const CharacterFormat &format)
     {
         if (format.wrapper < 0 && format.link.isEmpty() && m_opened.empty())
             return;
-        QVarLengthArray<int, 16> wrappers; // from the innermost
-        for (int wrapper = format.wrapper; wrapper >= 0;
-             wrapper = m_document.wrappers[size_t(wrapper)].outer) {
-            if (!m_document.wrappers[size_t(wrapper)].begin.isEmpty())
-                wrappers.append(wrapper);
-        }
-        size_t common = 0;
-        while (common < m_opened.size() && common < size_t(wrappers.size()) &&
-               m_opened[common].wrapper == wrappers[wrappers.size() - 1 - qsizetype(common)])
-            ++common;
-        const bool allWrappers = common == size_t(wrappers.size());
-        const bool linkIsOpen = allWrappers && common < m_opened.size() && !format.link.isEmpty() &&
-                                m_opened[common].wrapper < 0 && m_opened[common].link == format.link &&
-                                m_opened[common].tip == format.linkTip;
-        closeWrappers(linkIsOpen ? common + 1 : common);
-        for (qsizetype i = wrappers.size() - 1 - qsizetype(common); i >= 0; --i) {
-            m_opened.push_back({wrappers[i], {}, {}, m_formats.state()});
-            m_out.put(m_tables.written(m_document.wrappers[size_t(wrappers[i])].begin));
-            m_out.setAfterWord();
-        }
-        if (!format.link.isEmpty() && !linkIsOpen) {
-            m_opened.push_back({-1, format.link, format.linkTip, m_formats.state()});
-            m_out.put("{\\field{\\*\\fldinst{");
-            m_out.text(instructionOf({format.link, format.linkTip}));
-            m_out.put("}}{\\fldrslt");
+        const Groups groups = around(format);
+        closeOthers(groups);
+        for (auto i = qsizetype(m_opened.size()); i < groups.size(); ++i) {
+            const Group &group = groups[i];
+            m_opened.push_back({group, m_formats.state()});
+            if (group.wrapper >= 0) {
+                m_out.put(m_tables.written(m_document.wrappers[size_t(group.wrapper)].begin));
+            } else {
+                m_out.put("{\\field{\\*\\fldinst{");
+                m_out.text(instructionOf({group.link, group.tip}));
+                m_out.put("}}{\\fldrslt");
+            }
             m_out.setAfterWord();
         }
     }

@@ -27,9 +27,12 @@ void expectStable(const QByteArray &rtf)
 
 TEST(RtfDamage, FilesCutAtEveryByte)
 {
-    const QByteArray whole = write(sampleDocument(7));
-    for (qsizetype length = 0; length < whole.size(); ++length)
-        ASSERT_NO_FATAL_FAILURE(expectStable(whole.left(length))) << length;
+    // Small ones that have, together, lists, tables, links, fields, pictures and objects.
+    for (const quint32 seed : {6U, 11U}) {
+        const QByteArray whole = write(sampleDocument(seed));
+        for (qsizetype length = 0; length < whole.size(); ++length)
+            ASSERT_NO_FATAL_FAILURE(expectStable(whole.left(length))) << seed << ' ' << length;
+    }
 }
 
 TEST(RtfDamage, DeepGroups)
@@ -47,9 +50,9 @@ TEST(RtfDamage, DeepGroups)
 TEST(RtfDamage, HugeTablesOfFontsAndColours)
 {
     QByteArray rtf = "{\\rtf1{\\fonttbl{\\f0 A;}";
-    for (int i = 1; i < 200'000; ++i)
+    for (int i = 1; i < kMaximumFonts + 1'000; ++i)
         rtf += "{\\f" + QByteArray::number(i) + " F;}";
-    rtf += "}{\\colortbl" + QByteArray(1'000'000, ';') + "}\\f199999\\cf999999 x\\f2 y}";
+    rtf += "}{\\colortbl" + QByteArray(1'000'000, ';') + "}\\f66500\\cf999999 x\\f2 y}";
     const std::optional<Document> document = read(rtf);
     EXPECT_EQ(describe(*document).toStdString(), "text \"x\" (A 24)\ntext \"y\" (F 24)\n");
 }
@@ -60,12 +63,12 @@ TEST(RtfDamage, ManyOfEverythingInTimeThatGrowsWithTheSize)
     QElapsedTimer timer;
     timer.start();
     QByteArray formats = "{\\rtf1 ";
-    for (int i = 0; i < 100'000; ++i)
+    for (int i = 0; i < 50'000; ++i)
         formats +=
             "\\fs" + QByteArray::number(2 + i % 3000) + "\\li" + QByteArray::number(i % 20'000) + " x\\par";
-    EXPECT_EQ(read(formats)->plainText().size(), 200'000);
+    EXPECT_EQ(read(formats)->plainText().size(), 100'000);
     QByteArray tabs = "{\\rtf1 ";
-    for (int i = 0; i < 300'000; ++i)
+    for (int i = 0; i < 100'000; ++i)
         tabs += "\\tx" + QByteArray::number(i);
     EXPECT_EQ(describe(*read(tabs + "\\par}")).count(u"tab0"), kMaximumTabs);
     QByteArray bytes = "{\\rtf1 ";
