@@ -193,7 +193,7 @@ void ParagraphPainter::paintMark(QPainter &painter, const QTextBlock &block, con
     const QTextCharFormat characters = firstFormat(block);
     QFont font = characters.font();
     font.setUnderline(false);
-    if (!level.font.isEmpty())
+    if (!level.font.isEmpty() && !isShownByOthers(level.font, level.symbol))
         font.setFamilies({level.font});
     if (QPaintDevice *device = block.document()->documentLayout()->paintDevice())
         font = QFont(font, device);

@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/errors.h"
+#include "richtext/SmoothPictures.h"
 #include "richtext/document_builder.h"
 #include "richtext/document_reader.h"
 #include "richtext/format_conversion.h"
@@ -49,6 +50,7 @@ RichTextBox::RichTextBox(FileSystem &files, QWidget *parent) : QTextEdit(parent)
     viewport()->setMouseTracking(true);
     setFont(standardFont());
     setMousePointer(0);
+    SmoothPictures::takeOver(*document()->documentLayout());
 
     connect(document(), &QTextDocument::contentsChanged, this, [this] {
         m_plainText.reset();

@@ -124,6 +124,17 @@ public:
     /// edit in all; what already looks so is no edit.
     void applyLinkLook(const QVector<links::Span> &spans);
 
+    /// How much pictures and objects of a text may take together, in bytes, for an object to go in.
+    static constexpr qint64 kLargestEmbedded = qint64(64) << 20;
+    qint64 embeddedBytes() const;
+    /// Puts an embedded object in place of the selection, the caret behind it. Raises 5 when the
+    /// picture shows no object, or the text has no room for it.
+    void addOleObject(const rtf::Picture &picture);
+    /// The object that is shown at a point of the viewport; nullptr if there is none.
+    std::shared_ptr<const rtf::EmbeddedObject> objectAt(const QPoint &point) const;
+    /// The object that is all of the selection; nullptr if there is none.
+    std::shared_ptr<const rtf::EmbeddedObject> selectedObject() const;
+
     /// Whether the user may change the selection: the text is not locked, nothing in it protected.
     bool mayChangeSelection() const;
     bool CanUndo() const { return !isReadOnly() && document()->isUndoAvailable(); }
@@ -164,6 +175,8 @@ signals:
     void SelChange();
     void Click();
     void DblClick();
+    /// After DblClick, where it was on an object; never nullptr.
+    void ObjectDblClick(const std::shared_ptr<const norvane::rtf::EmbeddedObject> &object);
     void MouseDown(int Button, int Shift, double X, double Y);
     void MouseMove(int Button, int Shift, double X, double Y);
     void MouseUp(int Button, int Shift, double X, double Y);

@@ -192,6 +192,8 @@ rtf::ListItem itemOf(const QTextListFormat &list)
     }
     const bool hasSuffix = list.hasProperty(QTextFormat::ListNumberSuffix);
     level.text = list.numberPrefix() + QChar(1) + (hasSuffix ? list.numberSuffix() : u"."_qs);
+    if (list.hasProperty(kListStartProperty))
+        level.start = list.intProperty(kListStartProperty);
     rtf::List made;
     made.levels.push_back(level);
     return {std::make_shared<const rtf::List>(std::move(made)), 0};
@@ -211,10 +213,15 @@ int firstLineRoom(int firstIndent)
     return qMax(-firstIndent, kMarkRoom);
 }
 
+bool isShownByOthers(const QString &font, bool isSymbol)
+{
+    return isSymbol && font.compare(u"Symbol", Qt::CaseInsensitive) == 0;
+}
+
 QTextCharFormat textFormat(const rtf::CharacterFormat &format)
 {
     QTextCharFormat text;
-    if (!format.font.isEmpty())
+    if (!format.font.isEmpty() && !isShownByOthers(format.font, format.symbol))
         text.setFontFamilies({format.font});
     text.setFontPointSize(format.halfPoints / 2.0);
     if (format.bold)
@@ -267,7 +274,7 @@ QTextCharFormat textFormat(const rtf::CharacterFormat &format)
     if (format.isProtected)
         text.setProperty(kProtectedProperty, true);
     if (format.symbol)
-        text.setProperty(kSymbolProperty, true);
+        text.setProperty(kSymbolProperty, format.font);
     if (format.hidden) {
         text.setProperty(kHiddenProperty, true);
         text.setProperty(kHiddenSizeProperty, format.halfPoints / 2.0);
@@ -278,6 +285,9 @@ QTextCharFormat textFormat(const rtf::CharacterFormat &format)
 
 QString fontFamilyOf(const QTextCharFormat &format, const QFont &base)
 {
+    const QString symbolFont = format.stringProperty(kSymbolProperty);
+    if (!symbolFont.isEmpty())
+        return symbolFont;
     const QStringList families = format.fontFamilies().toStringList();
     return families.isEmpty() || families.first().isEmpty() ? base.family() : families.first();
 }
@@ -342,7 +352,7 @@ rtf::CharacterFormat characterFormat(const QTextCharFormat &format, const QFont 
             character.linkTip = format.toolTip();
     }
     character.isProtected = format.boolProperty(kProtectedProperty);
-    character.symbol = format.boolProperty(kSymbolProperty);
+    character.symbol = !format.stringProperty(kSymbolProperty).isEmpty();
     character.hidden = format.boolProperty(kHiddenProperty);
     return character;
 }

@@ -15,6 +15,10 @@ QTextCharFormat textFormat(const rtf::CharacterFormat &format);
 /// @param base font of text that names none
 rtf::CharacterFormat characterFormat(const QTextCharFormat &format, const QFont &base);
 
+/// Whether the signs of a font are all characters that any font may have. Fonts that desktops have
+/// in its place number their signs another way, and would show nothing.
+bool isShownByOthers(const QString &font, bool isSymbol);
+
 /// Family and size (points) that text of the format has.
 QString fontFamilyOf(const QTextCharFormat &format, const QFont &base);
 double pointSizeOf(const QTextCharFormat &format, const QFont &base);

@@ -31,7 +31,7 @@ enum FormatProperty {
     kHiddenSizeProperty,                                ///< double: points of hidden text
     kUnderlineProperty,                                 ///< int: rtf::Underline that is drawn as another
     kBlackProperty,         ///< bool: black by name; drawn in the ink, which stays readable on the paper
-    kSymbolProperty,        ///< bool: the font has a character set of its own
+    kSymbolProperty,        ///< QString: the font, which has a character set of its own
     kRaiseProperty,         ///< int, half points
     kLanguageProperty,      ///< int
     kWrapperProperty,       ///< WrapperPointer
@@ -45,6 +45,7 @@ enum FormatProperty {
     kListItemProperty = QTextFormat::UserProperty + 100, ///< rtf::ListItem
     kFirstIndentProperty,                                ///< int, twips: of a list's item
     kBordersProperty,                                    ///< rtf::Borders
+    kListStartProperty,                                  ///< int: first number of a list out of HTML
     // Tables
     kEdgesProperty,  ///< QList<int>, twips: where columns begin, and the last one ends
     kRowProperty,    ///< rtf::RowFormat without its cells, of the row in which the cell begins

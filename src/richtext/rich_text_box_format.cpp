@@ -258,7 +258,10 @@ std::optional<QString> RichTextBox::SelFontName() const
 
 void RichTextBox::setSelFontName(const QString &name)
 {
-    changeCharacters([&name](QTextCharFormat &format) { format.setFontFamilies({name}); });
+    changeCharacters([&name](QTextCharFormat &format) {
+        format.setFontFamilies({name});
+        format.clearProperty(kSymbolProperty); // signs are characters that any font may have
+    });
 }
 
 std::optional<double> RichTextBox::SelFontSize() const

@@ -133,6 +133,14 @@ rtf::CellFormat foreignCell(const QTextTableCell &cell, const QTextTableFormat &
         result.alignment = rtf::VerticalAlignment::Middle;
     else if (format.verticalAlignment() == QTextCharFormat::AlignBottom)
         result.alignment = rtf::VerticalAlignment::Bottom;
+    const auto pad = [&](rtf::Side side, QTextFormat::Property property, double pixels) {
+        if (format.hasProperty(property))
+            result.padding[side] = qBound(0, qRound(pixels * twipsPerPixel()), rtf::kMaximumTwips);
+    };
+    pad(rtf::Side::Top, QTextFormat::TableCellTopPadding, format.topPadding());
+    pad(rtf::Side::Left, QTextFormat::TableCellLeftPadding, format.leftPadding());
+    pad(rtf::Side::Bottom, QTextFormat::TableCellBottomPadding, format.bottomPadding());
+    pad(rtf::Side::Right, QTextFormat::TableCellRightPadding, format.rightPadding());
     const rtf::Border around =
         borderOf(table.border() > 0 ? 1 : 0, QTextFrameFormat::BorderStyle_Solid, table.borderBrush());
     result.borders[rtf::Side::Top] =

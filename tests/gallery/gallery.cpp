@@ -30,6 +30,7 @@ class NoFiles final : public FileSystem
 {
 public:
     bool exists(const QString &) const override { return false; }
+    qint64 size(const QString &) const override { return 0; }
     QByteArray read(const QString &) const override { return {}; }
     void write(const QString &, const QByteArray &) override {}
     void makeFolder(const QString &) override {}

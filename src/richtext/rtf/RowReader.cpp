@@ -146,6 +146,9 @@ bool RowReader::handleCellWord(ControlWord word, const Token &token, const Color
     case Word::CellPadding:
         m_cell.padding[Side(word.argument)] = distance(token);
         return true;
+    case Word::CellPaddingUnit:
+        m_paddingHasUnit = true;
+        return true;
     case Word::CellBorder:
         if (word.argument == kNoSide)
             border.begin({});
@@ -167,12 +170,15 @@ void RowReader::endCell(int right)
         const int left = cells.isEmpty() ? m_row.format.left : cells.last().right;
         m_cell.right = cellEnd(left, right);
         m_cell.background = m_shading.color();
+        if (!m_paddingHasUnit) // without units the letters mean what they say
+            std::swap(m_cell.padding[Side::Left], m_cell.padding[Side::Top]);
         cells.append(m_cell);
         m_row.merged.append(m_merged && cells.size() > 1);
     }
     m_cell = {};
     m_shading = {};
     m_merged = false;
+    m_paddingHasUnit = false;
 }
 
 } // namespace norvane::rtf

@@ -61,6 +61,7 @@ private:
     CellFormat m_cell; ///< of the cell whose end has not come
     Shading m_shading;
     bool m_merged = false;
+    bool m_paddingHasUnit = false;
 };
 
 } // namespace norvane::rtf

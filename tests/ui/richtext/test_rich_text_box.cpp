@@ -419,3 +419,23 @@ TEST_F(RichTextBoxTest, NothingIsLoadedFromElsewhere)
         EXPECT_FALSE(shown.isNull());
     }
 }
+
+TEST_F(RichTextBoxTest, SignsAreShownByAnyFontAndKeepTheirs)
+{
+    box.setTextRTF("{\\rtf1{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset2 Symbol;}}\\f1 abc\\par}");
+    EXPECT_EQ(box.Text(), u"αβχ"_qs);
+    box.selectAll();
+    EXPECT_EQ(box.SelFontName(), u"Symbol"_qs);
+    EXPECT_NE(box.textCursor().charFormat().font().families().value(0), u"Symbol"_qs);
+    EXPECT_TRUE(box.TextRTF().contains("\\fcharset2 Symbol;}"));
+    const QByteArray written = box.TextRTF();
+    RichTextBox other(files);
+    other.setTextRTF(written);
+    EXPECT_EQ(other.Text(), box.Text());
+    EXPECT_EQ(other.TextRTF(), written);
+
+    box.setSelFontName(u"Arial"_qs); // still the same letters
+    EXPECT_EQ(box.Text(), u"αβχ"_qs);
+    EXPECT_FALSE(box.TextRTF().contains("fcharset2"));
+    EXPECT_TRUE(box.TextRTF().contains("\\u945?"));
+}

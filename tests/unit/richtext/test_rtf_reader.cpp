@@ -439,3 +439,18 @@ TEST(RtfReader, TablesBeyondTheLimitsAreText)
     EXPECT_EQ(row.rowFormats.at(0).cells.size(), kMaximumCellsInRow);
     EXPECT_EQ(row.plainText().count(u'a'), 100'000);
 }
+
+TEST(RtfReader, PaddingOfCellsIsMeantAsItsWritersMeanIt)
+{
+    const auto padding = [](const QByteArray &words) {
+        const std::optional<Document> document =
+            read("{\\rtf1\\trowd" + words + "\\cellx3000\\intbl x\\cell\\row}");
+        return document->rowFormats.at(0).cells.at(0).padding;
+    };
+    // With units "l" is the top and "t" the left, without them they are what they are called.
+    EXPECT_EQ(padding("\\clpadfl3\\clpadl10\\clpadft3\\clpadt20")[Side::Top], 10);
+    EXPECT_EQ(padding("\\clpadfl3\\clpadl10\\clpadft3\\clpadt20")[Side::Left], 20);
+    EXPECT_EQ(padding("\\clpadl10\\clpadr20")[Side::Left], 10);
+    EXPECT_EQ(padding("\\clpadl10\\clpadr20")[Side::Right], 20);
+    EXPECT_EQ(padding("\\clpadl10\\clpadr20")[Side::Top], std::nullopt);
+}
