@@ -2,6 +2,7 @@
 
 #include "richtext/PictureStore.h"
 #include "richtext/document_reader.h"
+#include "richtext/format_conversion.h"
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/writer.h"
 #include "richtext/text_positions.h"
@@ -88,7 +89,13 @@ std::optional<rtf::Picture> pictureOf(const QMimeData &source)
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
-    return pictureFromBytes(png);
+    std::optional<rtf::Picture> picture = pictureFromBytes(png);
+    // Of a screen on which a pixel of ours is several of its own, it is to look as large as there.
+    if (const double ratio = image.devicePixelRatio(); picture && ratio > 1) {
+        picture->displayWidth = qRound(image.width() / ratio * twipsPerPixel());
+        picture->displayHeight = qRound(image.height() / ratio * twipsPerPixel());
+    }
+    return picture;
 }
 
 bool canInsertMimeData(const QMimeData &source)
