@@ -186,10 +186,13 @@ void ParagraphPainter::paintMark(QPainter &painter, const QTextBlock &block, con
 {
     const QTextBlockFormat format = block.blockFormat();
     const auto item = format.property(kListItemProperty).value<rtf::ListItem>();
-    const QString text = m_marks.value(block.blockNumber());
+    QString text = m_marks.value(block.blockNumber());
     if (text.isEmpty())
         return;
     const rtf::ListLevel &level = *item.format();
+    // Some writers forget that the sign of that number was one of the font Symbol.
+    if (level.style == rtf::kBulletSign && text == u"\u00B7")
+        text = u"\u2022"_qs;
     const QTextCharFormat characters = firstFormat(block);
     QFont font = characters.font();
     font.setUnderline(false);
