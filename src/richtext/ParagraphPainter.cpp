@@ -6,6 +6,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -174,7 +175,7 @@ void ParagraphPainter::paint(QPainter &painter, const QTextDocument &document, c
         if (lines.bottom() < clip.top() || lines.top() > clip.bottom() || block.layout()->lineCount() == 0)
             continue;
         if (block.blockFormat().hasProperty(kBordersProperty))
-            paintBorders(painter, block, lines, ink);
+            paintBorders(painter, block, lines.translated(block.layout()->boundingRect().left(), 0), ink);
         if (block.blockFormat().hasProperty(kListItemProperty))
             paintMark(painter, block, lines.topLeft(), ink);
     }
@@ -193,7 +194,9 @@ void ParagraphPainter::paintMark(QPainter &painter, const QTextBlock &block, con
     const QTextCharFormat characters = firstFormat(block);
     QFont font = characters.font();
     font.setUnderline(false);
-    if (!level.font.isEmpty())
+    if (level.symbol) // known signs are Unicode, which any font draws
+        font.setFamilies({QGuiApplication::font().family(), level.font});
+    else if (!level.font.isEmpty())
         font.setFamilies({level.font});
     if (QPaintDevice *device = block.document()->documentLayout()->paintDevice())
         font = QFont(font, device);

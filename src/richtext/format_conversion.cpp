@@ -214,7 +214,10 @@ int firstLineRoom(int firstIndent)
 QTextCharFormat textFormat(const rtf::CharacterFormat &format)
 {
     QTextCharFormat text;
-    if (!format.font.isEmpty())
+    // Signs are Unicode as far as they are known: any font draws them, and theirs may be missing.
+    if (format.symbol)
+        text.setFontFamilies({QGuiApplication::font().family(), format.font});
+    else if (!format.font.isEmpty())
         text.setFontFamilies({format.font});
     text.setFontPointSize(format.halfPoints / 2.0);
     if (format.bold)
@@ -279,7 +282,9 @@ QTextCharFormat textFormat(const rtf::CharacterFormat &format)
 QString fontFamilyOf(const QTextCharFormat &format, const QFont &base)
 {
     const QStringList families = format.fontFamilies().toStringList();
-    return families.isEmpty() || families.first().isEmpty() ? base.family() : families.first();
+    if (families.isEmpty() || families.last().isEmpty())
+        return base.family();
+    return format.boolProperty(kSymbolProperty) ? families.last() : families.first();
 }
 
 double pointSizeOf(const QTextCharFormat &format, const QFont &base)
