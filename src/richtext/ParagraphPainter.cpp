@@ -174,7 +174,7 @@ void ParagraphPainter::paint(QPainter &painter, const QTextDocument &document, c
         if (lines.bottom() < clip.top() || lines.top() > clip.bottom() || block.layout()->lineCount() == 0)
             continue;
         if (block.blockFormat().hasProperty(kBordersProperty))
-            paintBorders(painter, block, lines, ink);
+            paintBorders(painter, block, lines.translated(block.layout()->boundingRect().left(), 0), ink);
         if (block.blockFormat().hasProperty(kListItemProperty))
             paintMark(painter, block, lines.topLeft(), ink);
     }

@@ -247,8 +247,10 @@ private:
         int headers = 0;
         while (size_t(headers) < rows.size() && rows[size_t(headers)]->header)
             ++headers;
-        QTextTable *table =
-            m_cursor.insertTable(int(rows.size()), grid.columns(), tableFormat(grid, *rows.front(), headers));
+        QTextTableFormat format = tableFormat(grid, *rows.front(), headers);
+        if (m_cursor.block().length() > 1) // the space behind a paragraph is none before a table
+            format.setTopMargin(m_cursor.blockFormat().bottomMargin());
+        QTextTable *table = m_cursor.insertTable(int(rows.size()), grid.columns(), format);
         for (size_t row = 0; row < rows.size(); ++row)
             shapeRow(*table, grid, rows, row);
         for (size_t row = 0; row < rows.size(); ++row) {
@@ -339,7 +341,9 @@ private:
         if (cell.row() == row && cell.column() == column) {
             m_cell = cell;
             m_cursor = cell.firstCursorPosition();
-            return flow(operation, true);
+            operation = flow(operation, true);
+            padForSpaceBehind(cell);
+            return operation;
         }
         // The text of a cell that is one with the cell above: seldom any.
         if (paragraphAt(operation).endsCell && paragraphAt(operation).isEmpty)
@@ -348,6 +352,17 @@ private:
         m_cursor.insertBlock();
         m_cell.reset();
         return flow(operation, true);
+    }
+
+    /// The space behind the last paragraph of a cell would be none.
+    static void padForSpaceBehind(QTextTableCell cell)
+    {
+        const double space = cell.lastCursorPosition().blockFormat().bottomMargin();
+        if (space <= 0)
+            return;
+        QTextTableCellFormat look = cell.format().toTableCellFormat();
+        look.setBottomPadding(look.bottomPadding() + space);
+        cell.setFormat(look);
     }
 
     void add(const rtf::TextRun &run)

@@ -13,6 +13,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <cstdio>
 
@@ -20,10 +21,9 @@ using namespace norvane;
 
 namespace {
 
-/// A page of A4 without its margins, as the documents of the gallery have it.
-constexpr int kTextWidth = 643;
 constexpr int kMaximumHeight = 1'600;
 constexpr int kResolution = 96;
+constexpr int kTwipsPerPixel = 15;
 constexpr int kBorder = 12;
 
 class NoFiles final : public FileSystem
@@ -43,8 +43,27 @@ QByteArray contentOf(const QString &name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// The page that a document is for, in pixels.
+struct Page
+{
+    explicit Page(const QByteArray &rtf)
+    {
+        const auto stated = [&rtf](const char *word, int usual) {
+            const QRegularExpression pattern(QStringLiteral("\\\\%1([0-9]+)").arg(QLatin1StringView(word)));
+            const auto match = pattern.match(QString::fromLatin1(rtf));
+            return (match.hasMatch() ? match.captured(1).toInt() : usual) / kTwipsPerPixel;
+        };
+        left = stated("margl", 1'440);
+        textWidth = stated("paperw", 12'240) - left - stated("margr", 1'440);
+    }
+
+    int left = 0;
+    int textWidth = 0;
+};
+
 QImage shownByUs(const QByteArray &rtf)
 {
+    const int width = Page(rtf).textWidth;
     NoFiles files;
     RichTextBox box(files);
     box.setBackColor(0xFFFFFF);
@@ -52,16 +71,16 @@ QImage shownByUs(const QByteArray &rtf)
     box.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     box.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     box.setTextRTF(rtf);
-    box.resize(kTextWidth, kMaximumHeight);
+    box.resize(width, kMaximumHeight);
     box.show();
     QCoreApplication::processEvents();
-    box.resize(kTextWidth, qBound(40, int(box.document()->size().height()) + 10, kMaximumHeight));
+    box.resize(width, qBound(40, int(box.document()->size().height()) + 10, kMaximumHeight));
     QCoreApplication::processEvents();
     return box.grab().toImage();
 }
 
 /// The first page, cut to what is on it.
-QImage shownByOffice(const QString &pdf)
+QImage shownByOffice(const QString &pdf, const Page &shape)
 {
     const QString base = pdf.chopped(4);
     QProcess::execute(QStringLiteral("pdftoppm"),
@@ -78,25 +97,25 @@ QImage shownByOffice(const QString &pdf)
         }
     }
     // From the page's left margin on, so that indents can be compared.
-    const int left = qMin(used.left(), (page.width() - kTextWidth) / 2);
-    return page.copy(QRect(left, used.top(), kTextWidth, used.height()));
+    const int left = qMin(used.left(), shape.left);
+    return page.copy(QRect(left, used.top(), shape.left - left + shape.textWidth, used.height()));
 }
 
 QImage besideEachOther(const QImage &ours, const QImage &theirs)
 {
     constexpr int kHeader = 24;
-    QImage both(2 * kTextWidth + 3 * kBorder, kHeader + qMax(ours.height(), theirs.height()) + 2 * kBorder,
+    const int height = qMax(ours.height(), theirs.height());
+    QImage both(ours.width() + theirs.width() + 3 * kBorder, kHeader + height + 2 * kBorder,
                 QImage::Format_RGB32);
     both.fill(QColor(200, 200, 200));
     QPainter painter(&both);
-    painter.fillRect(kBorder, kHeader + kBorder, kTextWidth, both.height() - kHeader - 2 * kBorder,
-                     Qt::white);
-    painter.fillRect(2 * kBorder + kTextWidth, kHeader + kBorder, kTextWidth,
-                     both.height() - kHeader - 2 * kBorder, Qt::white);
-    painter.drawText(kBorder, kHeader, QStringLiteral("Norvane"));
-    painter.drawText(2 * kBorder + kTextWidth, kHeader, QStringLiteral("LibreOffice"));
-    painter.drawImage(kBorder, kHeader + kBorder, ours);
-    painter.drawImage(2 * kBorder + kTextWidth, kHeader + kBorder, theirs);
+    const auto add = [&](int x, const QString &name, const QImage &image) {
+        painter.fillRect(x, kHeader + kBorder, image.width(), height, Qt::white);
+        painter.drawText(x, kHeader, name);
+        painter.drawImage(x, kHeader + kBorder, image);
+    };
+    add(kBorder, QStringLiteral("Norvane"), ours);
+    add(2 * kBorder + ours.width(), QStringLiteral("LibreOffice"), theirs);
     return both;
 }
 
@@ -140,8 +159,9 @@ int main(int argc, char **argv)
         return fail(fault);
     for (const QString &document : std::as_const(documents)) {
         const QString base = QFileInfo(document).completeBaseName();
-        const QImage ours = shownByUs(contentOf(document));
-        const QImage theirs = shownByOffice(work.filePath(base + QStringLiteral(".pdf")));
+        const QByteArray rtf = contentOf(document);
+        const QImage ours = shownByUs(rtf);
+        const QImage theirs = shownByOffice(work.filePath(base + QStringLiteral(".pdf")), Page(rtf));
         const QString picture = output.filePath(base + QStringLiteral(".png"));
         if (theirs.isNull() || !besideEachOther(ours, theirs).save(picture))
             return fail(picture + QStringLiteral(" could not be made"));

@@ -45,6 +45,12 @@ void FormatWriter::restore(const State &before, bool inParagraph)
 
 void FormatWriter::beginParagraph(const ParagraphFormat &format, int depth, const std::vector<int> &numbers)
 {
+    if (format.item.format() && m_characters && m_characters->script == Script::Superscript) {
+        // LibreOffice loses raised text before a mark, unless it is over.
+        m_out.word(Word::Script, number(Script::Normal));
+        m_out.word(Word::Plain);
+        m_characters = nullptr;
+    }
     const bool isNew = !m_paragraph || depth != m_depth || *m_paragraph != format;
     if (isNew)
         m_out.word(Word::ParagraphDefaults);
