@@ -178,7 +178,7 @@ private:
         for (const char byte : bytes) {
             if (skip()) {
                 putText(QByteArray(1, byte >= 0x20 && byte < 0x7F ? byte : '?'));
-            } else if (byte < 0) {
+            } else if (byte < 0 || byte == 0x7F) {
                 m_encoded += byte;
             } else {
                 // The second byte of a character may be ASCII; the sequence is decoded whole.
@@ -198,7 +198,9 @@ private:
             put(QByteArray("\\") + byte);
         else if (byte == '\t')
             putWord("\\tab");
-        else if (byte >= 0x20 && byte < 0x7F)
+        else if (byte == 0)
+            putText(" "); // as it is read in a text
+        else if (byte >= 0x20)
             putText(QByteArray(1, byte));
     }
 
