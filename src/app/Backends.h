@@ -12,9 +12,11 @@
 #include "platform/linux/PosixFileSystem.h"
 #include "platform/linux/ProcProcesses.h"
 #include "platform/linux/SessionFolders.h"
+#include "platform/linux/wayland_session.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtPrinting.h"
 #include "platform/qt/QtPrompts.h"
+#include "platform/qt/QtScreenCapture.h"
 #include "platform/qt/QtWatchTimer.h"
 #include "platform/qt/SystemClock.h"
 #include "platform/x11/X11WindowEmbedding.h"
@@ -46,6 +48,7 @@ struct Backends
 
     X11WindowSystem windows;
     X11WindowEmbedding embedding{windows};
+    QtScreenCapture capture{windows, !isWaylandSession()};
     X11HotKeys hotKeys;
     LinuxShellWindows shellWindows;
     LinuxTrayHost trayHost;

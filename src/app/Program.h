@@ -2,6 +2,7 @@
 
 #include "app/Backends.h"
 #include "app/ProgramViews.h"
+#include "controls/menuview/menu_images.h"
 #include "options/HotKeyModel.h"
 #include "richtext/EditServices.h"
 #include "shell/AccessibilityOffer.h"
@@ -70,6 +71,7 @@ private:
     ProgramViews m_views;
     NoteRescue m_rescue;
     EditServices m_edit;
+    IconList m_menuImages;
     ShutDown m_shutDown;
     FirstNotices m_firstNotices;
     AccessibilityOffer m_accessibility;

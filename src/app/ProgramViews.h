@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sticky/NoteViews.h"
 #include "watcher/NoteGridView.h"
 #include "watcher/Notices.h"
 
@@ -8,7 +9,7 @@ namespace norvane {
 class ShellForms;
 
 /// The shell's windows as the watcher knows them: short notices, and what shows the notes.
-class ProgramViews : public Notices, public NoteGridView
+class ProgramViews : public Notices, public NoteGridView, public NoteViews
 {
 public:
     /// @p forms must outlive this object.
@@ -22,6 +23,13 @@ public:
     /// Until there is a grid, the tray menu is what shows notes.
     void Refresh_Grid() override;
     int category() const override;
+
+    // NoteViews: none of them is there yet.
+    bool has(View) const override { return false; }
+    void SendNorvane(int) override {}
+    void showOpenNote(NV_RTFEdit &, const QString &) override {}
+    void exportToOutlook(const QString &) override {}
+    void ShowPropertyPage(int) override {}
 
 private:
     ShellForms &m_forms;

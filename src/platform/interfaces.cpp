@@ -10,6 +10,7 @@
 #include "platform/Printing.h"
 #include "platform/Processes.h"
 #include "platform/Prompts.h"
+#include "platform/ScreenCapture.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/ShellWindows.h"
@@ -32,6 +33,7 @@ PrintJob::~PrintJob() = default;
 Printing::~Printing() = default;
 Processes::~Processes() = default;
 Prompts::~Prompts() = default;
+ScreenCapture::~ScreenCapture() = default;
 SettingsStore::~SettingsStore() = default;
 Shell::~Shell() = default;
 ShellWindows::~ShellWindows() = default;

@@ -35,22 +35,22 @@ struct EditToolBar::ToolButton
 namespace {
 
 constexpr EditToolBar::ToolButton kButtons[] = {
-    {"C_NEW", "New", "document-new", "new"},
-    {"C_OPEN", "Open", "document-open", "open"},
-    {"C_SAVE", "Save", "document-save", "save", false, Group::Ends},
-    {"C_COLOR", "Color", "format-text-color", "color", false, Group::Ends},
-    {"C_CUT", "Cut", "edit-cut", "cut"},
-    {"C_COPY", "Copy", "edit-copy", "copy"},
-    {"C_PASTE", "Paste", "edit-paste", "paste", false, Group::CombosBehind},
-    {"C_BOLD", "Bold", "format-text-bold", "bold", true},
-    {"C_ITALIC", "Italic", "format-text-italic", "italic", true},
-    {"C_UNDR", "Under Line", "format-text-underline", "underline", true, Group::Ends},
-    {"C_LEFT", "Align Left", "format-justify-left", "left", true},
-    {"C_CENTER", "Align Center", "format-justify-center", "center", true},
-    {"C_RIGHT", "Align Right", "format-justify-right", "right", true},
-    {"C_BULLET", "Bullet", "format-list-unordered", "bullet", true, Group::Ends},
-    {"C_FIND", "Find and Replace", "edit-find", "find"},
-    {"C_PRINT", "Print", "document-print", "print"},
+    {"C_NEW", "New", "document-new", "document-new"},
+    {"C_OPEN", "Open", "document-open", "document-open"},
+    {"C_SAVE", "Save", "document-save", "document-save", false, Group::Ends},
+    {"C_COLOR", "Color", "format-text-color", "edit-color", false, Group::Ends},
+    {"C_CUT", "Cut", "edit-cut", "edit-cut"},
+    {"C_COPY", "Copy", "edit-copy", "edit-copy"},
+    {"C_PASTE", "Paste", "edit-paste", "edit-paste", false, Group::CombosBehind},
+    {"C_BOLD", "Bold", "format-text-bold", "edit-bold", true},
+    {"C_ITALIC", "Italic", "format-text-italic", "edit-italic", true},
+    {"C_UNDR", "Under Line", "format-text-underline", "edit-underline", true, Group::Ends},
+    {"C_LEFT", "Align Left", "format-justify-left", "edit-left", true},
+    {"C_CENTER", "Align Center", "format-justify-center", "edit-center", true},
+    {"C_RIGHT", "Align Right", "format-justify-right", "edit-right", true},
+    {"C_BULLET", "Bullet", "format-list-unordered", "edit-bullet", true, Group::Ends},
+    {"C_FIND", "Find and Replace", "edit-find", "edit-find"},
+    {"C_PRINT", "Print", "document-print", "document-print"},
 };
 
 /// Icons of two makers do not match: the theme's are taken only if it has them all.
@@ -63,7 +63,7 @@ bool themeHasAll()
 
 QIcon ownPicture(const QString &name, const QColor &ink)
 {
-    return svgIcon(QStringLiteral(":/norvane/icons/edit-%1.svg").arg(name), ink);
+    return svgIcon(QStringLiteral(":/norvane/icons/%1.svg").arg(name), ink);
 }
 
 QComboBox *makeCombo(EditToolBar *bar, const QString &name, const QString &toolTip)

@@ -3,6 +3,7 @@
 #include "shell/Twips.h"
 
 #include <QString>
+#include <functional>
 
 namespace norvane {
 
@@ -11,9 +12,12 @@ class clsClips;
 class EventLoop;
 class FormList;
 class HotKeys;
+class ImageList;
 class NoteGridView;
 class NoteRescue;
 class NoteStore;
+class NoteViews;
+class ScreenCapture;
 class Sound;
 class WatchTimer;
 class WindowEmbedding;
@@ -38,6 +42,10 @@ struct StickyServices
     NoteGridView &grid;
     NoteRescue &rescue;
     const EditServices &edit;
+    ScreenCapture &capture;
+    NoteViews &views;
+    const ImageList &menuImages;
+    std::function<QString()> closeKey; ///< text of the hot key that closes a note
     Twips twips;
     QString clickSound; ///< wave file of the type effect
 };

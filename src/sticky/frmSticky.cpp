@@ -12,7 +12,10 @@
 #include "platform/errors.h"
 #include "richtext/NV_RTFEdit.h"
 #include "sticky/NoteStrip.h"
+#include "sticky/NoteViews.h"
 #include "sticky/PinButton.h"
+#include "sticky/note_commands.h"
+#include "sticky/note_menu.h"
 #include "store/NoteRescue.h"
 #include "store/NoteStore.h"
 #include "store/note_row.h"
@@ -27,6 +30,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <algorithm>
+#include <cmath>
 
 namespace norvane {
 
@@ -91,9 +95,8 @@ frmSticky::frmSticky(const StickyServices &services)
     m_text->setToolBarOnPaper(true);
     m_text->setSelFontSize(kFontSize);
     m_text->setEnableSaveButton(false);
-    // The pin opens the note's menu; it is there with the menus.
-    m_strip->pin()->setEnabled(false);
     makeActions();
+    makeMenu();
     frmSticky::setTextBackColor(kDefaultPaper);
 
     connect(m_text, &NV_RTFEdit::Change, this, &frmSticky::textChanged);
@@ -129,10 +132,63 @@ void frmSticky::makeActions()
     connect(m_save, &QAction::triggered, this, &frmSticky::SaveNote);
     addAction(m_save);
 
+    // Keys that the note takes, and to which it does nothing.
+    const std::pair<QString, QKeySequence> idle[] = {{QStringLiteral("mnuFile_New"), QKeySequence::New},
+                                                     {QStringLiteral("mnuFile_Open"), QKeySequence::Open},
+                                                     {QStringLiteral("mnuFile_Print"), QKeySequence::Print}};
+    for (const auto &[name, key] : idle) {
+        auto *action = new QAction(this);
+        action->setObjectName(name);
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        addAction(action);
+    }
+
     m_close = new QAction(tr("&Close (Detach)"), this);
     m_close->setObjectName(QStringLiteral("mnuFile_Close"));
     connect(m_close, &QAction::triggered, this, &frmSticky::mnuFile_Close_Click);
     addAction(m_close);
+}
+
+void frmSticky::makeMenu()
+{
+    m_menu.setHwndOwner(this);
+    m_menu.setImageList(&m_services.menuImages);
+    m_menu.setGradientHighlight(true);
+    m_menu.setTag(QStringLiteral("File_Menu"));
+    fillNoteMenu(m_menu, m_services.closeKey());
+    const std::pair<QString, NoteViews::View> entries[] = {
+        {note_menu::kMail, NoteViews::View::Mail},
+        {note_menu::kImportNote, NoteViews::View::OpenNote},
+        {note_menu::kExportOutlook, NoteViews::View::Outlook},
+        {note_menu::kProperties, NoteViews::View::Properties},
+    };
+    for (const auto &[key, view] : entries)
+        m_menu.setEnabled(m_menu.IndexForKey(key), m_services.views.has(view));
+    m_menu.CreateSubClass();
+    // Commands may outlast the note: not before the click is done with.
+    connect(
+        &m_menu, &NVPopupMenu::Click, this,
+        [this](int itemNumber) { runNoteCommand(*this, m_services, m_menu.ItemKey(itemNumber)); },
+        Qt::QueuedConnection);
+    connect(m_strip->pin(), &PinButton::clicked, this, &frmSticky::popUpMenu);
+}
+
+void frmSticky::popUpMenu()
+{
+    const QPointer<frmSticky> self(this);
+    const QPoint below(0, kNoteEdge + m_strip->thickness());
+    const QPointF corner = m_services.twips.fromPixels(QRect(below, QSize())).topLeft();
+    m_menu.ShowPopupMenu(0, std::floor(corner.y()));
+    if (self)
+        m_services.events.yield();
+}
+
+QFont frmSticky::formFont()
+{
+    QFont font(QStringLiteral("Arial"));
+    font.setPointSizeF(kFontSize);
+    return font;
 }
 
 // ---- What the loader fills ----
@@ -225,6 +281,7 @@ void frmSticky::loadBody(const QString &path)
 void frmSticky::SetSaveMode(bool enabled)
 {
     m_save->setEnabled(enabled);
+    m_menu.setEnabled(m_menu.IndexForKey(note_menu::kSave), enabled);
 }
 
 void frmSticky::resetSaveState()
@@ -349,9 +406,13 @@ void frmSticky::showGrip(NoteGrip grip)
 
 // ---- Saving and the end ----
 
-void frmSticky::writeNote()
+void frmSticky::writeRow()
 {
     SaveNoteRow(m_services.store, fields.ID, {m_services.clock.now(), rectTwips(), m_text->Text()});
+}
+
+void frmSticky::writeBody()
+{
     m_text->SaveFile(m_services.store.bodyFile(fields.ID), kRichText);
 }
 
@@ -361,9 +422,10 @@ int frmSticky::save()
     const BusyPointer busy;
     try {
         const quint64 saved = m_changes;
-        writeNote();
+        writeRow();
         m_services.store.requeryNoteIndex();
         m_services.grid.Refresh_Grid();
+        writeBody();
         // A dialog that opens meanwhile may outlast the note.
         const QPointer<frmSticky> self(this);
         m_services.events.yield();
@@ -386,7 +448,8 @@ void frmSticky::saveAtExit()
     if (!fields.AutoSave || !isDirty() || m_rescued == m_changes)
         return;
     try {
-        writeNote();
+        writeRow();
+        writeBody();
         resetSaveState();
     } catch (const RuntimeError &error) {
         rescueAfter(error.number());

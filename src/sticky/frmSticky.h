@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/menuview/NVPopupMenu.h"
 #include "sticky/NoteFrame.h"
 #include "sticky/StickyServices.h"
 #include "sticky/note_paper.h"
@@ -60,6 +61,10 @@ public:
     void saveAtExit() override;
 
     NV_RTFEdit *Text1() const { return m_text; }
+    /// The note's whole menu, which the pin opens.
+    NVPopupMenu &File_Menu() { return m_menu; }
+    /// The font that a cleared document has.
+    static QFont formFont();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -73,10 +78,13 @@ protected:
 
 private:
     void makeActions();
+    void makeMenu();
+    void popUpMenu();
     int save();
     void rescueAfter(int error);
-    /// Row and body file; raises what store and file system raise.
-    void writeNote();
+    /// Both raise what store and file system raise.
+    void writeRow();
+    void writeBody();
     void moveTo(const QRect &place);
     QPoint insideTarget(const QPoint &point) const;
     void textChanged();
@@ -91,6 +99,7 @@ private:
     NV_RTFEdit *m_text;
     QAction *m_save = nullptr;  ///< `mnuFile_Save`
     QAction *m_close = nullptr; ///< `mnuFile_Close`
+    NVPopupMenu m_menu;         ///< `File_Menu`
     NotePaper m_paper;
     QRect m_place; ///< in the target, pixels; still there when the target is gone
     QRectF m_loadedTwips;

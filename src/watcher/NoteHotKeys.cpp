@@ -6,12 +6,12 @@
 #include "platform/WindowSystem.h"
 #include "platform/dao.h"
 #include "platform/errors.h"
-#include "shell/Forms.h"
 #include "store/NoteStore.h"
 #include "watcher/AttachWindow.h"
 #include "watcher/NoteGridView.h"
 #include "watcher/Notices.h"
 #include "watcher/StickyNote.h"
+#include "watcher/note_forms.h"
 #include "watcher/window_location.h"
 
 namespace norvane {
@@ -37,7 +37,7 @@ void NoteHotKeys::attachFrontWindow()
 void NoteHotKeys::closeFrontNote()
 {
     const WindowHandle front = m_windows.foregroundWindow();
-    if (StickyNote *note = noteOn(front))
+    if (StickyNote *note = noteOn(m_forms, front))
         note->mnuFile_Close_Click();
     m_windows.setForegroundWindow(front);
 }
@@ -53,32 +53,9 @@ void NoteHotKeys::deleteFrontNote()
     m_windows.setForegroundWindow(front);
 }
 
-template <typename Condition> StickyNote *NoteHotKeys::firstNote(Condition condition) const
-{
-    for (Form *form : m_forms.named(QStringLiteral("frmSticky"))) {
-        auto *note = dynamic_cast<StickyNote *>(form);
-        if (note && condition(note->fields))
-            return note;
-    }
-    return nullptr;
-}
-
-StickyNote *NoteHotKeys::noteOn(WindowHandle target) const
-{
-    // A note that has lost its target is on no window, not even on none.
-    if (target == kNoWindow)
-        return nullptr;
-    return firstNote([&](const StickyFields &fields) { return fields.ParentHwnd == target; });
-}
-
-StickyNote *NoteHotKeys::noteOf(int id) const
-{
-    return firstNote([&](const StickyFields &fields) { return fields.ID == id; });
-}
-
 void NoteHotKeys::deleteNote(WindowHandle target)
 {
-    StickyNote *note = noteOn(target);
+    StickyNote *note = noteOn(m_forms, target);
     if (!note)
         return;
     if (!m_store.database())
@@ -93,7 +70,7 @@ void NoteHotKeys::deleteNote(WindowHandle target)
         return;
 
     // The note may have gone with its window while the question stood; its row has not.
-    if (StickyNote *open = noteOf(id))
+    if (StickyNote *open = noteOf(m_forms, id))
         open->unload();
     row->remove();
     m_store.requeryNoteIndex();

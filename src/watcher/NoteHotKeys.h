@@ -10,7 +10,6 @@ class NoteGridView;
 class NoteStore;
 class Notices;
 class Prompts;
-class StickyNote;
 class WindowLocation;
 class WindowSystem;
 
@@ -35,9 +34,6 @@ public:
     void deleteFrontNote();
 
 private:
-    template <typename Condition> StickyNote *firstNote(Condition condition) const;
-    StickyNote *noteOn(WindowHandle target) const;
-    StickyNote *noteOf(int id) const;
     void deleteNote(WindowHandle target);
 
     NoteStore &m_store;

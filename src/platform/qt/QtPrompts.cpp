@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
+#include <functional>
 #include <utility>
 
 namespace norvane {
@@ -36,6 +37,21 @@ QMessageBox::Icon iconOf(int style)
     default:
         return QMessageBox::NoIcon;
     }
+}
+
+/// What the user chooses in a dialog; empty when cancelled.
+QString chosenPath(const QString &title, const QString &start,
+                   const std::function<void(QFileDialog &)> &prepare)
+{
+    // On the heap: its parent may be a note that goes while the dialog stands open.
+    const QPointer<QFileDialog> dialog = new QFileDialog(QApplication::activeWindow(), title);
+    dialog->setDirectory(start);
+    prepare(*dialog);
+    QString path;
+    if (dialog->exec() == QDialog::Accepted && dialog && !dialog->selectedFiles().isEmpty())
+        path = QDir::toNativeSeparators(dialog->selectedFiles().constFirst());
+    delete dialog.data();
+    return path;
 }
 
 } // namespace
@@ -98,15 +114,10 @@ Prompts::Answer QtPrompts::messageBox(const QString &text, int style, const QStr
 QString QtPrompts::chooseFolder(const QString &title, const QString &start)
 {
     const bool startExists = !start.isEmpty() && QDir(start).exists();
-    const QPointer<QFileDialog> dialog = new QFileDialog(QApplication::activeWindow(), title);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly);
-    dialog->setDirectory(startExists ? start : QDir::homePath());
-    QString folder;
-    if (dialog->exec() == QDialog::Accepted && dialog && !dialog->selectedFiles().isEmpty())
-        folder = QDir::toNativeSeparators(dialog->selectedFiles().constFirst());
-    delete dialog.data();
-    return folder;
+    return chosenPath(title, startExists ? start : QDir::homePath(), [](QFileDialog &dialog) {
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly);
+    });
 }
 
 QStringList nameFilters(const QString &filter)
@@ -124,15 +135,20 @@ QStringList nameFilters(const QString &filter)
 
 QString QtPrompts::openFile(const QString &title, const QString &filter)
 {
-    const QPointer<QFileDialog> dialog = new QFileDialog(QApplication::activeWindow(), title);
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    dialog->setNameFilters(nameFilters(filter));
-    dialog->setDirectory(QDir::homePath());
-    QString file;
-    if (dialog->exec() == QDialog::Accepted && dialog && !dialog->selectedFiles().isEmpty())
-        file = QDir::toNativeSeparators(dialog->selectedFiles().constFirst());
-    delete dialog.data();
-    return file;
+    return chosenPath(title, QDir::homePath(), [&](QFileDialog &dialog) {
+        dialog.setFileMode(QFileDialog::ExistingFile);
+        dialog.setNameFilters(nameFilters(filter));
+    });
+}
+
+QString QtPrompts::saveFile(const QString &title, const QString &filter, const QString &extension)
+{
+    return chosenPath(title, QDir::homePath(), [&](QFileDialog &dialog) {
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        dialog.setNameFilters(nameFilters(filter));
+        dialog.setDefaultSuffix(extension);
+    });
 }
 
 std::optional<quint32> QtPrompts::chooseColor(quint32 start)

@@ -1,101 +1,12 @@
-#include "unit/watcher/Desk.h"
-
-#include "fakes/FakeEmbedding.h"
-#include "fakes/FakeHotKeys.h"
-#include "fakes/FakeNotifier.h"
-#include "fakes/FakePrinting.h"
-#include "fakes/FakePrompts.h"
-#include "fakes/FakeShell.h"
-#include "richtext/NV_RTFEdit.h"
-#include "richtext/commands/EditState.h"
-#include "sticky/frmSticky.h"
-#include "sticky/frmStickyFactory.h"
-#include "store/NoteRescue.h"
-#include "watcher/NoteGridView.h"
+#include "StickyWindow.h"
 
 #include <QAction>
-#include <QPointer>
-#include <QTest>
 #include <QToolBar>
-#include <gtest/gtest.h>
 
 using namespace norvane;
 using namespace norvane::tests;
 
 namespace {
-
-const QRectF kPlace(300, 450, 5100, 3801); // 3801 twips are no whole number of pixels
-
-struct CountingGrid : NoteGridView
-{
-    int refreshes = 0;
-    void Refresh_Grid() override { ++refreshes; }
-    int category() const override { return 0; }
-};
-
-/// A note's real window, opened by the watch cycle on a page that is only told of.
-class StickyWindow : public testing::Test, protected Desk
-{
-protected:
-    StickyWindow() : Desk(&factory) {}
-
-    void SetUp() override
-    {
-        id = addNote(u"Letters"_qs, u"http://letters/"_qs,
-                     {{u"AutoSave"_qs, true},
-                      {u"winLeft"_qs, kPlace.left()},
-                      {u"winTop"_qs, kPlace.top()},
-                      {u"winWidth"_qs, kPlace.width()},
-                      {u"winHeight"_qs, kPlace.height()}});
-        target = openPage(u"Letters"_qs, u"http://letters/"_qs);
-        tick();
-        ASSERT_EQ(Clips.Count(), 1);
-        note = dynamic_cast<frmSticky *>(forms.byHwnd(Clips.Item(1).hWnd));
-        ASSERT_TRUE(note);
-    }
-
-    void TearDown() override
-    {
-        if (note)
-            note->unload();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-    QVariant field(const QString &name) const { return noteField(id, name); }
-    QRectF storedPlace() const
-    {
-        return {field(u"winLeft"_qs).toDouble(), field(u"winTop"_qs).toDouble(),
-                field(u"winWidth"_qs).toDouble(), field(u"winHeight"_qs).toDouble()};
-    }
-
-    template <typename Kind> Kind *part(const QString &name) { return note->findChild<Kind *>(name); }
-    void type(const QString &text) { QTest::keyClicks(part<QWidget>(u"RichTextBox1"_qs), text); }
-    void press(QWidget *widget) { QTest::mouseClick(widget, Qt::LeftButton, {}, {100, 10}); }
-
-    bool saved() const { return files.files.contains(store.bodyFile(id)); }
-    int rescued() const
-    {
-        const auto paths = files.files.keys();
-        return static_cast<int>(std::count_if(
-            paths.begin(), paths.end(), [](const QString &path) { return path.contains(u"/Rescued/"); }));
-    }
-
-    fakes::FakeEmbedding embedding;
-    fakes::FakeHotKeys hotKeys;
-    fakes::FakeNotifier notifier;
-    CountingGrid grid;
-    NoteRescue rescue{store, files, clock, notifier, [](const QString &) {}};
-    fakes::FakeShell shell;
-    fakes::FakePrompts prompts;
-    fakes::FakePrinting printing;
-    EditState editState;
-    EditServices edit{files, shell, prompts, printing, clock, editState};
-    frmStickyFactory factory{{store, forms, Clips, windows, embedding, timer, settings, events, clock, sound,
-                              hotKeys, grid, rescue, edit, Twips(96, 96), u"/click.wav"_qs}};
-    WindowHandle target = kNoWindow;
-    int id = 0;
-    QPointer<frmSticky> note;
-};
 
 TEST_F(StickyWindow, isCleanAfterLoadingAndDirtyAfterTypingOrTakingHold)
 {

@@ -1,0 +1,260 @@
+#include "sticky/note_commands.h"
+
+#include "platform/EventLoop.h"
+#include "platform/FileSystem.h"
+#include "platform/Prompts.h"
+#include "platform/RuntimeError.h"
+#include "platform/ScreenCapture.h"
+#include "platform/WindowSystem.h"
+#include "platform/errors.h"
+#include "richtext/NV_RTFEdit.h"
+#include "richtext/commands/document_kind.h"
+#include "shell/internal_error.h"
+#include "sticky/NoteViews.h"
+#include "sticky/StickyServices.h"
+#include "sticky/frmSticky.h"
+#include "sticky/note_menu.h"
+#include "store/NoteStore.h"
+#include "watcher/NoteGridView.h"
+#include "watcher/note_forms.h"
+
+#include <QPointer>
+#include <functional>
+
+namespace norvane {
+
+namespace {
+
+/// One run of a command on a note, which may go on the way.
+class NoteCommand
+{
+public:
+    NoteCommand(frmSticky &note, const StickyServices &services)
+        : m_note(&note), m_services(services), m_prompts(services.edit.prompts), m_id(note.fields.ID)
+    {
+    }
+
+    void sendMail();
+    void captureWindow();
+    void captureDesktop();
+    void clearDocument();
+    void importNote();
+    void importDocument();
+    void exportDocument();
+    void deleteNote();
+    void exportToOutlook() { m_services.views.exportToOutlook(m_note->Text1()->Text()); }
+    void showProperties() { m_services.views.ShowPropertyPage(m_id); }
+    void save() { m_note->SaveNote(); }
+    void print() { m_note->Text1()->NV_Print(); }
+    void close() { m_note->mnuFile_Close_Click(); }
+
+private:
+    Prompts::Answer ask(const QString &question)
+    {
+        return m_prompts.messageBox(question, Prompts::kYesNo | Prompts::kQuestion,
+                                    kApplicationTitle.toString());
+    }
+    void tell(const QString &message)
+    {
+        m_prompts.messageBox(message, Prompts::kExclamation, kApplicationTitle.toString());
+    }
+    /// A fault ends the step alone.
+    static void step(const std::function<void()> &action)
+    {
+        try {
+            action();
+        } catch (const RuntimeError &) {
+            return;
+        }
+    }
+    void pastePicture(bool taken);
+    void removeRow();
+
+    QPointer<frmSticky> m_note;
+    const StickyServices &m_services;
+    Prompts &m_prompts;
+    int m_id;
+};
+
+void NoteCommand::sendMail()
+{
+    if (m_note->isDirty()) {
+        const QString question = frmSticky::tr("'%1' has not been saved?\r\nSave it now?");
+        if (m_note->fields.AutoSave || ask(question.arg(m_note->fields.FriendlyName)) == Prompts::kYes) {
+            if (m_note)
+                m_note->SaveNote();
+        }
+    }
+    if (m_note)
+        m_services.views.SendNorvane(m_id);
+}
+
+void NoteCommand::captureWindow()
+{
+    const WindowHandle target = m_note->fields.ParentHwnd;
+    m_note->hide();
+    m_services.events.yield();
+    m_services.windows.setForegroundWindow(target);
+    const bool taken = m_services.capture.captureWindow(target);
+    if (m_note) {
+        m_note->showNote();
+        m_services.events.yield();
+        if (m_note) {
+            m_services.windows.bringWindowToTop(m_note->hWnd());
+            m_note->activateWindow(); // its menu was used: that is where the user is
+        }
+    }
+    pastePicture(taken);
+}
+
+void NoteCommand::captureDesktop()
+{
+    const bool taken = m_services.capture.captureDesktop();
+    m_services.events.yield();
+    pastePicture(taken);
+}
+
+void NoteCommand::pastePicture(bool taken)
+{
+    if (!taken) {
+        if (m_note)
+            tell(frmSticky::tr("This desktop does not let programs take pictures of it."));
+        return;
+    }
+    if (m_note)
+        m_note->Text1()->Command_Pate();
+    m_services.capture.clearClipboard();
+}
+
+void NoteCommand::clearDocument()
+{
+    if (ask(frmSticky::tr("Are you sure?")) != Prompts::kYes || !m_note)
+        return;
+    NV_RTFEdit &text = *m_note->Text1();
+    text.setText({});
+    text.setFont(frmSticky::formFont());
+    text.setSelAlignment(0);
+    text.setSelBold(false);
+    text.setSelFontSize(frmSticky::formFont().pointSizeF());
+    text.setSelBullet(false);
+    text.setSelColor(0);
+    text.setSelItalic(false);
+    text.setSelUnderline(false);
+    text.setMousePointer(0);
+}
+
+void NoteCommand::importNote()
+{
+    m_services.views.showOpenNote(*m_note->Text1(), frmSticky::tr("Import into '%1'").arg(m_note->caption()));
+}
+
+void NoteCommand::importDocument()
+{
+    const QString path = m_prompts.openFile(
+        frmSticky::tr("Open"),
+        frmSticky::tr("Rich Text Format (RTF)|*.rtf|Plain Text (TXT)|*.txt", "kinds of files"));
+    if (path.isEmpty() || !m_note)
+        return;
+    const QString extension = documentExtension(path);
+    if (extension != u"TXT" && extension != u"RTF") {
+        tell(frmSticky::tr("Unknown File Format"));
+        return;
+    }
+    try {
+        m_note->Text1()->LoadFile(path,
+                                  extension == u"TXT" ? RichTextBox::kPlainText : RichTextBox::kRichText);
+    } catch (const RuntimeError &error) {
+        tell(error.description());
+    }
+}
+
+void NoteCommand::exportDocument()
+{
+    const QString path = m_prompts.saveFile(
+        frmSticky::tr("Save as"),
+        frmSticky::tr("Rich Text Format (*.RTF)|*.rtf|Plain Text (*.TXT)|*.txt|All Files (*.*)|*.*",
+                      "kinds of files"),
+        QStringLiteral("rtf"));
+    if (path.isEmpty() || !m_note)
+        return;
+    const QString extension = documentExtension(path);
+    const bool isRich = extension == u"RTF" || extension == u"DOC";
+    try {
+        m_note->Text1()->SaveFile(path, isRich ? RichTextBox::kRichText : RichTextBox::kPlainText);
+    } catch (const RuntimeError &error) {
+        tell(error.description());
+    }
+}
+
+/// A row that somebody else has deleted is no fault.
+void NoteCommand::removeRow()
+{
+    dao::Recordset *notes = m_services.store.NoteSet();
+    if (!notes)
+        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
+    const QString condition = QStringLiteral("ID=%1").arg(m_id);
+    notes->findFirst(condition);
+    if (notes->noMatch()) {
+        m_services.store.requeryNoteSet(); // the note is younger than the recordset
+        notes = m_services.store.NoteSet();
+        notes->findFirst(condition);
+    }
+    if (!notes->noMatch())
+        notes->remove();
+}
+
+void NoteCommand::deleteNote()
+{
+    const QString question = frmSticky::tr("Are you sure you want to delete '%1'?").arg(m_note->caption());
+    if (ask(question) != Prompts::kYes)
+        return;
+    // Whatever became of the window while the question stood, it is the note that is to go.
+    NoteStore &store = m_services.store;
+    try {
+        removeRow();
+    } catch (const RuntimeError &error) {
+        tell(error.description()); // as long as the row is there, its text is
+        return;
+    }
+    step([&] { store.requeryNoteIndex(); });
+    step([&] { m_services.grid.Refresh_Grid(); });
+    step([&] {
+        const QString body = store.bodyFile(m_id);
+        if (store.files().exists(body))
+            store.files().remove(body);
+    });
+    if (StickyNote *open = noteOf(m_services.forms, m_id))
+        open->unload();
+}
+
+} // namespace
+
+void runNoteCommand(frmSticky &note, const StickyServices &services, const QString &key)
+{
+    using namespace note_menu;
+    static const std::pair<QString, void (NoteCommand::*)()> kCommands[] = {
+        {kMail, &NoteCommand::sendMail},
+        {kCaptureWindow, &NoteCommand::captureWindow},
+        {kCaptureDesktop, &NoteCommand::captureDesktop},
+        {kNew, &NoteCommand::clearDocument},
+        {kImportNote, &NoteCommand::importNote},
+        {kOpen, &NoteCommand::importDocument},
+        {kSave, &NoteCommand::save},
+        {kDelete, &NoteCommand::deleteNote},
+        {kPrint, &NoteCommand::print},
+        {kExport, &NoteCommand::exportDocument},
+        {kImport, &NoteCommand::importDocument},
+        {kExportOutlook, &NoteCommand::exportToOutlook},
+        {kProperties, &NoteCommand::showProperties},
+        {kClose, &NoteCommand::close},
+    };
+    for (const auto &[ofKey, command] : kCommands) {
+        if (ofKey == key) {
+            NoteCommand run(note, services);
+            (run.*command)();
+            return;
+        }
+    }
+}
+
+} // namespace norvane

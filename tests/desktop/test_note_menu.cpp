@@ -1,0 +1,236 @@
+#include "NotesOnWindows.h"
+
+#include <QImage>
+#include <QRegularExpression>
+
+using namespace norvane::test;
+
+namespace {
+
+/// The pin, from the note's corner.
+constexpr QPoint kPin(13, 12);
+/// "Delete Note", from the menu's corner: the fourth row, each at least 22 pixels high.
+constexpr QPoint kDeleteRow(60, 79);
+
+/// The menu of a note, on a real window.
+class NoteMenu : public NotesOnWindows
+{
+protected:
+    /// An editor's window with a note that has a saved text.
+    void openNote(const QString &text)
+    {
+        target = openEditor(kRight);
+        ASSERT_TRUE(target != 0 && startNorvane());
+        note = writeNote(target, text);
+        ASSERT_NE(note, 0u);
+    }
+
+    xcb_window_t menu() { return x().menuOfProcess(m_norvane.process()->processId()); }
+
+    /// Opens the note's menu by its pin. @return 0 if none came
+    xcb_window_t openMenu()
+    {
+        x().click(x().geometry(note).topLeft() + kPin);
+        waitFor([this] { return menu() != 0 && x().isViewable(menu()); });
+        return menu();
+    }
+
+    /// Opens the menu and presses access keys, one after the other.
+    bool choose(const QStringList &keys)
+    {
+        if (openMenu() == 0)
+            return false;
+        for (const QString &key : keys)
+            x().press(key);
+        return waitFor([this] { return menu() == 0; });
+    }
+
+    /// Types behind the text that is there.
+    bool typeMore(const QString &text)
+    {
+        if (x().activeWindow() != note)
+            x().click(x().geometry(note).center());
+        if (!waitFor([this] { return x().activeWindow() == note; }))
+            return false;
+        x().press(QStringLiteral("ctrl+End"));
+        const QImage before = m_norvane.settledPictureOf(note);
+        x().type(text);
+        return waitFor([&] { return differentPixels(m_norvane.pictureOf(note), before) > kTextCursor; });
+    }
+
+    /// Waits for a box or dialog with that title.
+    xcb_window_t dialog(const QString &title)
+    {
+        xcb_window_t found = 0;
+        waitFor([&] {
+            const QVector<xcb_window_t> windows = m_norvane.shownWindows();
+            for (const xcb_window_t window : windows) {
+                if (window != note && x().title(window).contains(title))
+                    found = window;
+            }
+            return found != 0 && x().activeWindow() == found;
+        });
+        return found;
+    }
+
+    /// Answers a file dialog.
+    bool giveName(const QString &title, const QString &path)
+    {
+        const xcb_window_t window = dialog(title);
+        if (window == 0)
+            return false;
+        x().press(QStringLiteral("ctrl+a"));
+        x().type(path);
+        x().press(QStringLiteral("Return"));
+        return waitFor([&] { return !x().exists(window) || !x().isViewable(window); });
+    }
+
+    static QByteArray contentOf(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    std::string noteText()
+    {
+        return m_norvane.query(QStringLiteral("select NoteText from Memos")).toStdString();
+    }
+
+    xcb_window_t target = 0;
+    xcb_window_t note = 0;
+};
+
+TEST_F(NoteMenu, SavesAndCloses)
+{
+    ASSERT_NO_FATAL_FAILURE(openNote(QStringLiteral("one")));
+    ASSERT_TRUE(typeMore(QStringLiteral(" two")));
+    ASSERT_TRUE(choose({QStringLiteral("s")}));
+    EXPECT_TRUE(waitFor([&] { return noteText() == "one two"; })) << noteText();
+
+    ASSERT_TRUE(typeMore(QStringLiteral(" three")));
+    // From no item, the key upwards goes to the last one, which closes.
+    ASSERT_TRUE(choose({QStringLiteral("Up"), QStringLiteral("Return")}));
+    EXPECT_TRUE(waitFor([&] { return !x().exists(note); }));
+    EXPECT_EQ(noteText(), "one two three");
+    EXPECT_EQ(m_norvane.query(QStringLiteral("select Active from Memos")).toStdString(), "0");
+}
+
+TEST_F(NoteMenu, DeletesAfterAsking)
+{
+    ASSERT_NO_FATAL_FAILURE(openNote(QStringLiteral("unwanted")));
+    for (const QString &answer : {QStringLiteral("alt+n"), QStringLiteral("alt+y")}) {
+        const xcb_window_t popup = openMenu();
+        ASSERT_NE(popup, 0u);
+        x().click(x().geometry(popup).topLeft() + kDeleteRow);
+        const xcb_window_t question = dialog(QStringLiteral("Norvane"));
+        ASSERT_NE(question, 0u);
+        x().press(answer);
+        ASSERT_TRUE(waitFor([&] { return !x().exists(question); }));
+        if (answer == u"alt+n") {
+            EXPECT_TRUE(stays(note, target));
+            EXPECT_EQ(noteText(), "unwanted");
+        }
+    }
+    EXPECT_TRUE(waitFor([&] { return !x().exists(note); }));
+    EXPECT_EQ(m_norvane.query(QStringLiteral("select count(*) from Memos")).toStdString(), "0");
+    EXPECT_TRUE(m_norvane.body(1).isEmpty());
+    EXPECT_EQ(m_norvane.noteOn(target), 0u);
+}
+
+TEST_F(NoteMenu, ExportsAndImportsDocuments)
+{
+    ASSERT_NO_FATAL_FAILURE(openNote(QStringLiteral("exported")));
+    const QString folder = m_desktop.home() + QStringLiteral("/out");
+    QDir().mkpath(folder);
+    const std::pair<const char *, bool> kinds[] = {
+        {"rtf", true}, {"txt", false}, {"doc", true}, {"xyz", false}};
+    for (const auto &[extension, isRich] : kinds) {
+        const QString path = folder + QStringLiteral("/note.") + QLatin1StringView(extension);
+        ASSERT_TRUE(choose({QStringLiteral("i"), QStringLiteral("e")}));
+        ASSERT_TRUE(giveName(QStringLiteral("Save as"), path));
+        EXPECT_TRUE(waitFor([&] { return contentOf(path).contains("exported"); })) << extension;
+        EXPECT_EQ(contentOf(path).startsWith("{\\rtf"), isRich) << extension;
+    }
+
+    QFile plain(folder + QStringLiteral("/in.txt"));
+    ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
+    plain.write("imported text");
+    plain.close();
+    ASSERT_TRUE(choose({QStringLiteral("i"), QStringLiteral("i")}));
+    ASSERT_TRUE(giveName(QStringLiteral("Open"), plain.fileName()));
+    ASSERT_TRUE(choose({QStringLiteral("s")}));
+    EXPECT_TRUE(waitFor([&] { return noteText() == "imported text"; })) << noteText();
+
+    ASSERT_TRUE(choose({QStringLiteral("o")}));
+    ASSERT_TRUE(giveName(QStringLiteral("Open"), folder + QStringLiteral("/note.xyz")));
+    const xcb_window_t refusal = dialog(QStringLiteral("Norvane"));
+    ASSERT_NE(refusal, 0u) << "a file of another kind is refused";
+    x().press(QStringLiteral("Return"));
+    EXPECT_TRUE(waitFor([&] { return !x().exists(refusal); }));
+    EXPECT_EQ(noteText(), "imported text");
+}
+
+TEST_F(NoteMenu, CapturesItsWindow)
+{
+    ASSERT_NO_FATAL_FAILURE(openNote(QStringLiteral("See this:")));
+    ASSERT_TRUE(m_norvane.bringToFront(target));
+    const QRect frame = x().geometryInShadow(target);
+    ASSERT_TRUE(choose({QStringLiteral("c"), QStringLiteral("w")}));
+    ASSERT_TRUE(waitFor([&] { return m_norvane.noteOn(target) == note && x().activeWindow() == note; }));
+    QByteArray body;
+    ASSERT_TRUE(waitFor([&] {
+        x().press(QStringLiteral("ctrl+s"));
+        return waitFor([&] { return (body = m_norvane.body(1)).contains("\\pict"); }, 3000);
+    }));
+
+    // The picture in the body is the window without the note.
+    const qsizetype begin = body.indexOf("\\pict");
+    const qsizetype digits = body.indexOf('\n', begin);
+    const QByteArray png = QByteArray::fromHex(body.mid(digits, body.indexOf('}', digits) - digits));
+    QImage picture = QImage::fromData(png).convertToFormat(QImage::Format_RGB32);
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_GE(picture.width(), frame.width());
+    EXPECT_GE(picture.height(), frame.height());
+    x().closeWindow(note);
+    ASSERT_TRUE(waitFor([&] { return !x().exists(note); }));
+    ASSERT_TRUE(m_norvane.bringToFront(target));
+    // What the window manager puts around a window is in the picture, too.
+    const QRect inside = frame - QMargins(10, 10, 10, 10);
+    EXPECT_TRUE(waitFor([&] {
+        const QImage screen = x().screenshot().convertToFormat(QImage::Format_RGB32).copy(inside);
+        for (int down = 0; down <= picture.height() - frame.height(); ++down) {
+            for (int right = 0; right <= picture.width() - frame.width(); ++right) {
+                if (looksAlike(picture.copy(QRect(QPoint(10 + right, 10 + down), inside.size())), screen))
+                    return true;
+            }
+        }
+        return false;
+    }));
+}
+
+TEST_F(NoteMenu, ATargetMayCloseUnderAMenuOrADialog)
+{
+    ASSERT_NO_FATAL_FAILURE(openNote(QStringLiteral("kept")));
+    ASSERT_TRUE(typeMore(QStringLiteral(" and this")));
+    ASSERT_NE(openMenu(), 0u);
+    x().closeWindow(target);
+    EXPECT_TRUE(waitFor([&] { return !x().exists(target) && !x().exists(note) && menu() == 0; }));
+    EXPECT_EQ(noteText(), "kept and this");
+
+    target = openEditor(kRight);
+    ASSERT_TRUE(waitFor([&] { return (note = m_norvane.noteOn(target)) != 0; }));
+    ASSERT_TRUE(typeMore(QStringLiteral(" More.")));
+    ASSERT_TRUE(choose({QStringLiteral("i"), QStringLiteral("e")}));
+    const xcb_window_t files = dialog(QStringLiteral("Save as"));
+    ASSERT_NE(files, 0u);
+    x().closeWindow(target);
+    EXPECT_TRUE(waitFor([&] { return !x().exists(target) && !x().exists(note); }));
+    EXPECT_NE(noteText().find("More."), std::string::npos);
+    if (x().exists(files)) {
+        x().press(QStringLiteral("Escape"));
+        EXPECT_TRUE(waitFor([&] { return !x().exists(files); }));
+    }
+    EXPECT_TRUE(m_norvane.isRunning());
+}
+
+} // namespace
