@@ -58,10 +58,12 @@ private:
     {
         switch (token.kind) {
         case Token::Kind::GroupBegin:
+            m_toSkip = 0;
             m_outer.push_back(m_state);
             put("{");
             break;
         case Token::Kind::GroupEnd:
+            m_toSkip = 0;
             if (m_outer.empty()) {
                 m_possible = false;
                 break;
@@ -100,6 +102,10 @@ private:
     {
         const char symbol = char(token.value);
         if (symbol == '\n')
+            m_toSkip = 0;
+        else if (symbol != '*')
+            skip();
+        if (symbol == '\n')
             putWord("\\par");
         else if (symbol == '\t')
             putWord("\\tab");
@@ -109,6 +115,7 @@ private:
 
     void addWord(const Token &token)
     {
+        countSkipped(token);
         if (token.bytes == "bin")
             return; // its data comes as digits
         if (token.bytes == "pict" || token.bytes == "objdata")
@@ -137,6 +144,23 @@ private:
         m_afterWord = true;
     }
 
+    /// What follows a \u stands for it, and is left as much as it is.
+    void countSkipped(const Token &token)
+    {
+        const Word word = controlWord(token.bytes).word;
+        if (word == Word::Character)
+            skip();
+        else if (word != Word::UnicodeSkip && (word != Word::Unicode || token.hasParameter))
+            m_toSkip = word == Word::Unicode ? m_state.unicodeSkip : 0;
+    }
+
+    bool skip()
+    {
+        const bool isSkipped = m_toSkip > 0;
+        m_toSkip -= int(isSkipped);
+        return isSkipped;
+    }
+
     void reference(char begin, QByteArrayView letters, const QByteArray &name)
     {
         m_out += begin;
@@ -152,7 +176,9 @@ private:
     void addBytes(QByteArrayView bytes)
     {
         for (const char byte : bytes) {
-            if (byte < 0) {
+            if (skip()) {
+                putText(QByteArray(1, byte >= 0x20 && byte < 0x7F ? byte : '?'));
+            } else if (byte < 0 || byte == 0x7F) {
                 m_encoded += byte;
             } else {
                 // The second byte of a character may be ASCII; the sequence is decoded whole.
@@ -172,7 +198,9 @@ private:
             put(QByteArray("\\") + byte);
         else if (byte == '\t')
             putWord("\\tab");
-        else if (byte >= 0x20 && byte < 0x7F)
+        else if (byte == 0)
+            putText(" "); // as it is read in a text
+        else if (byte >= 0x20)
             putText(QByteArray(1, byte));
     }
 
@@ -228,6 +256,7 @@ private:
     std::vector<State> m_outer;
     QByteArray m_out;
     QByteArray m_encoded;
+    int m_toSkip = 0;         ///< characters that stand for a \u
     bool m_afterWord = false; ///< text needs a blank before it
     bool m_possible = true;
 };

@@ -269,6 +269,10 @@ TEST(RtfReader, ReadsObjectsWithWhatTheyShow)
               "text \"a\" (Arial 24)\n"
               "text \"shown\" (Arial 24 bold in={\\object\\objlink{\\*\\objdata\r\n01}{\\result)\n"
               "text \"b\" (Arial 24)\n");
+    // None is around cells.
+    const Document cells = readBody("{\\object{\\*\\objdata 01}{\\result{\\intbl a\\cell\\row}b}}");
+    EXPECT_EQ(utf8(cells.plainText()), "a\nb");
+    EXPECT_FALSE(describe(cells).contains(u"object"));
     const Document silent = readBody("{\\object\\objw300\\objh200{\\*\\objdata 0102}}");
     ASSERT_EQ(silent.operations.size(), 1U);
     const Picture &empty = *std::get<PictureRun>(silent.operations[0]).picture;
@@ -326,6 +330,9 @@ TEST(RtfReader, KeepsWhatIsNotShown)
          u"kept {\\*\\bkmkstart x}\ntext \"a\" (Arial 24)\nkept {\\*\\bkmkend x}\nend\n"_qs},
         {"{\\*\\future\\'e9\\uc2 \\u8364 ab{\\pict\\bin2 }}}}a",
          u"prologue {\\*\\future\\u233 ?\\uc2\\u8364 ab{\\pict 7d7d}}\ntext \"a\" (Arial 24)\n"_qs},
+        // What stands for a \u goes with it
+        {"{\\*\\future\\u8364\\'e9}\\chpgn a",
+         u"prologue {\\*\\future\\u8364 ?}\nkept {\\nosupersub\\chpgn}\ntext \"a\" (Arial 24)\n"_qs},
         {"x{\\*\\future\\bin2 }}}a", u"text \"xa\" (Arial 24)\n"_qs}, // data of no known kind
         {"{\\outl\\keepn x\\outl0 y\\par}",
          u"text \"x\" (Arial 24 kept=\\outl)\ntext \"y\" (Arial 24)\nend kept=\\keepn\n"_qs},
@@ -402,6 +409,10 @@ TEST(RtfReader, ReadsTables)
          "p\\cell\\row",
          u"table\no\nend\ntable\na\ncell\nb\ncell\nrow [right=100] [right=200]\ntable end\np\ncell\n"
          "row [right=900]\ntable end\n"_qs},
+        // Of the innermost table, whatever is said around its end
+        {"\\pard{\\intbl\\itap3 a\\nestcell}{\\*\\nesttableprops\\trowd\\cellx100\\nestrow}\\pard b",
+         u"table\ntable\ntable\na\ncell\nrow [right=100]\ntable end\ncell\nrow [right=1440]\ntable end\n"
+         "cell\nrow [right=1440]\ntable end\nb\n"_qs},
         // Ends that are missing
         {"\\trowd\\cellx900\\pard\\intbl a\\cell", u"table\na\ncell\nrow [right=1440]\ntable end\n"_qs},
         {"\\trowd\\cellx900\\pard\\intbl a\\par\\pard b",
