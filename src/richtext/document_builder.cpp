@@ -17,7 +17,7 @@ namespace {
 
 /// Many cells in one text table are laid out anew with each edit of one, and many columns wide:
 /// longer tables are cut into several, below each other.
-constexpr int kMaximumCellsInTable = 1'000;
+constexpr qsizetype kMaximumCellsInTable = 1'000;
 constexpr int kMaximumColumns = 2 * rtf::kMaximumCellsInRow;
 
 /// Fills a document, one operation after the other. Formats are converted once each.

@@ -73,7 +73,9 @@ private:
         while (frame && frame->parentFrame() && frame->parentFrame() != parent)
             frame = frame->parentFrame();
         auto *table = qobject_cast<QTextTable *>(frame);
-        const bool holdsAll = table && frame->parentFrame() == parent && m_from >= table->firstPosition() &&
+        if (!table)
+            return nullptr;
+        const bool holdsAll = table->parentFrame() == parent && m_from >= table->firstPosition() &&
                               m_to <= table->lastPosition();
         return holdsAll ? table : nullptr;
     }
