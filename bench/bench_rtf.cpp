@@ -7,10 +7,14 @@
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/writer.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
+#include <QFile>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <benchmark/benchmark.h>
+#include <memory>
 
 using namespace norvane;
 
@@ -38,6 +42,7 @@ class NoFiles final : public FileSystem
 {
 public:
     bool exists(const QString &) const override { return false; }
+    qint64 size(const QString &) const override { return 0; }
     QByteArray read(const QString &) const override { return {}; }
     void write(const QString &, const QByteArray &) override {}
     void makeFolder(const QString &) override {}
@@ -56,14 +61,51 @@ void loadDocument(benchmark::State &state)
 {
     const QByteArray rtf = generatedRtf(state.range(0));
     for ([[maybe_unused]] auto unused : state) {
-        QTextDocument document;
-        document.setUndoRedoEnabled(false);
-        QTextCursor cursor(&document);
+        auto document = std::make_unique<QTextDocument>();
+        document->setUndoRedoEnabled(false);
+        QTextCursor cursor(document.get());
         PictureStore pictures;
         buildDocument(*rtf::read(rtf), cursor, pictures, Extent::WholeDocument);
-        benchmark::DoNotOptimize(document.characterCount());
+        benchmark::DoNotOptimize(document->characterCount());
+        state.PauseTiming();
+        document.reset();
+        state.ResumeTiming();
     }
     state.SetBytesProcessed(state.iterations() * rtf.size());
+}
+
+/// A line of what the system says of this process, in MB.
+double statusInMegabytes(const QByteArray &line)
+{
+    QFile file(QStringLiteral("/proc/self/status"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &each : file.readAll().split('\n')) {
+        if (each.startsWith(line + ':'))
+            return each.simplified().split(' ').value(1).toDouble() / 1024;
+    }
+    return 0;
+}
+
+/// What a document takes while it is loaded and laid out, at most, and what it takes then.
+void memoryOfDocument(benchmark::State &state)
+{
+    const QByteArray rtf = generatedRtf(state.range(0));
+    NoFiles files;
+    for ([[maybe_unused]] auto unused : state) {
+        QFile reset(QStringLiteral("/proc/self/clear_refs"));
+        if (reset.open(QIODevice::WriteOnly))
+            reset.write("5"); // the most so far begins anew
+        reset.close();
+        const double before = statusInMegabytes("VmRSS");
+        RichTextBox box(files);
+        box.resize(340, 250);
+        box.setTextRTF(rtf);
+        const QTextDocument &document = *box.document();
+        benchmark::DoNotOptimize(document.documentLayout()->blockBoundingRect(document.lastBlock()));
+        state.counters["peak_MB"] = statusInMegabytes("VmHWM") - before;
+        state.counters["rest_MB"] = statusInMegabytes("VmRSS") - before;
+    }
 }
 
 void loadIntoBox(benchmark::State &state)
@@ -88,10 +130,11 @@ void saveDocument(benchmark::State &state)
         benchmark::DoNotOptimize(rtf::write(readDocument(document)));
 }
 
+BENCHMARK(memoryOfDocument)->Arg(10 << 20)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(readRtf)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMillisecond);
 BENCHMARK(loadDocument)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMillisecond);
 BENCHMARK(loadIntoBox)->Arg(1 << 20)->Unit(benchmark::kMillisecond);
-BENCHMARK(saveDocument)->Arg(1 << 20)->Unit(benchmark::kMillisecond);
+BENCHMARK(saveDocument)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

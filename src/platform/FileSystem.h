@@ -16,6 +16,8 @@ public:
 
     /// True for files and for folders.
     virtual bool exists(const QString &path) const = 0;
+    /// Bytes of a file. Raises 53 when it is not there, 75 when it is no file that can be read.
+    virtual qint64 size(const QString &path) const = 0;
     /// Raises 53 when the file is not there, 75 when it cannot be read.
     virtual QByteArray read(const QString &path) const = 0;
     /// Raises 76, 75 or 3026 (disk full); the old file is then as it was.

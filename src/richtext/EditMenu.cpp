@@ -21,7 +21,7 @@ EditMenu::EditMenu(QWidget *parent) : QMenu(QStringLiteral("MNU"), parent)
     addTexts(addSubMenu(insert, QStringLiteral("mnu_Insert_Time"), QStringLiteral("Cuurent &Time")),
              QStringLiteral("mnu_Insert_Time_Sub"));
     addSeparator(insert, QStringLiteral("mnu_Insert_Sep1"));
-    addItem(insert, QStringLiteral("mnu_insert_obj"), QStringLiteral("Insert &Object..."))->setEnabled(false);
+    addItem(insert, QStringLiteral("mnu_insert_obj"), QStringLiteral("Insert &Object..."));
 
     addSeparator(this, QStringLiteral("mnu_Sep_1"));
     addItem(this, QStringLiteral("mnu_Find"), QStringLiteral("F&ind"));

@@ -48,6 +48,7 @@ void NV_RTFEdit::connectBox()
     connect(m_box, &RichTextBox::KeyUp, this, &NV_RTFEdit::KeyUp);
     connect(m_box, &RichTextBox::Click, this, &NV_RTFEdit::boxClick);
     connect(m_box, &RichTextBox::DblClick, this, &NV_RTFEdit::DblClick);
+    connect(m_box, &RichTextBox::ObjectDblClick, this, &NV_RTFEdit::openLater);
     connect(m_box, &RichTextBox::MouseDown, this, &NV_RTFEdit::MouseDown);
     connect(m_box, &RichTextBox::MouseMove, this, &NV_RTFEdit::boxMouseMove);
     connect(m_box, &RichTextBox::MouseUp, this, &NV_RTFEdit::boxMouseUp);

@@ -176,6 +176,8 @@ private:
     void mnu_Paste();
     void replaceSelection(const QString &text);
     void align(int alignment);
+    void mnu_insert_obj();
+    void openLater(const std::shared_ptr<const rtf::EmbeddedObject> &object);
     void mnu_Find();
     void mnu_Font();
     void mnu_Print();

@@ -1,13 +1,13 @@
 #include "richtext/PictureStore.h"
 
 #include "richtext/format_conversion.h"
-#include "richtext/format_properties.h"
+#include "richtext/metafile_bitmap.h"
+#include "richtext/rtf/limits.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
 #include <QImageReader>
 #include <QPainter>
-#include <QUrl>
 #include <QtEndian>
 
 namespace norvane {
@@ -17,6 +17,7 @@ const QString kNamePrefix = QStringLiteral("picture:");
 const QString kDataPrefix = QStringLiteral("data:");
 constexpr QSize kEmptyFrameSize(48, 48);
 constexpr int kLargestFrame = 2048; ///< pixels: an empty frame need not be as large as it claims
+constexpr QColor kFrameColor(128, 128, 128);
 
 /// A device independent bitmap is a bitmap file without its file header.
 QByteArray bitmapFile(const QByteArray &dib)
@@ -43,30 +44,51 @@ QByteArray bitmapFile(const QByteArray &dib)
     return file + dib;
 }
 
-QImage decoded(const rtf::Picture &picture)
+/// Reads an image, but none that claims to be larger than anything that is shown.
+QImage readImage(const QByteArray &bytes, const char *format)
 {
-    QByteArray bytes = picture.bytes;
-    const char *format = nullptr;
-    switch (picture.kind) {
-    case rtf::PictureKind::Png:
-        format = "PNG";
-        break;
-    case rtf::PictureKind::Jpeg:
-        format = "JPEG";
-        break;
-    case rtf::PictureKind::Dib:
-        format = "BMP";
-        bytes = bitmapFile(bytes);
-        break;
-    case rtf::PictureKind::Wmf:
-    case rtf::PictureKind::Emf:
-    case rtf::PictureKind::Mac:
-        return {};
-    }
-    QBuffer buffer(&bytes);
+    QBuffer buffer;
+    buffer.setData(bytes);
     QImageReader reader(&buffer, format);
     reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (size.width() > rtf::kMaximumPictureSide || size.height() > rtf::kMaximumPictureSide)
+        return {};
     return reader.read();
+}
+
+QImage decoded(const rtf::Picture &picture)
+{
+    switch (picture.kind) {
+    case rtf::PictureKind::Png:
+        return readImage(picture.bytes, "PNG");
+    case rtf::PictureKind::Jpeg:
+        return readImage(picture.bytes, "JPEG");
+    case rtf::PictureKind::Dib:
+        return readImage(bitmapFile(picture.bytes), "BMP");
+    case rtf::PictureKind::Wmf:
+    case rtf::PictureKind::Emf:
+        return readImage(bitmapFile(bitmapOfMetafile(picture.bytes)), "BMP");
+    case rtf::PictureKind::Mac:
+        break;
+    }
+    return {};
+}
+
+/// What is left of an image when the picture's edges are cut away.
+QImage cropped(const QImage &image, const rtf::Picture &picture)
+{
+    const rtf::Sides<int> &crop = picture.crop;
+    if (image.isNull() || crop == rtf::Sides<int>())
+        return image;
+    const auto cut = [&](int pixels, int shown, rtf::Side before, rtf::Side behind) {
+        const double whole = qMax(1, shown + crop[before] + crop[behind]);
+        return std::pair(qRound(pixels * (crop[before] / whole)), qRound(pixels * (crop[behind] / whole)));
+    };
+    const auto [left, right] = cut(image.width(), picture.displayWidth, rtf::Side::Left, rtf::Side::Right);
+    const auto [top, bottom] = cut(image.height(), picture.displayHeight, rtf::Side::Top, rtf::Side::Bottom);
+    const QRect rest = image.rect().adjusted(left, top, -right, -bottom);
+    return rest.isEmpty() ? image : image.copy(rest);
 }
 
 QImage emptyFrame(QSize size)
@@ -75,8 +97,21 @@ QImage emptyFrame(QSize size)
                  QImage::Format_ARGB32_Premultiplied);
     frame.fill(Qt::transparent);
     QPainter painter(&frame);
-    painter.setPen(QColor(128, 128, 128));
+    painter.setPen(kFrameColor);
     painter.drawRect(frame.rect().adjusted(0, 0, -1, -1));
+    return frame;
+}
+
+/// An object without a picture: a frame that tells what it is.
+QImage objectFrame(const QString &className, QSize size)
+{
+    QImage frame = emptyFrame(size);
+    QPainter painter(&frame);
+    painter.setPen(kFrameColor);
+    QFont font = painter.font();
+    font.setPixelSize(qBound(8, frame.height() / 4, 13));
+    painter.setFont(font);
+    painter.drawText(frame.rect().adjusted(2, 2, -2, -2), Qt::AlignCenter | Qt::TextWordWrap, className);
     return frame;
 }
 
@@ -97,44 +132,53 @@ QByteArray bytesOfDataAddress(const QString &address)
                : QByteArray::fromPercentEncoding(data);
 }
 
+QString nameOf(const rtf::Picture &picture)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    hash.addData(picture.bytes);
+    const bool isCut = picture.crop != rtf::Sides<int>();
+    const auto add = [&hash](int value) { hash.addData(QByteArray::number(value) + ' '); };
+    add(int(picture.kind));
+    if (isCut || picture.bytes.isEmpty()) {
+        add(picture.displayWidth);
+        add(picture.displayHeight);
+    }
+    for (const rtf::Side side : rtf::kSides)
+        add(picture.crop[side]);
+    if (picture.object && picture.bytes.isEmpty())
+        hash.addData(picture.object->className.toUtf8());
+    return kNamePrefix + QString::fromLatin1(hash.result().toHex());
+}
+
 } // namespace
 
-QTextImageFormat PictureStore::add(const rtf::Picture &picture)
+QTextImageFormat PictureStore::add(rtf::Picture picture)
 {
-    const QByteArray hash = QCryptographicHash::hash(picture.bytes, QCryptographicHash::Sha1);
-    const QString name = kNamePrefix + QString::fromLatin1(hash.toHex());
+    return add(std::make_shared<const rtf::Picture>(std::move(picture)));
+}
+
+QTextImageFormat PictureStore::add(const PicturePointer &picture)
+{
+    const QString name = nameOf(*picture);
     m_pictures.insert(name, picture);
 
     QTextImageFormat format;
     format.setName(name);
-    if (picture.displayWidth > 0)
-        format.setWidth(picture.displayWidth / twipsPerPixel());
-    if (picture.displayHeight > 0)
-        format.setHeight(picture.displayHeight / twipsPerPixel());
-    format.setProperty(kPictureBytesProperty, picture.bytes);
-    format.setProperty(kPictureKindProperty, int(picture.kind));
-    format.setProperty(kPictureMapModeProperty, picture.mapMode);
-    format.setProperty(kPictureWidthProperty, picture.width);
-    format.setProperty(kPictureHeightProperty, picture.height);
-    if (!picture.original.isEmpty())
-        format.setProperty(kPictureOriginalProperty, picture.original);
+    if (picture->displayWidth > 0)
+        format.setWidth(picture->displayWidth / twipsPerPixel());
+    if (picture->displayHeight > 0)
+        format.setHeight(picture->displayHeight / twipsPerPixel());
+    format.setProperty(kPictureProperty, QVariant::fromValue(picture));
     return format;
 }
 
 std::optional<rtf::Picture> PictureStore::pictureOf(const QTextImageFormat &format)
 {
     std::optional<rtf::Picture> picture;
-    if (format.hasProperty(kPictureBytesProperty)) {
-        picture.emplace();
-        picture->bytes = format.property(kPictureBytesProperty).toByteArray();
-        picture->kind = rtf::PictureKind(format.intProperty(kPictureKindProperty));
-        picture->mapMode = format.intProperty(kPictureMapModeProperty);
-        picture->width = format.intProperty(kPictureWidthProperty);
-        picture->height = format.intProperty(kPictureHeightProperty);
-        picture->original = format.property(kPictureOriginalProperty).toByteArray();
-    } else if (format.name().startsWith(kDataPrefix)) {
+    if (const auto known = format.property(kPictureProperty).value<PicturePointer>())
+        picture = *known;
+    else if (format.name().startsWith(kDataPrefix))
         picture = pictureFromBytes(bytesOfDataAddress(format.name()));
-    }
     if (picture) {
         picture->displayWidth = qRound(format.width() * twipsPerPixel());
         picture->displayHeight = qRound(format.height() * twipsPerPixel());
@@ -142,15 +186,24 @@ std::optional<rtf::Picture> PictureStore::pictureOf(const QTextImageFormat &form
     return picture;
 }
 
+std::shared_ptr<const rtf::EmbeddedObject> PictureStore::objectOf(const QTextCharFormat &format)
+{
+    const auto picture = format.property(kPictureProperty).value<PicturePointer>();
+    return format.isImageFormat() && picture ? picture->object : nullptr;
+}
+
 QImage PictureStore::image(const QString &name) const
 {
     const auto known = m_pictures.constFind(name);
     if (known != m_pictures.constEnd()) {
-        const QImage image = decoded(*known);
-        return image.isNull() ? emptyFrame(displaySize(*known)) : image;
+        const QImage image = cropped(decoded(**known), **known);
+        if (!image.isNull())
+            return image;
+        return (*known)->object ? objectFrame((*known)->object->className, displaySize(**known))
+                                : emptyFrame(displaySize(**known));
     }
     if (name.startsWith(kDataPrefix)) {
-        const QImage image = QImage::fromData(bytesOfDataAddress(name));
+        const QImage image = readImage(bytesOfDataAddress(name), nullptr);
         if (!image.isNull())
             return image;
     }

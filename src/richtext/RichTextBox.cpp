@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/errors.h"
+#include "richtext/SmoothPictures.h"
 #include "richtext/document_builder.h"
 #include "richtext/document_reader.h"
 #include "richtext/format_conversion.h"
@@ -10,7 +11,6 @@
 #include "richtext/plain_text_file.h"
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/writer.h"
-#include "richtext/text_positions.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
@@ -50,6 +50,7 @@ RichTextBox::RichTextBox(FileSystem &files, QWidget *parent) : QTextEdit(parent)
     viewport()->setMouseTracking(true);
     setFont(standardFont());
     setMousePointer(0);
+    SmoothPictures::takeOver(*document()->documentLayout());
 
     connect(document(), &QTextDocument::contentsChanged, this, [this] {
         m_plainText.reset();
@@ -161,8 +162,8 @@ void RichTextBox::SaveFile(const QString &name, int format) const
 
 QString RichTextBox::SelText() const
 {
-    const QTextCursor cursor = textCursor();
-    return textBetween(*document(), cursor.selectionStart(), cursor.selectionEnd());
+    const Range selected = selectedRange(textCursor());
+    return textBetween(*document(), selected.from, selected.to);
 }
 
 void RichTextBox::setSelText(const QString &text)

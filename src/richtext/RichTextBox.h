@@ -2,9 +2,11 @@
 
 #include "platform/FileSystem.h"
 #include "platform/WindowHandle.h"
+#include "richtext/ParagraphPainter.h"
 #include "richtext/PictureStore.h"
 #include "richtext/links/word_checks.h"
 #include "richtext/selection_format.h"
+#include "richtext/text_positions.h"
 
 #include <QTextEdit>
 #include <functional>
@@ -122,6 +124,17 @@ public:
     /// edit in all; what already looks so is no edit.
     void applyLinkLook(const QVector<links::Span> &spans);
 
+    /// How much pictures and objects of a text may take together, in bytes, for an object to go in.
+    static constexpr qint64 kLargestEmbedded = qint64(64) << 20;
+    qint64 embeddedBytes() const;
+    /// Puts an embedded object in place of the selection, the caret behind it. Raises 5 when the
+    /// picture shows no object, or the text has no room for it.
+    void addOleObject(const rtf::Picture &picture);
+    /// The object that is shown at a point of the viewport; nullptr if there is none.
+    std::shared_ptr<const rtf::EmbeddedObject> objectAt(const QPoint &point) const;
+    /// The object that is all of the selection; nullptr if there is none.
+    std::shared_ptr<const rtf::EmbeddedObject> selectedObject() const;
+
     /// Whether the user may change the selection: the text is not locked, nothing in it protected.
     bool mayChangeSelection() const;
     bool CanUndo() const { return !isReadOnly() && document()->isUndoAvailable(); }
@@ -162,6 +175,8 @@ signals:
     void SelChange();
     void Click();
     void DblClick();
+    /// After DblClick, where it was on an object; never nullptr.
+    void ObjectDblClick(const std::shared_ptr<const norvane::rtf::EmbeddedObject> &object);
     void MouseDown(int Button, int Shift, double X, double Y);
     void MouseMove(int Button, int Shift, double X, double Y);
     void MouseUp(int Button, int Shift, double X, double Y);
@@ -178,6 +193,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
     QVariant loadResource(int type, const QUrl &name) override;
@@ -190,12 +206,6 @@ private:
     using MouseSignal = void (RichTextBox::*)(int, int, double, double);
     using ParagraphChange = std::function<void(rtf::ParagraphFormat &)>;
 
-    /// A stretch of the document, in its positions.
-    struct Range
-    {
-        int from = 0;
-        int to = 0;
-    };
     /// The format of a selection, as long as it stays the same.
     struct KnownFormat
     {
@@ -223,6 +233,7 @@ private:
 
     FileSystem &m_files;
     PictureStore m_pictures;
+    ParagraphPainter m_paragraphPainter;
     quint32 m_backColor = kSystemWindowColor;
     int m_mousePointer = 0;
     int m_bulletIndent = 360;

@@ -198,6 +198,8 @@ void NV_RTFEdit::menuClick(const QString &name)
         mnu_Paste();
     else if (name == u"mnu_Del")
         replaceSelection({});
+    else if (name == u"mnu_insert_obj")
+        askLater(&NV_RTFEdit::mnu_insert_obj);
     else if (name == u"mnu_Find")
         askLater(&NV_RTFEdit::mnu_Find);
     else if (name == u"mnu_Font")

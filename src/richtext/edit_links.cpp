@@ -120,6 +120,8 @@ void NV_RTFEdit::boxKeyDown(int code, int shift)
     // With the Ctrl key down a link can be clicked into; the next move brings the hand back.
     if (shift == kControl && m_box->MousePointer() == kHand)
         m_box->setMousePointer(kDefaultPointer);
+    if (code == kEnter && shift == kControl)
+        openLater(m_box->selectedObject());
     emit KeyDown(code, shift);
 }
 

@@ -2,6 +2,7 @@
 
 #include "richtext/PictureStore.h"
 #include "richtext/document_reader.h"
+#include "richtext/format_conversion.h"
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/writer.h"
 #include "richtext/text_positions.h"
@@ -44,8 +45,7 @@ QString htmlOf(const QTextCursor &selection)
 std::unique_ptr<QMimeData> mimeDataOf(const QTextCursor &selection)
 {
     auto data = std::make_unique<QMimeData>();
-    const int from = selection.selectionStart();
-    const int to = selection.selectionEnd();
+    const auto [from, to] = selectedRange(selection);
     const QByteArray rtf = rtf::write(readDocument(*selection.document(), from, to, false));
     data->setData(kRtfTypes[0], rtf);
     data->setData(kRtfTypes[1], rtf);
@@ -89,7 +89,13 @@ std::optional<rtf::Picture> pictureOf(const QMimeData &source)
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
-    return pictureFromBytes(png);
+    std::optional<rtf::Picture> picture = pictureFromBytes(png);
+    // Of a screen on which a pixel of ours is several of its own, it is to look as large as there.
+    if (const double ratio = image.devicePixelRatio(); picture && ratio > 1) {
+        picture->displayWidth = qRound(image.width() / ratio * twipsPerPixel());
+        picture->displayHeight = qRound(image.height() / ratio * twipsPerPixel());
+    }
+    return picture;
 }
 
 bool canInsertMimeData(const QMimeData &source)

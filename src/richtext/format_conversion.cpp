@@ -14,9 +14,13 @@
 namespace norvane {
 namespace {
 
-/// Room that a bullet needs at the left of its text, in twips.
-constexpr int kBulletRoom = 300;
+/// Room that a mark needs at least before its text, in twips.
+constexpr int kMarkRoom = 300;
 constexpr double kHiddenPoints = 0.5;
+/// What a step of QTextBlockFormat::indent() is.
+constexpr double kIndentPixels = 40;
+/// Percent of a line that a raise by the size of the font is.
+constexpr double kLineHeightShare = 85;
 
 QTextCharFormat::UnderlineStyle underlineStyle(rtf::Underline underline)
 {
@@ -163,6 +167,38 @@ void readLineSpacing(const QTextBlockFormat &block, rtf::ParagraphFormat &format
     }
 }
 
+/// The mark of a list out of HTML.
+rtf::ListItem itemOf(const QTextListFormat &list)
+{
+    rtf::ListLevel level;
+    switch (list.style()) {
+    case QTextListFormat::ListDecimal:
+        level.style = rtf::kArabic;
+        break;
+    case QTextListFormat::ListLowerAlpha:
+        level.style = rtf::kLowerLetters;
+        break;
+    case QTextListFormat::ListUpperAlpha:
+        level.style = rtf::kUpperLetters;
+        break;
+    case QTextListFormat::ListLowerRoman:
+        level.style = rtf::kLowerRoman;
+        break;
+    case QTextListFormat::ListUpperRoman:
+        level.style = rtf::kUpperRoman;
+        break;
+    default:
+        return rtf::ListItem::bullet();
+    }
+    const bool hasSuffix = list.hasProperty(QTextFormat::ListNumberSuffix);
+    level.text = list.numberPrefix() + QChar(1) + (hasSuffix ? list.numberSuffix() : u"."_qs);
+    if (list.hasProperty(kListStartProperty))
+        level.start = list.intProperty(kListStartProperty);
+    rtf::List made;
+    made.levels.push_back(level);
+    return {std::make_shared<const rtf::List>(std::move(made)), 0};
+}
+
 } // namespace
 
 double twipsPerPixel()
@@ -172,10 +208,20 @@ double twipsPerPixel()
                   : Twips().perPixelX();
 }
 
+int firstLineRoom(int firstIndent)
+{
+    return qMax(-firstIndent, kMarkRoom);
+}
+
+bool isShownByOthers(const QString &font, bool isSymbol)
+{
+    return isSymbol && font.compare(u"Symbol", Qt::CaseInsensitive) == 0;
+}
+
 QTextCharFormat textFormat(const rtf::CharacterFormat &format)
 {
     QTextCharFormat text;
-    if (!format.font.isEmpty())
+    if (!format.font.isEmpty() && !isShownByOthers(format.font, format.symbol))
         text.setFontFamilies({format.font});
     text.setFontPointSize(format.halfPoints / 2.0);
     if (format.bold)
@@ -205,10 +251,30 @@ QTextCharFormat textFormat(const rtf::CharacterFormat &format)
     }
     if (format.background)
         text.setBackground(QColor(QRgb(*format.background)));
+    if (format.underlineColor)
+        text.setUnderlineColor(QColor(QRgb(*format.underlineColor)));
+    if (format.raise != 0) {
+        text.setProperty(kRaiseProperty, format.raise);
+        text.setBaselineOffset(kLineHeightShare * format.raise / format.halfPoints);
+    }
+    if (format.spacing != 0) {
+        text.setFontLetterSpacingType(QFont::AbsoluteSpacing);
+        text.setFontLetterSpacing(format.spacing / twipsPerPixel());
+    }
+    if (format.language != 0)
+        text.setProperty(kLanguageProperty, format.language);
+    if (!format.kept.isEmpty())
+        text.setProperty(kKeptWordsProperty, format.kept);
+    if (!format.link.isEmpty()) {
+        text.setAnchor(true);
+        text.setAnchorHref(format.link);
+        if (!format.linkTip.isEmpty())
+            text.setToolTip(format.linkTip);
+    }
     if (format.isProtected)
         text.setProperty(kProtectedProperty, true);
     if (format.symbol)
-        text.setProperty(kSymbolProperty, true);
+        text.setProperty(kSymbolProperty, format.font);
     if (format.hidden) {
         text.setProperty(kHiddenProperty, true);
         text.setProperty(kHiddenSizeProperty, format.halfPoints / 2.0);
@@ -219,6 +285,9 @@ QTextCharFormat textFormat(const rtf::CharacterFormat &format)
 
 QString fontFamilyOf(const QTextCharFormat &format, const QFont &base)
 {
+    const QString symbolFont = format.stringProperty(kSymbolProperty);
+    if (!symbolFont.isEmpty())
+        return symbolFont;
     const QStringList families = format.fontFamilies().toStringList();
     return families.isEmpty() || families.first().isEmpty() ? base.family() : families.first();
 }
@@ -248,6 +317,8 @@ std::optional<quint32> colorOf(const QTextCharFormat &format)
 
 rtf::CharacterFormat characterFormat(const QTextCharFormat &format, const QFont &base)
 {
+    // What is typed into an empty cell of a table takes over the cell's format.
+    const bool isOfCell = format.hasProperty(kCellProperty);
     rtf::CharacterFormat character;
     character.font = fontFamilyOf(format, base);
     character.halfPoints = qMax(1, qRound(pointSizeOf(format, base) * 2));
@@ -255,7 +326,9 @@ rtf::CharacterFormat characterFormat(const QTextCharFormat &format, const QFont 
     character.italic = format.fontItalic();
     character.strikeOut = format.fontStrikeOut();
     character.underline = underlineOf(format);
-    if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript)
+    if (isOfCell)
+        character.script = rtf::Script::Normal;
+    else if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript)
         character.script = rtf::Script::Superscript;
     else if (format.verticalAlignment() == QTextCharFormat::AlignSubScript)
         character.script = rtf::Script::Subscript;
@@ -264,10 +337,22 @@ rtf::CharacterFormat characterFormat(const QTextCharFormat &format, const QFont 
     else if (format.fontCapitalization() == QFont::SmallCaps)
         character.capitals = rtf::Capitals::Small;
     character.color = colorOf(format);
-    if (format.background().style() != Qt::NoBrush && format.background().color().alpha() != 0)
+    if (!isOfCell && format.background().style() != Qt::NoBrush && format.background().color().alpha() != 0)
         character.background = format.background().color().rgb() & 0xFFFFFF;
+    if (format.hasProperty(QTextFormat::TextUnderlineColor))
+        character.underlineColor = format.underlineColor().rgb() & 0xFFFFFF;
+    character.raise = format.intProperty(kRaiseProperty);
+    if (format.fontLetterSpacingType() == QFont::AbsoluteSpacing)
+        character.spacing = qRound(format.fontLetterSpacing() * twipsPerPixel());
+    character.language = format.intProperty(kLanguageProperty);
+    character.kept = format.property(kKeptWordsProperty).toByteArray();
+    if (format.isAnchor()) {
+        character.link = format.anchorHref();
+        if (!character.link.isEmpty())
+            character.linkTip = format.toolTip();
+    }
     character.isProtected = format.boolProperty(kProtectedProperty);
-    character.symbol = format.boolProperty(kSymbolProperty);
+    character.symbol = !format.stringProperty(kSymbolProperty).isEmpty();
     character.hidden = format.boolProperty(kHiddenProperty);
     return character;
 }
@@ -276,17 +361,18 @@ QTextBlockFormat blockFormat(const rtf::ParagraphFormat &format)
 {
     const double pixel = twipsPerPixel();
     QTextBlockFormat block;
-    if (format.bullet) {
-        // A bullet is drawn in the margin before its text: the text begins at the left indent.
-        block.setLeftMargin(qMax(format.leftIndent, kBulletRoom) / pixel);
-        block.setProperty(kLeftIndentProperty, format.leftIndent);
+    int firstIndent = format.firstIndent;
+    if (const rtf::ListLevel *level = format.item.format()) {
+        // The mark stands where the first line begins, its text as far as the mark needs it.
+        block.setProperty(kListItemProperty, QVariant::fromValue(format.item));
         block.setProperty(kFirstIndentProperty, format.firstIndent);
-    } else {
-        if (format.leftIndent != 0)
-            block.setLeftMargin(format.leftIndent / pixel);
-        if (format.firstIndent != 0)
-            block.setTextIndent(format.firstIndent / pixel);
+        if (!level->text.isEmpty())
+            firstIndent = firstLineRoom(format.firstIndent) + format.firstIndent;
     }
+    if (format.leftIndent != 0)
+        block.setLeftMargin(format.leftIndent / pixel);
+    if (firstIndent != 0)
+        block.setTextIndent(firstIndent / pixel);
     if (format.rightIndent != 0)
         block.setRightMargin(format.rightIndent / pixel);
     if (format.spaceBefore != 0)
@@ -297,6 +383,12 @@ QTextBlockFormat blockFormat(const rtf::ParagraphFormat &format)
         block.setLayoutDirection(Qt::RightToLeft);
     if (format.pageBreakBefore)
         block.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    if (format.background)
+        block.setBackground(QColor(QRgb(*format.background)));
+    if (format.borders != rtf::Borders())
+        block.setProperty(kBordersProperty, QVariant::fromValue(format.borders));
+    if (!format.kept.isEmpty())
+        block.setProperty(kKeptWordsProperty, format.kept);
     setAlignment(block, format);
     setLineSpacing(block, format);
     if (!format.tabs.isEmpty()) {
@@ -313,18 +405,21 @@ rtf::ParagraphFormat paragraphFormat(const QTextBlock &textBlock)
     const double pixel = twipsPerPixel();
     const QTextBlockFormat block = textBlock.blockFormat();
     rtf::ParagraphFormat format;
-    format.bullet = textBlock.textList() != nullptr;
-    if (format.bullet && block.hasProperty(kLeftIndentProperty)) {
-        format.leftIndent = block.intProperty(kLeftIndentProperty);
+    format.leftIndent = qRound((block.leftMargin() + block.indent() * kIndentPixels) * pixel);
+    format.firstIndent = qRound(block.textIndent() * pixel);
+    if (block.hasProperty(kListItemProperty)) {
+        format.item = block.property(kListItemProperty).value<rtf::ListItem>();
         format.firstIndent = block.intProperty(kFirstIndentProperty);
-    } else if (format.bullet) { // a list out of HTML: its indent counts levels
-        const int level = qMax(1, textBlock.textList()->format().indent() + block.indent());
+    } else if (const QTextList *list = textBlock.textList()) { // out of HTML: its indent counts levels
+        const int level = qMax(1, list->format().indent() + block.indent());
+        format.item = itemOf(list->format());
         format.leftIndent = level * kDefaultBulletIndent;
         format.firstIndent = -kDefaultBulletIndent;
-    } else {
-        format.leftIndent = qRound((block.leftMargin() + block.indent() * 40) * pixel);
-        format.firstIndent = qRound(block.textIndent() * pixel);
     }
+    if (block.background().style() != Qt::NoBrush)
+        format.background = block.background().color().rgb() & 0xFFFFFF;
+    format.borders = block.property(kBordersProperty).value<rtf::Borders>();
+    format.kept = block.property(kKeptWordsProperty).toByteArray();
     format.rightIndent = qRound(block.rightMargin() * pixel);
     format.spaceBefore = qRound(block.topMargin() * pixel);
     format.spaceAfter = qRound(block.bottomMargin() * pixel);
@@ -339,30 +434,12 @@ rtf::ParagraphFormat paragraphFormat(const QTextBlock &textBlock)
     return format;
 }
 
-QTextListFormat bulletListFormat()
-{
-    QTextListFormat list;
-    list.setStyle(QTextListFormat::ListDisc);
-    list.setIndent(0);
-    return list;
-}
-
 void applyParagraphFormat(const QTextBlock &block, const rtf::ParagraphFormat &format)
 {
-    QTextCursor cursor(block);
-    cursor.beginEditBlock();
     QTextBlockFormat text = blockFormat(format);
-    if (format.bullet) {
-        QTextList *list = block.textList() ? block.textList() : block.previous().textList();
-        if (list)
-            text.setObjectIndex(list->objectIndex());
-        cursor.setBlockFormat(text);
-        if (!list)
-            cursor.createList(bulletListFormat());
-    } else {
-        cursor.setBlockFormat(text);
-    }
-    cursor.endEditBlock();
+    if (const QVariant kept = block.blockFormat().property(kKeptPieceProperty); kept.isValid())
+        text.setProperty(kKeptPieceProperty, kept);
+    QTextCursor(block).setBlockFormat(text);
 }
 
 } // namespace norvane

@@ -5,6 +5,7 @@
 #include "richtext/edit_mime_data.h"
 #include "richtext/format_conversion.h"
 #include "richtext/format_properties.h"
+#include "richtext/html_document.h"
 #include "richtext/rtf/read.h"
 #include "richtext/virtual_keys.h"
 
@@ -16,8 +17,8 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QTextBlock>
-#include <QTextDocumentFragment>
 
 namespace norvane {
 
@@ -110,8 +111,8 @@ bool RichTextBox::isProtected(int from, int to) const
 
 bool RichTextBox::mayChangeSelection() const
 {
-    const QTextCursor cursor = textCursor();
-    return !isReadOnly() && !isProtected(cursor.selectionStart(), cursor.selectionEnd());
+    const Range selected = selectedRange(textCursor());
+    return !isReadOnly() && !isProtected(selected.from, selected.to);
 }
 
 bool RichTextBox::wouldChangeProtected(const QKeyEvent &event) const
@@ -134,7 +135,8 @@ bool RichTextBox::wouldChangeProtected(const QKeyEvent &event) const
                        event.matches(QKeySequence::Cut) || event.matches(QKeySequence::Paste) ||
                        event.matches(QKeySequence::DeleteEndOfLine) ||
                        (!event.text().isEmpty() && event.text().at(0).isPrint()) || event.text() == u"\t";
-    return edits && isProtected(cursor.selectionStart(), cursor.selectionEnd());
+    const Range selected = selectedRange(cursor);
+    return edits && isProtected(selected.from, selected.to);
 }
 
 void RichTextBox::emitMouse(MouseSignal signal, int button, const QMouseEvent &from)
@@ -188,9 +190,14 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
 
 void RichTextBox::mouseDoubleClickEvent(QMouseEvent *event)
 {
+    const std::shared_ptr<const rtf::EmbeddedObject> object = objectAt(event->position().toPoint());
     QTextEdit::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton)
-        emit DblClick();
+    if (event->button() != Qt::LeftButton)
+        return;
+    const QPointer<RichTextBox> self(this);
+    emit DblClick();
+    if (object && self)
+        emit ObjectDblClick(object);
 }
 
 void RichTextBox::contextMenuEvent(QContextMenuEvent *event)
@@ -242,7 +249,8 @@ void RichTextBox::insertFromMimeData(const QMimeData *source)
     if (document) {
         buildDocument(*document, cursor, m_pictures, Extent::Piece);
     } else if (source->hasHtml() && !(source->hasImage() && isPictureAlone(source->html()))) {
-        cursor.insertFragment(QTextDocumentFragment::fromHtml(source->html(), this->document()));
+        buildDocument(documentOfHtml(source->html(), Font(), viewport()->width()), cursor, m_pictures,
+                      Extent::Piece);
     } else if (const std::optional<rtf::Picture> picture = pictureOf(*source)) {
         cursor.insertImage(m_pictures.add(*picture));
     } else if (source->hasText()) {

@@ -4,7 +4,6 @@
 #include "richtext/format_conversion.h"
 #include "richtext/format_properties.h"
 #include "richtext/paper_colors.h"
-#include "richtext/text_positions.h"
 
 #include <QTextBlock>
 #include <QVector>
@@ -66,7 +65,7 @@ void RichTextBox::changeCharacters(const CharacterChange &change)
         return;
     }
 
-    changeCharacters({{cursor.selectionStart(), cursor.selectionEnd()}}, change);
+    changeCharacters(selectedRanges(cursor), change);
 }
 
 void RichTextBox::changeCharacters(const QVector<Range> &ranges, const CharacterChange &change)
@@ -156,16 +155,17 @@ void RichTextBox::changeParagraphs(const ParagraphChange &change)
 {
     m_selectionFormat.reset();
     QTextCursor edit = textCursor();
-    const int from = edit.selectionStart();
-    const int to = edit.selectionEnd();
+    const QVector<Range> ranges = selectedRanges(edit);
     edit.beginEditBlock();
-    QTextBlock block = document()->findBlock(from);
-    do {
-        rtf::ParagraphFormat format = paragraphFormat(block);
-        change(format);
-        applyParagraphFormat(block, format);
-        block = block.next();
-    } while (block.isValid() && block.position() < to);
+    for (const Range &range : ranges) {
+        QTextBlock block = document()->findBlock(range.from);
+        do {
+            rtf::ParagraphFormat format = paragraphFormat(block);
+            change(format);
+            applyParagraphFormat(block, format);
+            block = block.next();
+        } while (block.isValid() && block.position() < range.to);
+    }
     edit.endEditBlock();
     m_selectionFormat.reset();
 }
@@ -213,14 +213,15 @@ void RichTextBox::setSelBullet(bool on)
 {
     changeParagraphs([on, indent = m_bulletIndent](rtf::ParagraphFormat &format) {
         const bool standard = format.leftIndent == indent && format.firstIndent == -indent;
-        if (on && !format.bullet && format.leftIndent == 0 && format.firstIndent == 0) {
+        if (on && !format.item.list && format.leftIndent == 0 && format.firstIndent == 0) {
             format.leftIndent = indent;
             format.firstIndent = -indent;
-        } else if (!on && format.bullet && standard) {
+        } else if (!on && format.isBullet() && standard) {
             format.leftIndent = 0;
             format.firstIndent = 0;
         }
-        format.bullet = on;
+        if (on != format.isBullet())
+            format.setBullet(on);
     });
 }
 
@@ -257,7 +258,10 @@ std::optional<QString> RichTextBox::SelFontName() const
 
 void RichTextBox::setSelFontName(const QString &name)
 {
-    changeCharacters([&name](QTextCharFormat &format) { format.setFontFamilies({name}); });
+    changeCharacters([&name](QTextCharFormat &format) {
+        format.setFontFamilies({name});
+        format.clearProperty(kSymbolProperty); // signs are characters that any font may have
+    });
 }
 
 std::optional<double> RichTextBox::SelFontSize() const

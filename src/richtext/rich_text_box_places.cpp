@@ -4,7 +4,6 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/errors.h"
-#include "richtext/text_positions.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPagedPaintDevice>
@@ -41,7 +40,7 @@ bool isOnLine(const QTextBlock &block, int position, const QPointF &point)
 
 int RichTextBox::SelStart() const
 {
-    return textPosition(*document(), textCursor().selectionStart());
+    return textPosition(*document(), selectedRange(textCursor()).from);
 }
 
 void RichTextBox::setSelStart(int position)
@@ -55,7 +54,7 @@ void RichTextBox::setSelStart(int position)
 
 int RichTextBox::SelLength() const
 {
-    return textPosition(*document(), textCursor().selectionEnd()) - SelStart();
+    return textPosition(*document(), selectedRange(textCursor()).to) - SelStart();
 }
 
 void RichTextBox::setSelLength(int length)

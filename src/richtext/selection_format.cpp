@@ -2,6 +2,7 @@
 
 #include "richtext/format_conversion.h"
 #include "richtext/format_properties.h"
+#include "richtext/text_positions.h"
 
 #include <QTextDocument>
 
@@ -91,8 +92,6 @@ SelectionFormat selectionFormatOf(const QTextCursor &selection, const QTextCharF
 {
     const QTextDocument &document = *selection.document();
     const QFont base = document.defaultFont();
-    const int from = selection.selectionStart();
-    const int to = selection.selectionEnd();
 
     CommonCharacters characters;
     Common<int> alignment;
@@ -100,25 +99,27 @@ SelectionFormat selectionFormatOf(const QTextCursor &selection, const QTextCharF
     Common<int> tabCount;
     Common<bool> bullet;
     bool anyText = false;
-    // A selection that ends at the start of a paragraph does not touch that paragraph.
-    QTextBlock block = document.findBlock(from);
-    do {
-        const rtf::ParagraphFormat paragraph = paragraphFormat(block);
-        alignment.add(alignmentNumber(paragraph));
-        rightIndent.add(paragraph.rightIndent);
-        tabCount.add(int(paragraph.tabs.size()));
-        bullet.add(paragraph.bullet);
-        for (auto part = block.begin(); !part.atEnd() && from < to; ++part) {
-            const QTextFragment fragment = part.fragment();
-            if (fragment.position() >= to)
-                break;
-            if (fragment.position() + fragment.length() > from) {
-                characters.add(fragment.charFormat(), base);
-                anyText = true;
+    for (const auto &[from, to] : selectedRanges(selection)) {
+        // A selection that ends at the start of a paragraph does not touch that paragraph.
+        QTextBlock block = document.findBlock(from);
+        do {
+            const rtf::ParagraphFormat paragraph = paragraphFormat(block);
+            alignment.add(alignmentNumber(paragraph));
+            rightIndent.add(paragraph.rightIndent);
+            tabCount.add(int(paragraph.tabs.size()));
+            bullet.add(paragraph.isBullet());
+            for (auto part = block.begin(); !part.atEnd() && from < to; ++part) {
+                const QTextFragment fragment = part.fragment();
+                if (fragment.position() >= to)
+                    break;
+                if (fragment.position() + fragment.length() > from) {
+                    characters.add(fragment.charFormat(), base);
+                    anyText = true;
+                }
             }
-        }
-        block = block.next();
-    } while (block.isValid() && block.position() < to);
+            block = block.next();
+        } while (block.isValid() && block.position() < to);
+    }
     if (!anyText)
         characters.add(insertion, base);
 

@@ -1,7 +1,7 @@
 #include "richtext/text_positions.h"
 
 #include <QTextBlock>
-#include <QTextCursor>
+#include <QTextTable>
 
 namespace norvane {
 namespace {
@@ -26,21 +26,18 @@ QTextBlock blockAt(const QTextDocument &document, int textPosition)
     return document.findBlockByNumber(low);
 }
 
-/// What a text has in place of a character of the document; empty: that character.
-QStringView inText(QChar character)
+/// Appends a part of a block's text as a text has it.
+void appendText(QString &text, QStringView part)
 {
-    switch (character.unicode()) {
-    case QChar::ParagraphSeparator:
-    case 0xFDD0: // begin and end of a frame: paragraph ends for a reader
-    case 0xFDD1:
-        return u"\r\n";
-    case QChar::LineSeparator:
-        return u"\v";
-    case QChar::ObjectReplacementCharacter:
-        return u" ";
-    default:
-        return {};
+    qsizetype taken = 0;
+    for (qsizetype i = 0; i < part.size(); ++i) {
+        const QChar character = part.at(i);
+        if (character != QChar::LineSeparator && character != QChar::ObjectReplacementCharacter)
+            continue;
+        text.append(part.mid(taken, i - taken)).append(character == QChar::LineSeparator ? u'\v' : u' ');
+        taken = i + 1;
     }
+    text.append(part.mid(taken));
 }
 
 } // namespace
@@ -62,24 +59,48 @@ int textPosition(const QTextDocument &document, int documentPosition)
 
 QString textBetween(const QTextDocument &document, int from, int to)
 {
-    QTextCursor cursor(const_cast<QTextDocument *>(&document)); // a cursor that only reads
-    cursor.setPosition(from);
-    cursor.setPosition(to, QTextCursor::KeepAnchor);
-    const QString raw = cursor.selectedText();
-
+    // Block by block: a cursor would take cells of tables whole.
     QString text;
-    text.reserve(raw.size() + raw.size() / 32);
-    qsizetype taken = 0;
-    for (qsizetype i = 0; i < raw.size(); ++i) {
-        if (raw.at(i) < QChar(QChar::LineSeparator))
-            continue;
-        const QStringView stands = inText(raw.at(i));
-        if (stands.isEmpty())
-            continue;
-        text.append(QStringView(raw).mid(taken, i - taken)).append(stands);
-        taken = i + 1;
+    text.reserve(qMax(0, to - from) + (to - from) / 32);
+    for (QTextBlock block = document.findBlock(from); block.isValid(); block = block.next()) {
+        const int begin = qMax(from, block.position());
+        const int end = block.position() + block.length() - 1;
+        if (begin < qMin(end, to))
+            appendText(text, QStringView(block.text()).mid(begin - block.position(), qMin(end, to) - begin));
+        if (to <= end)
+            break;
+        if (from <= end)
+            text.append(u"\r\n");
     }
-    return text.append(QStringView(raw).mid(taken));
+    return text;
+}
+
+QVector<Range> selectedRanges(const QTextCursor &cursor)
+{
+    const QTextTable *table = cursor.hasComplexSelection() ? cursor.currentTable() : nullptr;
+    if (!table)
+        return {{cursor.selectionStart(), cursor.selectionEnd()}};
+    int row = 0;
+    int rows = 0;
+    int column = 0;
+    int columns = 0;
+    cursor.selectedTableCells(&row, &rows, &column, &columns);
+    QVector<Range> ranges;
+    for (int line = row; line < row + rows; ++line) {
+        for (int place = column; place < column + columns;) {
+            const QTextTableCell cell = table->cellAt(line, place);
+            if (cell.row() == line)
+                ranges.append({cell.firstPosition(), cell.lastPosition()});
+            place = qMax(place + 1, cell.column() + cell.columnSpan());
+        }
+    }
+    return ranges;
+}
+
+Range selectedRange(const QTextCursor &cursor)
+{
+    const QVector<Range> ranges = selectedRanges(cursor);
+    return {ranges.first().from, ranges.last().to};
 }
 
 } // namespace norvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTextCursor>
 #include <QTextDocument>
 
 namespace norvane {
@@ -14,5 +15,19 @@ int documentPosition(const QTextDocument &document, int textPosition);
 int textPosition(const QTextDocument &document, int documentPosition);
 /// The document's text between two of its positions, paragraph ends as CR LF, pictures as a blank.
 QString textBetween(const QTextDocument &document, int from, int to);
+
+/// A part of a document, in its positions.
+struct Range
+{
+    int from = 0;
+    int to = 0;
+};
+
+/// What a cursor has selected: one part, or each of the selected cells of a table. Without a selection
+/// it is one part that is empty.
+QVector<Range> selectedRanges(const QTextCursor &cursor);
+/// The text from the first of these parts to the last; between cells of a column it has the cells
+/// beside them, too.
+Range selectedRange(const QTextCursor &cursor);
 
 } // namespace norvane

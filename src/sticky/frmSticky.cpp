@@ -406,9 +406,13 @@ void frmSticky::showGrip(NoteGrip grip)
 
 // ---- Saving and the end ----
 
-void frmSticky::writeNote()
+void frmSticky::writeRow()
 {
     SaveNoteRow(m_services.store, fields.ID, {m_services.clock.now(), rectTwips(), m_text->Text()});
+}
+
+void frmSticky::writeBody()
+{
     m_text->SaveFile(m_services.store.bodyFile(fields.ID), kRichText);
 }
 
@@ -418,9 +422,10 @@ int frmSticky::save()
     const BusyPointer busy;
     try {
         const quint64 saved = m_changes;
-        writeNote();
+        writeRow();
         m_services.store.requeryNoteIndex();
         m_services.grid.Refresh_Grid();
+        writeBody();
         // A dialog that opens meanwhile may outlast the note.
         const QPointer<frmSticky> self(this);
         m_services.events.yield();
@@ -443,7 +448,8 @@ void frmSticky::saveAtExit()
     if (!fields.AutoSave || !isDirty() || m_rescued == m_changes)
         return;
     try {
-        writeNote();
+        writeRow();
+        writeBody();
         resetSaveState();
     } catch (const RuntimeError &error) {
         rescueAfter(error.number());

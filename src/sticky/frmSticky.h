@@ -82,8 +82,9 @@ private:
     void popUpMenu();
     int save();
     void rescueAfter(int error);
-    /// Row and body file; raises what store and file system raise.
-    void writeNote();
+    /// Both raise what store and file system raise.
+    void writeRow();
+    void writeBody();
     void moveTo(const QRect &place);
     QPoint insideTarget(const QPoint &point) const;
     void textChanged();

@@ -6,6 +6,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/ScreenCapture.h"
 #include "platform/WindowSystem.h"
+#include "platform/errors.h"
 #include "richtext/NV_RTFEdit.h"
 #include "richtext/commands/document_kind.h"
 #include "shell/internal_error.h"
@@ -67,6 +68,7 @@ private:
         }
     }
     void pastePicture(bool taken);
+    void removeRow();
 
     QPointer<frmSticky> m_note;
     const StickyServices &m_services;
@@ -184,6 +186,23 @@ void NoteCommand::exportDocument()
     }
 }
 
+/// A row that somebody else has deleted is no fault.
+void NoteCommand::removeRow()
+{
+    dao::Recordset *notes = m_services.store.NoteSet();
+    if (!notes)
+        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
+    const QString condition = QStringLiteral("ID=%1").arg(m_id);
+    notes->findFirst(condition);
+    if (notes->noMatch()) {
+        m_services.store.requeryNoteSet(); // the note is younger than the recordset
+        notes = m_services.store.NoteSet();
+        notes->findFirst(condition);
+    }
+    if (!notes->noMatch())
+        notes->remove();
+}
+
 void NoteCommand::deleteNote()
 {
     const QString question = frmSticky::tr("Are you sure you want to delete '%1'?").arg(m_note->caption());
@@ -191,14 +210,12 @@ void NoteCommand::deleteNote()
         return;
     // Whatever became of the window while the question stood, it is the note that is to go.
     NoteStore &store = m_services.store;
-    step([&] {
-        dao::Recordset *notes = store.NoteSet();
-        if (!notes)
-            return;
-        notes->findFirst(QStringLiteral("ID=%1").arg(m_id));
-        if (!notes->noMatch())
-            notes->remove();
-    });
+    try {
+        removeRow();
+    } catch (const RuntimeError &error) {
+        tell(error.description()); // as long as the row is there, its text is
+        return;
+    }
     step([&] { store.requeryNoteIndex(); });
     step([&] { m_services.grid.Refresh_Grid(); });
     step([&] {

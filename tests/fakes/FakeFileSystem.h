@@ -37,6 +37,8 @@ public:
         return name.isEmpty() || files.contains(name) || folders.contains(name);
     }
 
+    qint64 size(const QString &path) const override { return read(path).size(); }
+
     QByteArray read(const QString &path) const override
     {
         raise(readErrors.value(path), path);

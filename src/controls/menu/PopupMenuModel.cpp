@@ -233,10 +233,10 @@ bool PopupMenuModel::hasMenu(MenuHandle menu) const
 template <typename Value>
 void PopupMenuModel::set(int lIndex, Value MenuItem::*field, std::type_identity_t<Value> value, Change change)
 {
-    const MenuItem *current = item(lIndex);
+    MenuItem *current = find(lIndex);
     if (!current || current->*field == value)
         return;
-    find(lIndex)->*field = value;
+    current->*field = value;
     changed(change);
 }
 

@@ -20,16 +20,11 @@ constexpr int kMenuStoreError = 9;
     throw RuntimeError(kMenuStoreError, description, QStringLiteral("Norvane.cPopupMenu"));
 }
 
-/// The open file, or the one of that name, which is then opened with @p open.
-template <typename Open> QIODevice &chosenFile(QIODevice *openFile, QFile &named, Open open)
+void checkCall(const QIODevice *openFile, const QString &name)
 {
-    if (named.fileName().isEmpty() && !openFile)
+    // The words are those of reading in writing, too.
+    if (!openFile && name.isEmpty())
         raise(QStringLiteral("Invalid call to RestoreFromFile; specify file name or handle."));
-    if (named.fileName().isEmpty())
-        return *openFile;
-    if (!open(named))
-        raise(named.errorString());
-    return named;
 }
 
 } // namespace
@@ -58,24 +53,33 @@ const cStoreMenu *StoredMenus::find(const QString &key) const
 
 void StoredMenus::toFile(QIODevice *openFile, const QString &name)
 {
-    QFile named(name);
-    // Before an existing file is touched.
-    if (openFile || !name.isEmpty()) {
-        if (m_menus.empty())
-            raise(QStringLiteral("No stored menus to save"));
+    checkCall(openFile, name);
+    if (m_menus.empty())
+        raise(QStringLiteral("No stored menus to save"));
+    if (name.isEmpty()) {
+        write(*openFile);
+        return;
     }
-    write(chosenFile(openFile, named, [](QFile &file) {
-        if (QFileInfo(file).isFile()) // never a device
-            file.remove();
-        return file.open(QIODevice::WriteOnly | QIODevice::Truncate,
-                         QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    }));
+    QFile file(name);
+    if (QFileInfo(file).isFile()) // never a device
+        file.remove();
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate,
+                   QFileDevice::ReadOwner | QFileDevice::WriteOwner))
+        raise(file.errorString());
+    write(file);
 }
 
 void StoredMenus::fromFile(QIODevice *openFile, const QString &name)
 {
-    QFile named(name);
-    read(chosenFile(openFile, named, [](QFile &file) { return file.open(QIODevice::ReadOnly); }));
+    checkCall(openFile, name);
+    if (name.isEmpty()) {
+        read(*openFile);
+        return;
+    }
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly))
+        raise(file.errorString());
+    read(file);
 }
 
 void StoredMenus::write(QIODevice &file)

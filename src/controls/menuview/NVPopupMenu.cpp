@@ -261,10 +261,11 @@ void NVPopupMenu::choose(int index)
 
 void NVPopupMenu::closePopup()
 {
-    if (m_window)
-        m_window->closeAll();
-    else if (m_loop)
-        m_loop->quit();
+    if (m_window && m_window->isVisible())
+        m_window->closeAll(); // it calls noteClosed
+    else if (m_window)
+        m_window->deleteLater(); // it has come to nothing, and may still be at it
+    m_window.clear();
 }
 
 void NVPopupMenu::noteClosed()

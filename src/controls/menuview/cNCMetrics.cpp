@@ -27,7 +27,7 @@ QFont smaller(QFont font)
 
 } // namespace
 
-cNCMetrics::cNCMetrics()
+cNCMetrics::cNCMetrics() : m_menuMetrics(QFont()), m_boldMetrics(QFont())
 {
     GetMetrics();
 }
@@ -42,6 +42,8 @@ void cNCMetrics::GetMetrics()
     m_fonts[kSmallFont] = smaller(m_source);
     m_fonts[kBoldMenuFont] = m_source;
     m_fonts[kBoldMenuFont].setBold(true);
+    m_menuMetrics = QFontMetricsF(m_fonts[kMenuFont]);
+    m_boldMetrics = QFontMetricsF(m_fonts[kBoldMenuFont]);
 
     const QStyle &style = *QApplication::style();
     m_captionHeight = style.pixelMetric(QStyle::PM_TitleBarHeight);
@@ -83,8 +85,7 @@ int cNCMetrics::textHeight() const
 int cNCMetrics::width(const QString &text, bool bold) const
 {
     // Rounded up: a text that is a part of a pixel too wide would be cut.
-    return int(
-        std::ceil(QFontMetricsF(FontHandle(bold ? kBoldMenuFont : kMenuFont)).horizontalAdvance(text)));
+    return int(std::ceil((bold ? m_boldMetrics : m_menuMetrics).horizontalAdvance(text)));
 }
 
 } // namespace norvane

@@ -3,6 +3,7 @@
 #include "controls/menu/menu_measures.h"
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPointer>
 #include <QStyle>
 
@@ -51,6 +52,8 @@ public:
 
 private:
     QFont m_fonts[kBoldMenuFont + 1];
+    QFontMetricsF m_menuMetrics; ///< kept: thousands of texts are measured for one menu
+    QFontMetricsF m_boldMetrics;
     QFont m_source; ///< the desktop's menu font that all this was read with
     QPointer<QStyle> m_style;
     int m_captionHeight = 0;

@@ -143,6 +143,19 @@ bool PosixFileSystem::exists(const QString &path) const
            ::stat(QFile::encodeName(path).constData(), &status) == 0;
 }
 
+qint64 PosixFileSystem::size(const QString &path) const
+{
+    struct stat status = {};
+    if (::stat(encoded(path).constData(), &status) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            raiseFileNotFound(path);
+        raiseAccess(path);
+    }
+    if (!S_ISREG(status.st_mode))
+        raiseAccess(path);
+    return qint64(status.st_size);
+}
+
 QByteArray PosixFileSystem::read(const QString &path) const
 {
     // Without O_NONBLOCK a pipe in the file's place would hold the program.

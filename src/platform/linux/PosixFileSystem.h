@@ -13,6 +13,7 @@ class PosixFileSystem : public FileSystem
 {
 public:
     bool exists(const QString &path) const override;
+    qint64 size(const QString &path) const override;
     QByteArray read(const QString &path) const override;
     void write(const QString &path, const QByteArray &bytes) override;
     void makeFolder(const QString &path) override;

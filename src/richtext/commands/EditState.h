@@ -1,5 +1,7 @@
 #pragma once
 
+#include "richtext/commands/ExtractedFiles.h"
+
 #include <QString>
 
 namespace norvane {
@@ -18,6 +20,7 @@ struct EditState
 {
     QString CurrentURL; ///< the word under the pointer, as of the last mouse move over any of them
     FindState find;
+    ExtractedFiles extracted; ///< out of objects that were opened
 };
 
 } // namespace norvane

@@ -1,8 +1,20 @@
 #include "richtext/rtf/FontTable.h"
 
+#include "richtext/rtf/clean_text.h"
 #include "richtext/rtf/limits.h"
 
 namespace norvane::rtf {
+namespace {
+
+/// A name without characters that a name does not have, and that have no place in a font table.
+QString usableName(const QString &name)
+{
+    QString usable = cleanedText(name);
+    usable.remove(QChar(QChar::SoftHyphen)).replace(QChar(u'\u2011'), QChar(u'-'));
+    return usable.simplified().left(kMaximumFontNameLength).trimmed();
+}
+
+} // namespace
 
 void FontTable::beginFont(int number)
 {
@@ -47,8 +59,12 @@ void FontTable::addUnit(char16_t unit)
 void FontTable::endName()
 {
     decodeBytes();
-    if (m_fonts.contains(m_current))
-        m_fonts[m_current].name = m_fonts[m_current].name.trimmed();
+    if (const auto font = m_fonts.find(m_current); font != m_fonts.end()) {
+        font->name = usableName(font->name);
+        // Signs are those of a font that one can name.
+        if (font->name.isEmpty() && font->isSymbol())
+            font->codePage = 0;
+    }
     m_current = kNoFont;
 }
 

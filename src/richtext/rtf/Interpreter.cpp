@@ -1,30 +1,31 @@
 #include "richtext/rtf/Interpreter.h"
 
+#include "richtext/rtf/clean_text.h"
 #include "richtext/rtf/limits.h"
 #include "richtext/rtf/read.h"
+#include "richtext/rtf/symbol_fonts.h"
 
 #include <algorithm>
 
 namespace norvane::rtf {
 namespace {
 
+constexpr int kFirstPrivate = 0xF020;
+constexpr int kLastPrivate = 0xF0FF;
+
 bool isAscii(QByteArrayView bytes)
 {
     return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return byte >= 0; });
 }
 
+void addUpTo(qsizetype length, QString &whole, QStringView text)
+{
+    whole += text.left(qMax(qsizetype(0), length - whole.size()));
+}
+
 bool isEscapedByte(int symbol)
 {
     return symbol == '\\' || symbol == '{' || symbol == '}';
-}
-
-/// Whether the text of a list mark is a mere sign: no number and no letter, but the "o" that some
-/// fonts draw as a ring.
-bool isBulletSign(const QString &text)
-{
-    if (text.isEmpty() || text.size() > 2 || (text.size() == 2 && !text.at(0).isHighSurrogate()))
-        return false;
-    return !text.at(0).isLetterOrNumber() || text == u"o";
 }
 
 } // namespace
@@ -49,12 +50,8 @@ Document Interpreter::run()
             addBytes(token.bytes);
             continue;
         }
-        if (token.kind == Token::Kind::Hex) {
-            const char byte = char(token.value);
-            addBytes(QByteArrayView(&byte, 1));
-            continue;
-        }
-        if (token.kind == Token::Kind::Symbol && isEscapedByte(token.value)) {
+        const bool isEscaped = token.kind == Token::Kind::Symbol && isEscapedByte(token.value);
+        if (token.kind == Token::Kind::Hex || isEscaped) {
             const char byte = char(token.value); // may be the second byte of a character
             addBytes(QByteArrayView(&byte, 1));
             continue;
@@ -82,7 +79,9 @@ Document Interpreter::run()
             break;
         case Token::Kind::Binary:
             if (m_state.destination == Destination::Picture)
-                m_picture.addBytes(token.bytes);
+                m_picture.data().addBytes(token.bytes);
+            else if (m_state.destination == Destination::ObjectData)
+                m_openObjects.back().data.addBytes(token.bytes);
             break;
         case Token::Kind::End:
             goOn = false;
@@ -93,14 +92,21 @@ Document Interpreter::run()
         }
     }
     decodeBytes();
-    const Font *font = m_fonts.font(m_defaultFont);
-    return m_sink.take(font ? font->name : QString());
+    m_fonts.endName();
+    Document document = m_sink.take();
+    document.wrappers = std::move(m_wrappers);
+    document.styles = m_styles;
+    document.prologue = m_prologue;
+    if (const Font *font = m_fonts.font(m_defaultFont))
+        document.defaultFont = font->name;
+    return document;
 }
 
 void Interpreter::beginGroup(qsizetype position)
 {
     m_outer.push_back(m_state);
     m_state.begin = position;
+    m_fresh = true;
 }
 
 bool Interpreter::endGroup()
@@ -109,33 +115,16 @@ bool Interpreter::endGroup()
         return false;
     const State inner = std::exchange(m_state, std::move(m_outer.back()));
     m_outer.pop_back();
+    m_fresh = false;
     if (inner.inFont && !m_state.inFont)
         m_fonts.endName();
-    if (inner.destination == m_state.destination)
-        return true;
-    switch (inner.destination) {
-    case Destination::FontTable:
-    case Destination::ColorTable:
-        m_state.format = kUnknown; // what numbers mean has changed
-        m_state.codePage = kUnknown;
-        break;
-    case Destination::Picture:
-        if (m_state.destination == Destination::Body)
-            endPicture();
-        break;
-    case Destination::Marker:
-        endMarker();
-        break;
-    case Destination::ListNumber:
-        m_state.paragraph.bullet = m_listIsBullet;
-        m_state.paragraphFormat = kUnknown;
-        break;
-    case Destination::Object:
-        endObject(inner, m_tokenizer.position());
-        break;
-    default:
-        break;
+    if (inner.shapePicture && !m_state.shapePicture) {
+        m_shapeBegin = inner.begin;
+        m_shapeEnd = m_tokenizer.position();
     }
+    // The text in Unicode of two goes on what is around both.
+    if (inner.destination != m_state.destination && m_state.destination != Destination::Alternative)
+        leave(inner);
     return true;
 }
 
@@ -161,31 +150,6 @@ bool Interpreter::skipGroup()
     return skipNested() && endGroup();
 }
 
-bool Interpreter::enter(Destination destination)
-{
-    if (destination == Destination::Skipped)
-        return skipGroup();
-    if (m_outer.size() <= 1)
-        return true;
-    if (destination == Destination::Body) { // the result of an object
-        if (m_state.destination == Destination::Object)
-            m_state.destination = destination;
-        return true;
-    }
-    if (m_state.destination == Destination::FontTable || m_state.destination == Destination::Picture)
-        return skipGroup();
-    if (destination == Destination::Picture)
-        m_picture.begin();
-    else if (destination == Destination::Marker)
-        m_marker.clear();
-    else if (destination == Destination::ListNumber)
-        m_listIsBullet = false;
-    else if (destination == Destination::Object)
-        m_state.objectOperations = m_sink.operations().size();
-    m_state.destination = destination;
-    return true;
-}
-
 /// One character that stands for a \u: true when it is to be dropped.
 bool Interpreter::consumeSkipped()
 {
@@ -198,6 +162,7 @@ bool Interpreter::consumeSkipped()
 void Interpreter::addBytes(QByteArrayView bytes)
 {
     m_starred = false;
+    m_fresh = false;
     if (m_toSkip > 0) {
         const qsizetype skipped = qMin<qsizetype>(m_toSkip, bytes.size());
         m_toSkip -= int(skipped);
@@ -205,15 +170,24 @@ void Interpreter::addBytes(QByteArrayView bytes)
     }
     if (bytes.isEmpty())
         return;
+    if (m_state.destination != Destination::Body) {
+        addBytesElsewhere(bytes);
+    } else if (m_bytes.isEmpty() && isAscii(bytes) && codePage() != kSymbolCodePage) {
+        if (isNothing(bytes))
+            return;
+        beginText();
+        m_sink.addAscii(bytes, characterFormat());
+    } else {
+        m_bytes.append(bytes.data(), bytes.size());
+    }
+}
+
+void Interpreter::addBytesElsewhere(QByteArrayView bytes)
+{
     switch (m_state.destination) {
-    case Destination::Body:
-        if (m_bytes.isEmpty() && isAscii(bytes) && codePage() != kSymbolCodePage) {
-            beginText();
-            m_sink.addAscii(bytes, characterFormat());
-            break;
-        }
-        [[fallthrough]];
-    case Destination::Marker:
+    case Destination::MarkText:
+    case Destination::FieldInstruction:
+    case Destination::ObjectClass:
         m_bytes.append(bytes.data(), bytes.size());
         break;
     case Destination::FontTable:
@@ -222,8 +196,21 @@ void Interpreter::addBytes(QByteArrayView bytes)
     case Destination::ColorTable:
         m_colors.addText(bytes);
         break;
+    case Destination::LevelText:
+        if (MarkText *text = m_lists.levelText())
+            text->addBytes(bytes);
+        break;
+    case Destination::MarkBefore:
+        m_mark.before().addBytes(bytes);
+        break;
+    case Destination::MarkAfter:
+        m_mark.after().addBytes(bytes);
+        break;
     case Destination::Picture:
-        m_picture.addHex(bytes);
+        m_picture.data().addDigits(bytes);
+        break;
+    case Destination::ObjectData:
+        m_openObjects.back().data.addDigits(bytes);
         break;
     default:
         break;
@@ -235,46 +222,86 @@ void Interpreter::decodeBytes()
     if (m_bytes.isEmpty())
         return;
     QString text;
-    m_codePages.decode(std::exchange(m_bytes, {}), codePage(), text);
+    const Font *font = codePage() == kSymbolCodePage ? currentFont() : nullptr;
+    if (font && font->isSymbol()) {
+        for (const char byte : std::as_const(m_bytes))
+            text += QChar(symbolCharacter(font->name, static_cast<unsigned char>(byte)));
+    } else {
+        m_codePages.decode(m_bytes, codePage(), text);
+    }
+    m_bytes.clear();
     addText(text);
 }
 
 void Interpreter::addText(QStringView text)
 {
-    if (m_state.destination == Destination::Body) {
+    switch (m_state.destination) {
+    case Destination::Body:
+        if (isNothing(text))
+            break;
         beginText();
         m_sink.addText(text, characterFormat());
-    } else if (m_state.destination == Destination::Marker) {
-        m_marker += text;
+        break;
+    case Destination::MarkText:
+        m_markText += text;
+        break;
+    case Destination::FieldInstruction:
+        addUpTo(kMaximumLinkLength, m_openFields.back().text, text);
+        break;
+    case Destination::ObjectClass:
+        addUpTo(kMaximumFontNameLength, m_openObjects.back().className, text);
+        break;
+    default:
+        break;
     }
 }
 
 void Interpreter::addUnit(char16_t unit)
 {
-    if (m_state.destination == Destination::FontTable)
+    switch (m_state.destination) {
+    case Destination::FontTable:
         m_fonts.addUnit(unit);
-    else
+        break;
+    case Destination::LevelText:
+        if (MarkText *text = m_lists.levelText())
+            text->addUnit(unit);
+        break;
+    case Destination::MarkBefore:
+        m_mark.before().addUnit(unit);
+        break;
+    case Destination::MarkAfter:
+        m_mark.after().addUnit(unit);
+        break;
+    default:
         addText(QStringView(&unit, 1));
+        break;
+    }
 }
 
 void Interpreter::addUnicode(int value)
 {
+    const int unit = value & 0xFFFF;
+    const Font *font = unit >= kFirstPrivate && unit <= kLastPrivate ? currentFont() : nullptr;
     if (value > 0xFFFF && value <= 0x10FFFF) { // beyond the format, but written
         addUnit(QChar::highSurrogate(char32_t(value)));
         addUnit(QChar::lowSurrogate(char32_t(value)));
+    } else if (font && font->isSymbol() && m_state.destination == Destination::Body) {
+        addUnit(symbolCharacter(font->name, static_cast<unsigned char>(unit & 0xFF)));
     } else {
-        addUnit(char16_t(value & 0xFFFF));
+        addUnit(char16_t(unit));
     }
     m_toSkip = m_state.unicodeSkip;
 }
 
-/// Before the first text of a paragraph comes the number that its list gives it.
-void Interpreter::beginText()
+/// Before the first text of a paragraph comes the number that its list gives it, if that list is
+/// not known.
+void Interpreter::beginText(int leastDepth)
 {
-    if (m_markerText.isEmpty())
+    m_sink.beginParagraph(qMax(depth(), leastDepth), int(m_row.row().format.cells.size()));
+    if (m_announced.number.isEmpty())
         return;
-    const QString number = std::exchange(m_markerText, {});
-    if (!m_state.paragraph.bullet)
+    const QString number = std::exchange(m_announced.number, {});
+    if (!listItem().list)
         m_sink.addText(number, characterFormat());
 }
 
@@ -284,47 +311,43 @@ void Interpreter::endParagraph()
         return;
     beginText();
     m_sink.endParagraph(paragraphFormat(), characterFormat());
-    m_markedAsBullet = false;
-    m_pageBreak = false;
+    m_announced = {};
 }
 
-void Interpreter::endMarker()
-{
-    const bool isBullet = isBulletSign(m_marker.trimmed());
-    m_markedAsBullet = isBullet;
-    m_markerText = isBullet ? QString() : m_marker;
-}
-
-void Interpreter::endPicture()
-{
-    const std::optional<Picture> picture = m_picture.end();
-    if (!picture)
-        return;
-    beginText();
-    m_sink.addPicture(*picture, characterFormat());
-    if (m_state.shapePicture)
-        m_shapePictureShown = true;
-}
-
-/// An object whose result is one picture is shown as this picture, and kept whole behind it. One
-/// that shows nothing is kept behind an empty picture.
-void Interpreter::endObject(const State &object, qsizetype end)
+void Interpreter::endCell(int level)
 {
     if (m_state.destination != Destination::Body)
         return;
-    const QByteArrayView group = m_rtf.sliced(object.begin, end - object.begin);
-    if (group.size() > kMaximumPictureBytes ||
-        std::any_of(group.begin(), group.end(), [](char byte) { return byte <= 0; }))
-        return; // binary data has no place in the ASCII that is written
-    std::vector<Operation> &operations = m_sink.operations();
-    if (operations.size() == object.objectOperations) {
-        Picture empty;
-        empty.original = group.toByteArray();
-        m_sink.addPicture(empty, characterFormat());
-    } else if (operations.size() == object.objectOperations + 1) {
-        if (auto *run = std::get_if<PictureRun>(&operations.back()))
-            run->picture.original = group.toByteArray();
+    beginText(level > 1 ? level : 0);
+    if (!m_sink.takesTables(level)) {
+        m_sink.addText(u"\t", characterFormat());
+        return;
     }
+    m_sink.endCell(level, paragraphFormat(), characterFormat());
+    m_announced = {};
+}
+
+void Interpreter::endRow(int level, const RowDescription &row)
+{
+    m_announced.number.clear();
+    if (m_sink.takesTables(level)) {
+        m_sink.endRow(level, row, paragraphFormat(), characterFormat());
+    } else {
+        m_sink.chopTab();
+        endParagraph();
+    }
+}
+
+int Interpreter::depth() const
+{
+    const Paragraph &paragraph = m_state.paragraph;
+    return paragraph.depth > 0 ? paragraph.depth : int(paragraph.inTable);
+}
+
+/// Of the table whose row ends: the innermost one, if no deeper one was stated.
+int Interpreter::nestedLevel() const
+{
+    return qMax(2, qMax(depth(), m_sink.depth()));
 }
 
 const Font *Interpreter::currentFont() const
@@ -337,8 +360,11 @@ int Interpreter::codePage()
 {
     if (m_state.codePage == kUnknown) {
         const Font *font = currentFont();
-        const int own = font && font->codePage > 0 ? font->codePage : m_codePage;
-        m_state.codePage = m_utf8 ? kUtf8CodePage : own;
+        // What is not shown has no signs.
+        const bool isName = m_state.destination == Destination::FieldInstruction ||
+                            m_state.destination == Destination::ObjectClass;
+        const bool hasOwn = font && font->codePage > 0 && !(isName && font->isSymbol());
+        m_state.codePage = m_utf8 ? kUtf8CodePage : hasOwn ? font->codePage : m_codePage;
     }
     return m_state.codePage;
 }
@@ -358,6 +384,8 @@ int Interpreter::characterFormat()
     format.color = m_colors.color(characters.color);
     if (characters.background > 0)
         format.background = m_colors.color(characters.background);
+    if (characters.underlineColor > 0)
+        format.underlineColor = m_colors.color(characters.underlineColor);
     format.underline = characters.underline;
     format.script = characters.script;
     format.capitals = characters.capitals;
@@ -366,23 +394,51 @@ int Interpreter::characterFormat()
     format.strikeOut = characters.strikeOut;
     format.isProtected = characters.isProtected;
     format.hidden = characters.hidden;
+    format.raise = characters.raise;
+    format.spacing = characters.spacing;
+    format.language = characters.language;
+    format.kept = characters.kept;
+    if (m_state.link != kUnknown) {
+        format.link = m_links[size_t(m_state.link)].address;
+        format.linkTip = m_links[size_t(m_state.link)].tip;
+    }
+    format.wrapper = m_state.wrapper;
     m_state.format = m_sink.characterFormats().indexOf(format);
     return m_state.format;
 }
 
+ListItem Interpreter::listItem()
+{
+    const Paragraph &paragraph = m_state.paragraph;
+    if (paragraph.list != 0) {
+        if (std::shared_ptr<const List> list = m_lists.list(paragraph.list)) {
+            const int deepest = int(list->levels.size()) - 1;
+            return {std::move(list), qMin(paragraph.format.item.level, deepest)};
+        }
+    }
+    return paragraph.format.item.list ? ListItem{paragraph.format.item.list, 0} : ListItem();
+}
+
 int Interpreter::paragraphFormat()
 {
-    const bool own = (m_markedAsBullet && !m_state.paragraph.bullet) ||
-                     (m_pageBreak && !m_state.paragraph.pageBreakBefore);
+    const bool own = m_announced.isBullet || m_announced.pageBreak;
     if (m_state.paragraphFormat != kUnknown && !own)
         return m_state.paragraphFormat;
-    ParagraphFormat format = m_state.paragraph;
+    const Paragraph &paragraph = m_state.paragraph;
+    ParagraphFormat format = paragraph.format;
+    format.item = listItem();
+    if (const ListLevel *level = format.item.format(); level && !paragraph.indentStated && paragraph.list) {
+        format.leftIndent = level->leftIndent;
+        format.firstIndent = level->firstIndent;
+    }
+    if (!format.item.list && m_announced.isBullet)
+        format.item = ListItem::bullet();
     if (format.alignment == Alignment::Left && !format.rightToLeft)
         format.alignment = Alignment::Leading;
     if (format.lineSpacing == 0)
         format.lineSpacingMultiple = false;
-    format.bullet = format.bullet || m_markedAsBullet;
-    format.pageBreakBefore = format.pageBreakBefore || m_pageBreak;
+    format.background = paragraph.shading.color();
+    format.pageBreakBefore = format.pageBreakBefore || m_announced.pageBreak;
     const int index = m_sink.paragraphFormats().indexOf(format);
     if (!own)
         m_state.paragraphFormat = index;

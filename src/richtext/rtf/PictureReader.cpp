@@ -2,28 +2,24 @@
 
 #include "richtext/rtf/limits.h"
 
-#include <array>
 #include <utility>
 
 namespace norvane::rtf {
 namespace {
 
-constexpr std::array<int, 256> kHexValues = [] {
-    std::array<int, 256> values{};
-    values.fill(-1);
-    for (std::size_t i = 0; i < 10; ++i)
-        values[std::size_t{'0'} + i] = static_cast<int>(i);
-    for (std::size_t i = 0; i < 6; ++i) {
-        values[std::size_t{'a'} + i] = static_cast<int>(10 + i);
-        values[std::size_t{'A'} + i] = static_cast<int>(10 + i);
-    }
-    return values;
-}();
-
-int displayLength(int goal, int scale)
+/// What is shown of a length: cut at both ends, as the file states it, then scaled. The cuts become
+/// those of the scaled length.
+int displayLength(int goal, int &cutBefore, int &cutBehind, int scale)
 {
-    const qint64 bounded = qBound(0, goal, kMaximumTwips);
-    return int(qMin(bounded * qBound(1, scale, 10'000) / 100, qint64(kMaximumTwips)));
+    const qint64 percent = qBound(1, scale, 10'000);
+    const auto scaled = [percent](int value) {
+        return int(qMin(qBound(0, value, kMaximumTwips) * percent / 100, qint64(kMaximumTwips)));
+    };
+    cutBefore = scaled(cutBefore);
+    cutBehind = scaled(cutBehind);
+    const int whole = scaled(goal);
+    const int cut = cutBefore + cutBehind;
+    return cut == 0 || whole == 0 ? whole : qMax(1, whole - cut);
 }
 
 /// The goal that a picture without one has: metafiles state their size in 0.01 mm, others in pixels
@@ -37,14 +33,18 @@ int naturalGoal(PictureKind kind, int stated)
 
 } // namespace
 
+bool isShown(PictureKind kind)
+{
+    return kind == PictureKind::Png || kind == PictureKind::Jpeg || kind == PictureKind::Dib;
+}
+
 void PictureReader::begin()
 {
     m_picture = {};
+    m_data.begin();
     m_hasKind = false;
-    m_tooLarge = false;
     m_scaleX = 100;
     m_scaleY = 100;
-    m_highDigit = -1;
 }
 
 void PictureReader::handle(ControlWord word, const Token &token)
@@ -74,55 +74,39 @@ void PictureReader::handle(ControlWord word, const Token &token)
     case Word::PictureScaleY:
         m_scaleY = token.parameter;
         break;
+    case Word::PictureCrop:
+        m_picture.crop[Side(word.argument)] = qBound(-kMaximumTwips, token.parameter, kMaximumTwips);
+        break;
     default:
         break;
     }
 }
 
-void PictureReader::addHex(QByteArrayView digits)
-{
-    if (m_tooLarge)
-        return;
-    for (const char digit : digits) {
-        const int value = kHexValues[static_cast<unsigned char>(digit)];
-        if (value < 0)
-            continue;
-        if (m_highDigit < 0) {
-            m_highDigit = value;
-        } else {
-            m_picture.bytes.append(char(m_highDigit << 4 | value));
-            m_highDigit = -1;
-        }
-    }
-    m_tooLarge = m_picture.bytes.size() > kMaximumPictureBytes;
-}
-
-void PictureReader::addBytes(QByteArrayView bytes)
-{
-    m_tooLarge = m_tooLarge || m_picture.bytes.size() + bytes.size() > kMaximumPictureBytes;
-    if (!m_tooLarge)
-        m_picture.bytes.append(bytes.data(), bytes.size());
-}
-
 std::optional<Picture> PictureReader::end()
 {
-    if (!m_hasKind || m_tooLarge || m_picture.bytes.isEmpty() ||
-        m_total + m_picture.bytes.size() > kMaximumPicturesBytes) {
+    if (!m_hasKind || m_data.tooLarge() || m_data.bytes().isEmpty() ||
+        m_total + m_data.bytes().size() > kMaximumPicturesBytes) {
         begin();
         return std::nullopt;
     }
+    m_picture.bytes = m_data.take();
     m_total += m_picture.bytes.size();
     if (m_scaleX <= 0)
         m_scaleX = 100;
     if (m_scaleY <= 0)
         m_scaleY = 100;
     // A picture at its own size needs no size; the natural one may be finer than stated.
-    if (m_picture.displayWidth <= 0 && m_scaleX != 100)
+    Sides<int> &crop = m_picture.crop;
+    const bool isCutX = crop[Side::Left] > 0 || crop[Side::Right] > 0;
+    const bool isCutY = crop[Side::Top] > 0 || crop[Side::Bottom] > 0;
+    if (m_picture.displayWidth <= 0 && (m_scaleX != 100 || isCutX))
         m_picture.displayWidth = naturalGoal(m_picture.kind, m_picture.width);
-    if (m_picture.displayHeight <= 0 && m_scaleY != 100)
+    if (m_picture.displayHeight <= 0 && (m_scaleY != 100 || isCutY))
         m_picture.displayHeight = naturalGoal(m_picture.kind, m_picture.height);
-    m_picture.displayWidth = displayLength(m_picture.displayWidth, m_scaleX);
-    m_picture.displayHeight = displayLength(m_picture.displayHeight, m_scaleY);
+    m_picture.displayWidth =
+        displayLength(m_picture.displayWidth, crop[Side::Left], crop[Side::Right], m_scaleX);
+    m_picture.displayHeight =
+        displayLength(m_picture.displayHeight, crop[Side::Top], crop[Side::Bottom], m_scaleY);
     return std::exchange(m_picture, {});
 }
 

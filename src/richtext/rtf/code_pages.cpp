@@ -28,6 +28,8 @@ void decodeSymbol(QByteArrayView bytes, QString &text)
 QStringDecoder decoderFor(int codePage)
 {
     // The names that the decoder knows differ by family.
+    // Rich text is ASCII: what has other letters there is no code page of it.
+    static constexpr char kAscii[] = "\\{}azAZ09 ;";
     const QByteArray number = QByteArray::number(codePage);
     if (codePage == 10000)
         return QStringDecoder("macintosh");
@@ -37,7 +39,7 @@ QStringDecoder decoderFor(int codePage)
         return QStringDecoder("windows-949"); // an older arrangement of the same script
     for (const char *prefix : {"windows-", "cp", "ibm-"}) {
         QStringDecoder decoder(QByteArray(prefix + number).constData());
-        if (decoder.isValid())
+        if (decoder.isValid() && QString(decoder.decode(kAscii)) == QLatin1StringView(kAscii))
             return decoder;
     }
     return QStringDecoder();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <string_view>
 
 namespace norvane::rtf {
 
@@ -18,30 +19,30 @@ enum class Word {
     ParagraphEnd,
     SectionEnd,
     PageBreak,
-    Cell,
-    Row,
     // Destinations; argument: Destination
     Destination,
-    Unpacked, ///< a destination whose text is that of the text around it
     ShapePicture,
     NoShapePicture,
     Alternative, ///< of a text in two encodings
     AlternativeUnicode,
-    ListNumber, ///< argument: 1 a bullet, 0 anything else
     // Characters
     Plain,
     Bold,
     Italic,
     StrikeOut,
     Underline, ///< argument: rtf::Underline
-    Script,    ///< argument: rtf::Script
-    Capitals,  ///< argument: rtf::Capitals
+    UnderlineColor,
+    Script,   ///< argument: rtf::Script
+    Raise,    ///< argument: 1 up, -1 down
+    Capitals, ///< argument: rtf::Capitals
     Hidden,
     Protected,
     Font,
     FontSize,
     Color,
     Background,
+    Spacing,
+    Language,
     // Paragraphs
     ParagraphDefaults,
     Alignment, ///< argument: rtf::Alignment
@@ -56,6 +57,56 @@ enum class Word {
     PageBreakBefore,
     Tab,
     TabKind, ///< argument: rtf::TabKind
+    ParagraphBackground,
+    ParagraphForeground,
+    ParagraphShading,
+    // Lists
+    ListNumber,
+    ListLevelNumber,
+    MarkStyle, ///< of a paragraph's own mark; argument: NumberStyle, -1 as it is, -2 none
+    MarkStart,
+    MarkFont,
+    List, ///< in the table of lists, as the following
+    ListIdentity,
+    ListOverride,
+    ListLevel,
+    LevelOverride,
+    LevelStyle,
+    LevelStart,
+    LevelFollow,
+    LevelAlignment,
+    // Tables
+    InTable,
+    TableDepth,
+    Cell,
+    NestedCell,
+    Row,
+    NestedRow,
+    RowDefaults,
+    RowLeft,
+    RowGap,
+    RowHeight,
+    RowHeader,
+    RowAlignment, ///< argument: rtf::RowAlignment
+    RowDirection, ///< argument: 1 right to left
+    RowPadding,   ///< argument: rtf::Side
+    RowPaddingUnit,
+    CellRight,
+    CellMerge,         ///< with the cell before
+    CellVerticalMerge, ///< argument: rtf::VerticalMerge
+    CellAlignment,     ///< argument: rtf::VerticalAlignment
+    CellBackground,
+    CellForeground,
+    CellShading,
+    CellPadding, ///< argument: rtf::Side
+    CellPaddingUnit,
+    // Borders
+    ParagraphBorder, ///< argument: rtf::Side, kAllSides or kNoSide
+    CellBorder,      ///< argument: rtf::Side or kNoSide
+    BorderStyle,     ///< argument: rtf::BorderStyle
+    BorderWidth,
+    BorderSpace,
+    BorderColor,
     // Font table
     FontCharset,
     FontCodePage,
@@ -69,18 +120,51 @@ enum class Word {
     PictureGoalHeight,
     PictureScaleX,
     PictureScaleY,
+    PictureCrop, ///< argument: rtf::Side
+    // Kept and written back; argument of the first: 1 also without a text before it
+    KeptInText,
+    KeptOfCharacters,
+    KeptOfParagraph,
+    KeptOfCell,
+    KeptOfRow,
+    KeptOfDocument,
+    KeptOfObject,
+    KeptOfField,
 };
+
+/// Beside the sides of a box.
+inline constexpr int kAllSides = 4;
+inline constexpr int kNoSide = 5;
+/// Arguments of Word::MarkStyle beside the styles.
+inline constexpr int kUnchangedMark = -1;
+inline constexpr int kNoMark = -2;
 
 enum class Destination {
     Body,
     Skipped,
+    KeptAlone,   ///< kept where it stands
+    KeptOfStart, ///< kept: before the text when no text has come yet, else where it stands
+    StyleSheet,
     FontTable,
     ColorTable,
+    ListTable,
+    LevelText,
+    LevelNumbers,
     Picture,
-    Marker,      ///< the text of a list mark or number
-    ListNumber,  ///< what the mark is
-    Object,      ///< an object: its result alone is text
+    PictureKept, ///< of a picture, and kept with it
+    MarkText,    ///< the text of a list mark or number, for readers that know no lists
+    Mark,        ///< what the mark of a paragraph is
+    MarkBefore,  ///< text before the number of such a mark
+    MarkAfter,
+    Field,
+    FieldInstruction,
+    FieldResult,
+    Object, ///< an object: its result alone is text
+    ObjectClass,
+    ObjectData,
+    ObjectResult,
     Alternative, ///< a text in two encodings, until the second comes
+    NestedRow,   ///< properties of a row of an inner table
 };
 
 struct ControlWord
@@ -91,5 +175,11 @@ struct ControlWord
 
 /// Looks a control word up by its letters.
 ControlWord controlWord(QByteArrayView letters);
+/// The letters that are written for what a word does; empty if there are none.
+std::string_view lettersOf(Word word, int argument = 0);
+
+/// Whether a word's parameter is the number of a font, or of a colour, wherever it stands.
+bool namesFont(QByteArrayView letters);
+bool namesColor(QByteArrayView letters);
 
 } // namespace norvane::rtf

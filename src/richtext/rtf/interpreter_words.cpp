@@ -1,6 +1,7 @@
 // What the interpreter does at control words and control symbols.
 
 #include "richtext/rtf/Interpreter.h"
+#include "richtext/rtf/kept_words.h"
 #include "richtext/rtf/limits.h"
 
 namespace norvane::rtf {
@@ -21,21 +22,26 @@ int distance(const Token &token)
     return qBound(0, token.parameter, kMaximumTwips);
 }
 
+QByteArray written(const Token &token)
+{
+    const QByteArray word = "\\" + token.bytes.toByteArray();
+    return token.hasParameter ? word + QByteArray::number(token.parameter) : word;
+}
+
 } // namespace
 
 bool Interpreter::handleSymbol(const Token &token)
 {
     m_starred = false;
-    switch (token.value) {
-    case '*':
+    if (token.value == '*') {
         m_starred = true;
         return true;
-    case '\n':
+    }
+    m_fresh = false;
+    if (token.value == '\n') {
         m_toSkip = 0;
         endParagraph();
         return true;
-    default:
-        break;
     }
     if (consumeSkipped())
         return true;
@@ -63,18 +69,18 @@ bool Interpreter::handleWord(const Token &token)
     const ControlWord word = controlWord(token.bytes);
     const bool starred = std::exchange(m_starred, false);
     switch (word.word) {
-    case Word::Unknown:
-        m_toSkip = 0;
-        return starred ? skipGroup() : true;
     case Word::Character:
+        m_fresh = false;
         if (!consumeSkipped())
             addUnit(char16_t(word.argument));
         return true;
     case Word::Unicode:
+        m_fresh = false;
         if (token.hasParameter)
             addUnicode(token.parameter);
         return true;
     case Word::UnicodeSkip:
+        m_fresh = false;
         m_state.unicodeSkip = token.hasParameter ? qBound(0, token.parameter, 16) : 1;
         return true;
     default:
@@ -82,49 +88,41 @@ bool Interpreter::handleWord(const Token &token)
     }
     m_toSkip = 0; // characters that stand for a \u do not go on behind another word
 
+    bool goOn = true;
     switch (word.word) {
+    case Word::Unknown:
+        if (starred && !namesFont(token.bytes) && token.bytes != "bin")
+            goOn = keepGroup(Destination::KeptOfStart);
+        break;
     case Word::Destination:
-        return enter(Destination(word.argument));
-    case Word::Unpacked:
-        return true;
+        goOn = enter(Destination(word.argument));
+        break;
     case Word::ShapePicture:
         m_state.shapePicture = true;
-        m_shapePictureShown = false;
-        return true;
+        m_shapePicture = ShapePicture::None;
+        break;
     case Word::NoShapePicture:
-        return std::exchange(m_shapePictureShown, false) ? skipGroup() : true;
+        if (m_shapePicture == ShapePicture::Shown) {
+            m_shapePicture = ShapePicture::None;
+            goOn = skipGroup();
+        }
+        break;
     case Word::Alternative:
-        m_state.besideAlternative = m_state.destination;
-        m_state.destination = Destination::Alternative;
-        return true;
+        if (m_fresh) {
+            m_state.besideAlternative = m_state.destination;
+            m_state.destination = Destination::Alternative;
+        }
+        break;
     case Word::AlternativeUnicode:
         if (m_state.destination == Destination::Alternative)
             m_state.destination = m_state.besideAlternative;
-        return true;
-    default:
-        break;
-    }
-
-    switch (m_state.destination) {
-    case Destination::FontTable:
-        handleFontWord(word, token);
-        break;
-    case Destination::ColorTable:
-        if (word.word == Word::ColorPart)
-            m_colors.setPart(word.argument, token.parameter);
-        break;
-    case Destination::Picture:
-        m_picture.handle(word, token);
-        break;
-    case Destination::ListNumber:
-        if (word.word == Word::ListNumber)
-            m_listIsBullet = word.argument != 0;
         break;
     default:
         handleBodyWord(word, token);
         break;
     }
-    return true;
+    m_fresh = false;
+    return goOn;
 }
 
 void Interpreter::handleFontWord(ControlWord word, const Token &token)
@@ -141,6 +139,40 @@ void Interpreter::handleFontWord(ControlWord word, const Token &token)
 
 void Interpreter::handleBodyWord(ControlWord word, const Token &token)
 {
+    switch (m_state.destination) {
+    case Destination::FontTable:
+        handleFontWord(word, token);
+        return;
+    case Destination::ColorTable:
+        if (word.word == Word::ColorPart)
+            m_colors.setPart(word.argument, token.parameter);
+        return;
+    case Destination::ListTable:
+        m_lists.handle(word, token);
+        return;
+    case Destination::Picture:
+        m_picture.handle(word, token);
+        return;
+    case Destination::Mark:
+        m_mark.handle(word, token);
+        return;
+    case Destination::Object:
+        if (word.word == Word::KeptOfObject)
+            setKeptWord(m_openObjects.back().object.words, token, false);
+        return;
+    case Destination::Field:
+        if (word.word == Word::KeptOfField)
+            setKeptWord(m_openFields.back().words, token, false);
+        return;
+    case Destination::NestedRow:
+        if (word.word == Word::NestedRow)
+            endRow(nestedLevel(), m_nestedRow.row());
+        else if (!m_nestedRow.handle(word, token, m_colors, m_border))
+            m_border.handle(word, token, m_colors);
+        return;
+    default:
+        break;
+    }
     if (handleCharacterWord(word, token)) {
         charactersChanged();
         return;
@@ -149,7 +181,9 @@ void Interpreter::handleBodyWord(ControlWord word, const Token &token)
         m_state.paragraphFormat = kUnknown;
         return;
     }
-    handleDocumentWord(word, token);
+    const bool isBody = m_state.destination == Destination::Body;
+    if (!isBody || !handleTableWord(word, token))
+        handleDocumentWord(word, token);
 }
 
 bool Interpreter::handleDocumentWord(ControlWord word, const Token &token)
@@ -174,29 +208,55 @@ bool Interpreter::handleDocumentWord(ControlWord word, const Token &token)
         endParagraph();
         break;
     case Word::SectionEnd:
-        if (!m_sink.paragraphIsEmpty())
-            endParagraph();
+        if (isBody) {
+            if (!m_sink.paragraphIsEmpty())
+                endParagraph();
+            m_sink.addKept("\\sect");
+        }
         break;
     case Word::PageBreak:
         if (isBody) {
             if (!m_sink.paragraphIsEmpty())
                 endParagraph();
-            m_pageBreak = true;
+            m_announced.pageBreak = true;
         }
         break;
-    case Word::Cell:
-        addUnit(u'\t');
+    case Word::KeptOfDocument:
+        if (isBody)
+            keep(written(token), true);
         break;
-    case Word::Row:
+    case Word::KeptInText:
         if (isBody) {
-            m_sink.chopTab();
-            endParagraph();
+            const bool isRaised = m_state.characters.script == Script::Superscript;
+            m_sink.addKept((isRaised ? "{\\super" : "{\\nosupersub") + written(token) + '}');
         }
         break;
     default:
         return false;
     }
     return true;
+}
+
+bool Interpreter::handleTableWord(ControlWord word, const Token &token)
+{
+    switch (word.word) {
+    case Word::Cell:
+        endCell(1);
+        return true;
+    case Word::NestedCell:
+        endCell(qMax(2, depth()));
+        return true;
+    case Word::Row:
+        if (m_state.destination == Destination::Body)
+            endRow(1, m_row.row());
+        return true;
+    case Word::NestedRow:
+        if (m_state.destination == Destination::Body)
+            endRow(nestedLevel(), m_nestedRow.row());
+        return true;
+    default:
+        return m_row.handle(word, token, m_colors, m_border);
+    }
 }
 
 bool Interpreter::handleCharacterWord(ControlWord word, const Token &token)
@@ -222,6 +282,12 @@ bool Interpreter::handleCharacterWord(ControlWord word, const Token &token)
     case Word::Script:
         characters.script = isOn(token) ? Script(word.argument) : Script::Normal;
         break;
+    case Word::Raise: {
+        constexpr int kUsual = 6; ///< half points, when none are stated
+        characters.raise =
+            word.argument * (token.hasParameter ? qBound(0, token.parameter, kMaximumHalfPoints) : kUsual);
+        break;
+    }
     case Word::Capitals:
         characters.capitals = isOn(token) ? Capitals(word.argument) : Capitals::Normal;
         break;
@@ -231,6 +297,25 @@ bool Interpreter::handleCharacterWord(ControlWord word, const Token &token)
     case Word::Protected:
         characters.isProtected = isOn(token);
         break;
+    case Word::Spacing:
+        characters.spacing = length(token);
+        break;
+    case Word::Language:
+        characters.language = qBound(0, token.parameter, 0xFFFF);
+        break;
+    case Word::KeptOfCharacters:
+        setKeptWord(characters.kept, token, true);
+        break;
+    default:
+        return handleFontOrColor(word, token);
+    }
+    return true;
+}
+
+bool Interpreter::handleFontOrColor(ControlWord word, const Token &token)
+{
+    Characters &characters = m_state.characters;
+    switch (word.word) {
     case Word::Font:
         characters.font = token.parameter;
         m_state.codePage = kUnknown;
@@ -247,6 +332,9 @@ bool Interpreter::handleCharacterWord(ControlWord word, const Token &token)
     case Word::Background:
         characters.background = token.parameter;
         break;
+    case Word::UnderlineColor:
+        characters.underlineColor = token.parameter;
+        break;
     default:
         return false;
     }
@@ -255,49 +343,103 @@ bool Interpreter::handleCharacterWord(ControlWord word, const Token &token)
 
 bool Interpreter::handleParagraphWord(ControlWord word, const Token &token)
 {
-    ParagraphFormat &paragraph = m_state.paragraph;
+    Paragraph &paragraph = m_state.paragraph;
+    ParagraphFormat &format = paragraph.format;
     switch (word.word) {
     case Word::ParagraphDefaults:
         paragraph = {};
-        m_state.nextTab = TabKind::Left;
+        m_border.begin({});
         break;
     case Word::Alignment:
-        paragraph.alignment = Alignment(word.argument);
+        format.alignment = Alignment(word.argument);
         break;
     case Word::LeftIndent:
-        paragraph.leftIndent = length(token);
+        format.leftIndent = length(token);
+        paragraph.indentStated = true;
         break;
     case Word::RightIndent:
-        paragraph.rightIndent = length(token);
+        format.rightIndent = length(token);
         break;
     case Word::FirstIndent:
-        paragraph.firstIndent = length(token);
+        format.firstIndent = length(token);
+        paragraph.indentStated = true;
         break;
     case Word::SpaceBefore:
-        paragraph.spaceBefore = distance(token);
+        format.spaceBefore = distance(token);
         break;
     case Word::SpaceAfter:
-        paragraph.spaceAfter = distance(token);
+        format.spaceAfter = distance(token);
         break;
     case Word::LineSpacing:
-        paragraph.lineSpacing = length(token);
+        format.lineSpacing = length(token);
         break;
     case Word::LineSpacingMultiple:
-        paragraph.lineSpacingMultiple = isOn(token);
+        format.lineSpacingMultiple = isOn(token);
         break;
     case Word::Direction:
-        paragraph.rightToLeft = word.argument != 0;
+        format.rightToLeft = word.argument != 0;
         break;
     case Word::PageBreakBefore:
-        paragraph.pageBreakBefore = isOn(token);
+        format.pageBreakBefore = isOn(token);
         break;
     case Word::Tab:
-        if (paragraph.tabs.size() < kMaximumTabs)
-            paragraph.tabs.append({length(token), m_state.nextTab});
-        m_state.nextTab = TabKind::Left;
+        if (format.tabs.size() < kMaximumTabs)
+            format.tabs.append({length(token), paragraph.nextTab});
+        paragraph.nextTab = TabKind::Left;
         break;
     case Word::TabKind:
-        m_state.nextTab = TabKind(word.argument);
+        paragraph.nextTab = TabKind(word.argument);
+        break;
+    default:
+        return handleParagraphExtra(word, token);
+    }
+    return true;
+}
+
+/// Lists, shading, borders, the tables around.
+bool Interpreter::handleParagraphExtra(ControlWord word, const Token &token)
+{
+    Paragraph &paragraph = m_state.paragraph;
+    switch (word.word) {
+    case Word::ListNumber:
+        paragraph.list = token.parameter;
+        break;
+    case Word::ListLevelNumber:
+        paragraph.format.item.level = qBound(0, token.parameter, kDeepestLevel);
+        break;
+    case Word::InTable:
+        paragraph.inTable = isOn(token);
+        break;
+    case Word::TableDepth:
+        paragraph.depth = qMax(0, token.parameter);
+        break;
+    case Word::ParagraphBackground:
+        paragraph.shading.background = m_colors.color(token.parameter);
+        break;
+    case Word::ParagraphForeground:
+        paragraph.shading.foreground = m_colors.color(token.parameter);
+        break;
+    case Word::ParagraphShading:
+        paragraph.shading.percent100 = token.parameter;
+        break;
+    case Word::ParagraphBorder: {
+        Borders &borders = paragraph.format.borders;
+        if (word.argument == kNoSide)
+            m_border.begin({});
+        else if (word.argument == kAllSides)
+            m_border.begin(
+                {&borders[Side::Top], &borders[Side::Left], &borders[Side::Bottom], &borders[Side::Right]});
+        else
+            m_border.begin({&borders[Side(word.argument)]});
+        break;
+    }
+    case Word::BorderStyle:
+    case Word::BorderWidth:
+    case Word::BorderSpace:
+    case Word::BorderColor:
+        return m_border.handle(word, token, m_colors);
+    case Word::KeptOfParagraph:
+        setKeptWord(paragraph.format.kept, token, true);
         break;
     default:
         return false;

@@ -1,75 +1,28 @@
 #pragma once
 
-#include <QByteArray>
-#include <QHash>
-#include <QString>
-#include <QVector>
-#include <optional>
+#include "richtext/rtf/formats.h"
+
+#include <memory>
 #include <variant>
 #include <vector>
 
 /// A rich text document as a flat list of operations, in reading order: what the interpreter of RTF
 /// emits, what the writer takes, what a text document is filled from. Plain values, no windows.
-///
-/// Lengths are twips (1/1440 inch) and font sizes half points, as in the files.
 namespace norvane::rtf {
 
-enum class Underline : quint8 { None, Single, Words, Double, Thick, Dotted, Dash, DashDot, DashDotDot, Wave };
-enum class Script : quint8 { Normal, Superscript, Subscript };
-enum class Capitals : quint8 { Normal, All, Small };
-
-struct CharacterFormat
-{
-    QString font;                      ///< family; empty: the document's default
-    int halfPoints = 24;               ///< size
-    std::optional<quint32> color;      ///< 0xRRGGBB; nothing: automatic
-    std::optional<quint32> background; ///< 0xRRGGBB; nothing: the paper
-    Underline underline = Underline::None;
-    Script script = Script::Normal;
-    Capitals capitals = Capitals::Normal;
-    bool bold = false;
-    bool italic = false;
-    bool strikeOut = false;
-    bool isProtected = false;
-    bool hidden = false;
-    bool symbol = false; ///< the font has a character set of its own: text is U+F000 to U+F0FF
-
-    bool operator==(const CharacterFormat &) const = default;
-};
-
-enum class Alignment : quint8 { Leading, Left, Right, Center, Justify };
-enum class TabKind : quint8 { Left, Right, Center, Decimal };
-
-struct Tab
-{
-    int position = 0;
-    TabKind kind = TabKind::Left;
-
-    bool operator==(const Tab &) const = default;
-};
-
-struct ParagraphFormat
-{
-    int leftIndent = 0;
-    int rightIndent = 0;
-    int firstIndent = 0; ///< relative to leftIndent; negative hangs
-    int spaceBefore = 0;
-    int spaceAfter = 0;
-    int lineSpacing = 0;              ///< 0 automatic; else at least this, exactly its amount if negative
-    bool lineSpacingMultiple = false; ///< lineSpacing counts 240ths of a line
-    Alignment alignment = Alignment::Leading;
-    bool rightToLeft = false;
-    bool bullet = false;
-    bool pageBreakBefore = false;
-    QVector<Tab> tabs;
-
-    bool operator==(const ParagraphFormat &) const = default;
-};
-
-size_t qHash(const CharacterFormat &format, size_t seed = 0) noexcept;
-size_t qHash(const ParagraphFormat &format, size_t seed = 0) noexcept;
-
 enum class PictureKind : quint8 { Png, Jpeg, Dib, Wmf, Emf, Mac };
+
+/// An object of another program that stands in the text: shown as a picture, kept for the program.
+/// It is never run or loaded by reading a document.
+struct EmbeddedObject
+{
+    QString className;             ///< as the file states it: "Package", "Excel.Sheet.8"
+    QByteArray data;               ///< what the object's program wrote; for its shape see package_object.h
+    QByteArray words = "\\objemb"; ///< kind and size, KeptWords
+    QByteArray kept;               ///< further groups of the object (kept_pieces.h)
+
+    bool operator==(const EmbeddedObject &) const = default;
+};
 
 struct Picture
 {
@@ -79,11 +32,14 @@ struct Picture
     int height = 0;
     int displayWidth = 0; ///< twips; 0: the picture's natural size
     int displayHeight = 0;
-    QByteArray bytes;
-    /// The group that the picture stands for (an embedded object, say), as it came; empty if none.
+    Sides<int> crop;  ///< twips that are cut away at each side, before scaling
+    QByteArray bytes; ///< empty: there is nothing to show
+    QByteArray kept;  ///< further groups of the picture (kept_pieces.h)
+    /// What the picture stands for and what is written in its place (kept_pieces.h); empty if none.
     QByteArray original;
+    std::shared_ptr<const EmbeddedObject> object; ///< that the picture shows; nullptr if none
 
-    bool operator==(const Picture &) const = default;
+    bool operator==(const Picture &other) const;
 };
 
 /// Text of one format. Holds no paragraph ends; U+2028 breaks a line within the paragraph.
@@ -102,42 +58,64 @@ struct ParagraphEnd
 
 struct PictureRun
 {
-    Picture picture;
-    int format = 0; ///< index into Document::characterFormats
+    std::shared_ptr<const Picture> picture; ///< never nullptr
+    int format = 0;                         ///< index into Document::characterFormats
 };
 
-using Operation = std::variant<TextRun, ParagraphEnd, PictureRun>;
-
-/// Formats, each kept once, by index in the order of their first use.
-template <typename Format> class FormatPool
+/// What stands at this place and is not shown: a footnote, a bookmark, a comment. It comes before a
+/// text, a picture, or the end of a paragraph or cell, or last of all.
+struct KeptPiece
 {
-public:
-    int indexOf(const Format &format)
-    {
-        const auto known = m_indexes.constFind(format);
-        if (known != m_indexes.constEnd())
-            return *known;
-        const int index = int(m_formats.size());
-        m_formats.append(format);
-        m_indexes.insert(format, index);
-        return index;
-    }
-    const Format &at(int index) const { return m_formats.at(index); }
-    int size() const { return int(m_formats.size()); }
+    QByteArray bytes; ///< see kept_pieces.h
+};
 
-private:
-    QVector<Format> m_formats;
-    QHash<Format, int> m_indexes;
+/// Tables lie between paragraphs. Their rows follow each other, each made of the contents of its
+/// cells, each ended by a CellEnd, and of a RowEnd: as many cells as its format has.
+struct TableBegin
+{
+};
+
+/// Ends the last paragraph of a cell, and the cell.
+struct CellEnd
+{
+    int paragraphFormat = 0;
+    int format = 0;
+};
+
+struct RowEnd
+{
+    int rowFormat = 0; ///< index into Document::rowFormats
+};
+
+struct TableEnd
+{
+};
+
+using Operation =
+    std::variant<TextRun, ParagraphEnd, PictureRun, KeptPiece, TableBegin, CellEnd, RowEnd, TableEnd>;
+
+/// What stands around text and is not shown: a field or an object, whose result the text is.
+struct Wrapper
+{
+    /// The group from its begin to where the result begins, both braces of which are open.
+    QByteArray begin;
+    int outer = -1; ///< the wrapper around this one; -1 if none
+
+    bool operator==(const Wrapper &) const = default;
 };
 
 struct Document
 {
     FormatPool<CharacterFormat> characterFormats;
     FormatPool<ParagraphFormat> paragraphFormats;
+    FormatPool<RowFormat> rowFormats;
     std::vector<Operation> operations;
+    std::vector<Wrapper> wrappers;
     QString defaultFont; ///< family of text that names none; may be empty
+    QByteArray styles;   ///< the style sheet (kept_pieces.h); empty if none
+    QByteArray prologue; ///< everything else before the text that is kept (kept_pieces.h)
 
-    /// The text alone, a paragraph end as "\n".
+    /// The text alone, a paragraph's or cell's end as "\n".
     QString plainText() const;
 };
 

@@ -1,369 +1,266 @@
 #include "richtext/rtf/writer.h"
 
+#include "richtext/rtf/WriterTables.h"
+#include "richtext/rtf/control_words.h"
+#include "richtext/rtf/field_instruction.h"
+#include "richtext/rtf/format_writer.h"
+#include "richtext/rtf/list_numbers.h"
+#include "richtext/rtf/object_groups.h"
+#include "richtext/rtf/text_escapes.h"
+
+#include <QVarLengthArray>
+#include <algorithm>
 #include <optional>
 
 namespace norvane::rtf {
 namespace {
 
-constexpr char kLineEnd[] = "\r\n";
-constexpr qsizetype kHexPerLine = 64; ///< bytes of a picture in a line
-
-QByteArray hexByte(char16_t value)
-{
-    return QByteArray::number(value, 16).rightJustified(2, '0');
-}
-
-/// Fonts and colours of the document, numbered in the order in which they are used.
-class Tables
+class Writer
 {
 public:
-    explicit Tables(const Document &document)
+    explicit Writer(const Document &document)
+        : m_document(document), m_tables(document), m_formats(m_out, m_tables)
     {
-        m_defaultFont = document.defaultFont.isEmpty() ? QStringLiteral("Arial") : document.defaultFont;
-        fontNumber({m_defaultFont, false});
-        for (const Operation &operation : document.operations)
-            std::visit([&](const auto &value) { use(document.characterFormats.at(value.format)); },
-                       operation);
-        for (const Operation &operation : document.operations) {
-            const auto *end = std::get_if<ParagraphEnd>(&operation);
-            if (end && document.paragraphFormats.at(end->paragraphFormat).bullet) {
-                m_bulletFont = fontNumber({QStringLiteral("Symbol"), true});
-                break;
+        findRows();
+    }
+
+    QByteArray run()
+    {
+        writeHeader(m_out, m_tables, m_document);
+        const auto &operations = m_document.operations;
+        for (size_t i = 0; i < operations.size(); ++i) {
+            if (m_rowIsOver && !std::holds_alternative<TableEnd>(operations[i]))
+                beginRow();
+            if (m_atParagraphBegin && !isStructure(operations[i]))
+                beginParagraph(i);
+            std::visit([this](const auto &value) { add(value); }, operations[i]);
+        }
+        closeWrappers(0);
+        m_out.put("}");
+        m_out.endLine();
+        return m_out.bytes();
+    }
+
+private:
+    /// A group around text.
+    struct Group
+    {
+        int wrapper = -1; ///< -1: a link
+        QString link;
+        QString tip;
+
+        bool operator==(const Group &) const = default;
+    };
+    using Groups = QVarLengthArray<Group, 4>;
+    struct Opened
+    {
+        Group group;
+        FormatWriter::State before; ///< what is in force before it
+    };
+
+    static bool isStructure(const Operation &operation)
+    {
+        return std::holds_alternative<TableBegin>(operation) || std::holds_alternative<RowEnd>(operation) ||
+               std::holds_alternative<TableEnd>(operation);
+    }
+
+    /// The format of a row comes at its end and is written at its begin.
+    void findRows()
+    {
+        std::vector<size_t> open;
+        const auto &operations = m_document.operations;
+        const auto begin = [&] {
+            open.push_back(m_rows.size());
+            m_rows.push_back(0);
+        };
+        for (size_t i = 0; i < operations.size(); ++i) {
+            if (std::holds_alternative<TableBegin>(operations[i])) {
+                begin();
+            } else if (const auto *end = std::get_if<RowEnd>(&operations[i])) {
+                m_rows[open.back()] = end->rowFormat;
+                open.pop_back();
+                if (i + 1 < operations.size() && !std::holds_alternative<TableEnd>(operations[i + 1]))
+                    begin();
             }
         }
     }
 
-    int font(const CharacterFormat &format)
+    /// The format of a paragraph comes at its end, too.
+    void beginParagraph(size_t first)
     {
-        return fontNumber({format.font.isEmpty() ? m_defaultFont : format.font, format.symbol});
-    }
-    /// 0 is the automatic colour.
-    int color(std::optional<quint32> color)
-    {
-        if (!color)
-            return 0;
-        const auto known = m_colorNumbers.constFind(*color);
-        if (known != m_colorNumbers.constEnd())
-            return *known;
-        m_colors.append(*color);
-        const int number = int(m_colors.size());
-        m_colorNumbers.insert(*color, number);
-        return number;
-    }
-    int bulletFont() const { return m_bulletFont; }
-
-    struct Font
-    {
-        QString name;
-        bool symbol = false;
-
-        bool operator==(const Font &) const = default;
-        friend size_t qHash(const Font &font, size_t seed = 0)
-        {
-            return qHashMulti(seed, font.name, font.symbol);
-        }
-    };
-    const QVector<Font> &fonts() const { return m_fonts; }
-    const QVector<quint32> &colors() const { return m_colors; }
-
-private:
-    void use(const CharacterFormat &format)
-    {
-        font(format);
-        color(format.color);
-        color(format.background);
-    }
-    int fontNumber(const Font &font)
-    {
-        const auto known = m_fontNumbers.constFind(font);
-        if (known != m_fontNumbers.constEnd())
-            return *known;
-        const int number = int(m_fonts.size());
-        m_fonts.append(font);
-        m_fontNumbers.insert(font, number);
-        return number;
-    }
-
-    QString m_defaultFont;
-    QVector<Font> m_fonts;
-    QHash<Font, int> m_fontNumbers;
-    QVector<quint32> m_colors;
-    QHash<quint32, int> m_colorNumbers;
-    int m_bulletFont = 0;
-};
-
-class Writer
-{
-public:
-    explicit Writer(const Document &document) : m_document(document), m_tables(document) {}
-
-    QByteArray run()
-    {
-        header();
         const auto &operations = m_document.operations;
-        // A paragraph's format is known at its end, and written at its begin.
-        for (size_t begin = 0; begin < operations.size();) {
-            size_t end = begin;
-            while (end < operations.size() && !std::holds_alternative<ParagraphEnd>(operations[end]))
-                ++end;
-            if (end == operations.size())
-                beginParagraph({});
-            else
-                beginParagraph(
-                    m_document.paragraphFormats.at(std::get<ParagraphEnd>(operations[end]).paragraphFormat));
-            const size_t next = qMin(end + 1, operations.size());
-            for (; begin < next; ++begin)
-                std::visit([this](const auto &value) { add(value); }, operations[begin]);
+        int index = -1;
+        int characters = -1;
+        for (size_t i = first; i < operations.size() && index < 0; ++i) {
+            if (const auto *run = std::get_if<TextRun>(&operations[i])) {
+                characters = characters < 0 ? run->format : characters;
+            } else if (const auto *picture = std::get_if<PictureRun>(&operations[i])) {
+                characters = characters < 0 ? picture->format : characters;
+            } else if (const auto *end = std::get_if<ParagraphEnd>(&operations[i])) {
+                index = end->paragraphFormat;
+                characters = characters < 0 ? end->format : characters;
+            } else if (const auto *cell = std::get_if<CellEnd>(&operations[i])) {
+                index = cell->paragraphFormat;
+            }
         }
-        m_out += "}";
-        m_out += kLineEnd;
-        return m_out;
-    }
-
-private:
-    void header()
-    {
-        m_out = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl";
-        int number = 0;
-        for (const Tables::Font &font : m_tables.fonts()) {
-            m_out += "{\\f" + QByteArray::number(number++) + "\\fnil\\fcharset" + (font.symbol ? "2 " : "0 ");
-            QString name = font.name;
-            text(name.remove(u';'), false);
-            m_out += ";}";
-        }
-        m_out += "}";
-        m_out += kLineEnd;
-        if (!m_tables.colors().isEmpty()) {
-            m_out += "{\\colortbl ;";
-            for (const quint32 color : m_tables.colors())
-                m_out += "\\red" + QByteArray::number(color >> 16 & 0xFF) + "\\green" +
-                         QByteArray::number(color >> 8 & 0xFF) + "\\blue" + QByteArray::number(color & 0xFF) +
-                         ";";
-            m_out += "}";
-            m_out += kLineEnd;
-        }
-        m_out += "\\viewkind4\\uc1";
-    }
-
-    void word(const char *letters)
-    {
-        m_out += letters;
-        m_needsBlank = true;
-    }
-    void word(const char *letters, int parameter)
-    {
-        m_out += letters;
-        m_out += QByteArray::number(parameter);
-        m_needsBlank = true;
-    }
-    void wordUnless0(const char *letters, int parameter)
-    {
-        if (parameter != 0)
-            word(letters, parameter);
-    }
-
-    void beginParagraph(const ParagraphFormat &format)
-    {
-        const bool isNew = !m_paragraph || *m_paragraph != format;
-        if (isNew)
-            word("\\pard");
-        if (format.bullet)
-            bullet(isNew);
-        if (!isNew)
-            return;
-        m_paragraph = format;
-        if (format.rightToLeft)
-            word("\\rtlpar");
-        if (format.pageBreakBefore)
-            word("\\pagebb");
-        wordUnless0("\\fi", format.firstIndent);
-        wordUnless0("\\li", format.leftIndent);
-        wordUnless0("\\ri", format.rightIndent);
-        wordUnless0("\\sb", format.spaceBefore);
-        wordUnless0("\\sa", format.spaceAfter);
-        if (format.lineSpacing != 0) {
-            word("\\sl", format.lineSpacing);
-            word("\\slmult", format.lineSpacingMultiple ? 1 : 0);
-        }
-        switch (format.alignment) {
-        case Alignment::Leading:
-            break;
-        case Alignment::Left:
-            word("\\ql");
-            break;
-        case Alignment::Right:
-            word("\\qr");
-            break;
-        case Alignment::Center:
-            word("\\qc");
-            break;
-        case Alignment::Justify:
-            word("\\qj");
-            break;
-        }
-        for (const Tab &tab : format.tabs) {
-            if (tab.kind == TabKind::Right)
-                word("\\tqr");
-            else if (tab.kind == TabKind::Center)
-                word("\\tqc");
-            else if (tab.kind == TabKind::Decimal)
-                word("\\tqdec");
-            word("\\tx", tab.position);
-        }
-    }
-
-    void bullet(bool isNew)
-    {
-        const QByteArray font = QByteArray::number(m_tables.bulletFont());
-        m_out += "{\\pntext\\f" + font + "\\'B7\\tab}";
-        if (isNew)
-            m_out += "{\\*\\pn\\pnlvlblt\\pnf" + font + "\\pnindent0{\\pntxtb\\'B7}}";
-        m_needsBlank = false;
+        if (characters >= 0)
+            closeOthers(around(m_document.characterFormats.at(characters)));
+        const ParagraphFormat format = index < 0 ? ParagraphFormat() : m_document.paragraphFormats.at(index);
+        m_formats.beginParagraph(format, m_depth, m_counter.next(format));
+        m_atParagraphBegin = false;
     }
 
     void characters(int index)
     {
-        if (index == m_characters)
-            return;
-        const CharacterFormat &to = m_document.characterFormats.at(index);
-        const CharacterFormat from =
-            m_characters < 0 ? CharacterFormat() : m_document.characterFormats.at(m_characters);
-        const bool first = std::exchange(m_characters, index) < 0;
+        const CharacterFormat &format = m_document.characterFormats.at(index);
+        enter(format);
+        m_formats.characters(format);
+    }
 
-        if (const int color = m_tables.color(to.color); color != m_tables.color(from.color))
-            word("\\cf", color);
-        if (const int color = m_tables.color(to.background); color != m_tables.color(from.background))
-            word("\\highlight", color);
-        if (const int font = m_tables.font(to); first || font != m_tables.font(from))
-            word("\\f", font);
-        if (first || to.halfPoints != from.halfPoints)
-            word("\\fs", to.halfPoints);
-        toggle("\\b", from.bold, to.bold);
-        toggle("\\i", from.italic, to.italic);
-        toggle("\\strike", from.strikeOut, to.strikeOut);
-        toggle("\\protect", from.isProtected, to.isProtected);
-        toggle("\\v", from.hidden, to.hidden);
-        if (to.underline != from.underline)
-            underline(to.underline);
-        if (to.script != from.script)
-            word(to.script == Script::Normal        ? "\\nosupersub"
-                 : to.script == Script::Superscript ? "\\super"
-                                                    : "\\sub");
-        if (to.capitals != from.capitals) {
-            toggle("\\caps", from.capitals == Capitals::All, to.capitals == Capitals::All);
-            toggle("\\scaps", from.capitals == Capitals::Small, to.capitals == Capitals::Small);
-            if (to.capitals == Capitals::All && from.capitals == Capitals::Small)
-                word("\\caps"); // the last word counts
+    /// The groups around a text, from the outermost.
+    Groups around(const CharacterFormat &format) const
+    {
+        Groups groups;
+        for (int wrapper = format.wrapper; wrapper >= 0;
+             wrapper = m_document.wrappers[size_t(wrapper)].outer) {
+            if (!m_document.wrappers[size_t(wrapper)].begin.isEmpty())
+                groups.push_back({wrapper, {}, {}});
+        }
+        std::reverse(groups.begin(), groups.end());
+        if (!format.link.isEmpty())
+            groups.push_back({-1, format.link, format.linkTip});
+        return groups;
+    }
+
+    /// Closes the groups that are not among these.
+    void closeOthers(const Groups &groups)
+    {
+        size_t common = 0;
+        while (common < m_opened.size() && common < size_t(groups.size()) &&
+               m_opened[common].group == groups[qsizetype(common)])
+            ++common;
+        closeWrappers(common);
+    }
+
+    /// Opens and closes the groups of fields, links and objects around the text.
+    void enter(const CharacterFormat &format)
+    {
+        if (format.wrapper < 0 && format.link.isEmpty() && m_opened.empty())
+            return;
+        const Groups groups = around(format);
+        closeOthers(groups);
+        for (auto i = qsizetype(m_opened.size()); i < groups.size(); ++i) {
+            const Group &group = groups[i];
+            m_opened.push_back({group, m_formats.state()});
+            if (group.wrapper >= 0) {
+                m_out.put(m_tables.written(m_document.wrappers[size_t(group.wrapper)].begin));
+            } else {
+                m_out.put("{\\field{\\*\\fldinst{");
+                m_out.text(instructionOf({group.link, group.tip}));
+                m_out.put("}}{\\fldrslt");
+            }
+            m_out.setAfterWord();
         }
     }
 
-    void toggle(const char *letters, bool from, bool to)
+    void closeWrappers(size_t remaining)
     {
-        if (from == to)
-            return;
-        word(letters);
-        if (!to)
-            m_out += '0';
-    }
-
-    void underline(Underline kind)
-    {
-        static constexpr const char *kWords[] = {"\\ulnone",   "\\ul",    "\\ulw",    "\\uldb",
-                                                 "\\ulth",     "\\uld",   "\\uldash", "\\uldashd",
-                                                 "\\uldashdd", "\\ulwave"};
-        word(kWords[size_t(kind)]);
+        while (m_opened.size() > remaining) {
+            m_out.put("}}");
+            m_formats.restore(m_opened.back().before, !m_atParagraphBegin);
+            m_opened.pop_back();
+        }
     }
 
     void add(const TextRun &run)
     {
         characters(run.format);
-        text(run.text, m_document.characterFormats.at(run.format).symbol);
+        m_formats.text(run.text, m_document.characterFormats.at(run.format));
     }
 
     void add(const ParagraphEnd &end)
     {
         characters(end.format);
-        m_out += "\\par";
-        m_out += kLineEnd;
-        m_needsBlank = false;
+        m_out.word(Word::ParagraphEnd);
+        m_out.endLine();
+        m_atParagraphBegin = true;
     }
 
     void add(const PictureRun &run)
     {
         characters(run.format);
-        picture(run.picture);
-        m_needsBlank = false;
+        writePicture(m_out, m_tables, *run.picture);
     }
 
-    void picture(const Picture &picture)
+    void add(const KeptPiece &piece)
     {
-        if (!picture.original.isEmpty()) {
-            m_out += picture.original;
-            return;
-        }
-        static constexpr const char *kWords[] = {"\\pngblip",   "\\jpegblip", "\\dibitmap0",
-                                                 "\\wmetafile", "\\emfblip",  "\\macpict"};
-        m_out += "{\\pict";
-        m_out += kWords[size_t(picture.kind)];
-        if (picture.kind == PictureKind::Wmf)
-            m_out += QByteArray::number(picture.mapMode);
-        wordUnless0("\\picw", picture.width);
-        wordUnless0("\\pich", picture.height);
-        wordUnless0("\\picwgoal", picture.displayWidth);
-        wordUnless0("\\pichgoal", picture.displayHeight);
-        for (qsizetype i = 0; i < picture.bytes.size(); i += kHexPerLine) {
-            m_out += kLineEnd;
-            m_out += picture.bytes.mid(i, kHexPerLine).toHex();
-        }
-        m_out += "}";
+        m_out.put(m_tables.written(piece.bytes));
+        if (!piece.bytes.endsWith('}'))
+            m_out.setAfterWord();
     }
 
-    void text(const QString &text, bool isSymbol)
+    void add(const TableBegin &)
     {
-        for (const QChar character : text)
-            unit(character.unicode(), isSymbol);
+        closeWrappers(0);
+        ++m_depth;
+        beginRow();
     }
 
-    void unit(char16_t unit, bool isSymbol)
+    void add(const CellEnd &end)
     {
-        const bool isPlain = unit >= 0x20 && unit < 0x7F && (!isSymbol || unit == u' ');
-        if (isPlain && unit != u'\\' && unit != u'{' && unit != u'}') {
-            if (m_needsBlank)
-                m_out += ' ';
-            m_out += char(unit);
-        } else if (isPlain) {
-            m_out += '\\';
-            m_out += char(unit);
-        } else if (unit == u'\t') {
-            word("\\tab");
-            return;
-        } else if (unit == QChar::LineSeparator) {
-            word("\\line");
-            return;
-        } else if (unit == QChar::Nbsp && !isSymbol) {
-            m_out += "\\~";
-        } else if (unit == QChar::SoftHyphen && !isSymbol) {
-            m_out += "\\-";
-        } else if (unit == u'\u2011') {
-            m_out += "\\_";
-        } else if (isSymbol && unit > 0xF020 && unit <= 0xF0FF) {
-            m_out += "\\'" + hexByte(unit & 0xFF);
-        } else if (unit > 0xA0 && unit <= 0xFF && !isSymbol) {
-            m_out += "\\'" + hexByte(unit); // the same in Unicode and in the code page of the file
-        } else if (unit >= 0x20) {
-            m_out += "\\u" + QByteArray::number(qint16(unit)) + '?';
+        closeWrappers(0); // they end in the cell that they begin in
+        m_formats.characters(m_document.characterFormats.at(end.format));
+        if (m_depth == 1) {
+            m_out.word(Word::Cell);
+            m_out.endLine();
         } else {
-            return; // a control character: nothing is written
+            m_out.word(Word::NestedCell);
+            m_out.put("{\\nonesttables\\par}");
+            m_out.endLine();
         }
-        m_needsBlank = false;
+        m_atParagraphBegin = true;
+    }
+
+    void add(const RowEnd &end)
+    {
+        if (m_depth == 1) {
+            m_out.word(Word::Row);
+        } else {
+            m_out.put("{\\*\\nesttableprops");
+            m_formats.row(m_document.rowFormats.at(end.rowFormat));
+            m_out.word(Word::NestedRow);
+            m_out.put("}{\\nonesttables\\par}");
+        }
+        m_out.endLine();
+        m_rowIsOver = true;
+    }
+
+    void add(const TableEnd &)
+    {
+        --m_depth;
+        m_rowIsOver = false;
+    }
+
+    void beginRow()
+    {
+        m_rowIsOver = false;
+        const int row = m_rows[m_nextRow++];
+        if (m_depth == 1)
+            m_formats.row(m_document.rowFormats.at(row));
+        m_formats.forgetParagraph();
     }
 
     const Document &m_document;
-    Tables m_tables;
-    QByteArray m_out;
-    bool m_needsBlank = false; ///< a word was written last: text needs a blank before it
-    int m_characters = -1;     ///< index of the format in force
-    std::optional<ParagraphFormat> m_paragraph;
+    WriterTables m_tables;
+    RtfOutput m_out;
+    FormatWriter m_formats;
+    ListCounter m_counter;
+    std::vector<Opened> m_opened;
+    std::vector<int> m_rows; ///< formats of the rows, in the order of their begins
+    size_t m_nextRow = 0;
+    int m_depth = 0; ///< of the tables around
+    bool m_atParagraphBegin = true;
+    bool m_rowIsOver = false;
 };
 
 } // namespace

@@ -12,6 +12,7 @@ namespace {
 constexpr int kKeysMs = 8000;
 
 constexpr int kHalfMenuEntry = 14; // pixels
+constexpr QPoint kPin(13, 12);     // from the note's corner
 
 const QString kText = QStringLiteral("Ask Ada about the second draft.");
 
@@ -139,6 +140,8 @@ bool MainJob::attachAndType()
     const bool typed = m_norvane.typeInto(note(), kText);
     if (!step(QStringLiteral("after a click what is typed shows in the note"), [&] { return typed; }))
         return false;
+    if (!openMenu())
+        return false;
     m_x.activate(m_window);
     if (!step(QStringLiteral("the program has the keyboard back"),
               [this] { return m_x.activeWindow() == m_window; }))
@@ -146,6 +149,16 @@ bool MainJob::attachAndType()
     m_place = noteInTarget();
     m_look = m_norvane.settledPictureOf(note());
     return true;
+}
+
+bool MainJob::openMenu()
+{
+    m_x.click(m_x.geometry(note()).topLeft() + kPin);
+    const auto menu = [this] { return m_x.menuOfProcess(m_norvane.process()->processId()); };
+    if (!step(QStringLiteral("the pin opens a menu"), [&] { return menu() != 0; }))
+        return false;
+    m_x.press(QStringLiteral("Escape"));
+    return step(QStringLiteral("and Escape closes it"), [&] { return menu() == 0; });
 }
 
 bool MainJob::leaveAndReturn()

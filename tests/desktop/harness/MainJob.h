@@ -51,6 +51,7 @@ private:
     bool go(int thing, const QString &name, const std::function<bool()> &seen);
     bool openTarget();
     bool attachAndType();
+    bool openMenu();
     bool leaveAndReturn();
     bool openSecondWindow();
     bool moveAndMinimise();

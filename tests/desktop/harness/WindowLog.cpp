@@ -77,8 +77,7 @@ WindowLog::Life WindowLog::lifeOf(xcb_window_t window)
     QHash<xcb_window_t, QRect> rects;
     xcb_window_t outer = window; // what stands for the window on the root
     bool mapped = false;
-    for (int number = 0; number < static_cast<int>(m_entries.size()); ++number) {
-        const Entry &entry = m_entries[static_cast<std::size_t>(number)];
+    for (const Entry &entry : m_entries) {
         switch (entry.what) {
         case Entry::What::Made:
             rects[entry.window] = entry.rect;
@@ -103,11 +102,8 @@ WindowLog::Life WindowLog::lifeOf(xcb_window_t window)
             break;
         case Entry::What::Mapped:
             if (entry.window == outer) {
-                if (life.maps++ == 0) {
-                    life.firstMap = number;
-                    if (outer == window)
-                        life.asked = rects.value(window);
-                }
+                if (life.maps++ == 0 && outer == window)
+                    life.asked = rects.value(window);
                 if (life.shown.isEmpty() || life.shown.last() != rects.value(outer))
                     life.shown.append(rects.value(outer));
                 mapped = true;
@@ -116,7 +112,6 @@ WindowLog::Life WindowLog::lifeOf(xcb_window_t window)
         case Entry::What::Unmapped:
             if (entry.window == outer && mapped) {
                 ++life.unmaps;
-                life.lastUnmap = number;
                 mapped = false;
             }
             break;

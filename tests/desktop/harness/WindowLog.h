@@ -28,8 +28,6 @@ public:
         int unmaps = 0;
         QRect asked;          ///< place and size when its program mapped it
         QVector<QRect> shown; ///< those that it had on the screen, each change anew
-        int firstMap = -1;    ///< number of the event; -1: never mapped
-        int lastUnmap = -1;   ///< number of the event; -1: never unmapped
     };
 
     /// A window that was made since the log began; the latest of those that had this id.

@@ -17,6 +17,7 @@ class OpenMenu : public testing::Test
 protected:
     OpenMenu()
     {
+        QCursor::setPos(5, 5);
         owner->setGeometry(50, 60, 300, 200);
         owner->show();
         menu->setHwndOwner(owner.get());

@@ -64,23 +64,23 @@ TEST_F(MenuLifetime, EndsWithItsOwner)
 
 TEST_F(MenuLifetime, EndsWithAnOwnerThatTakesItAlong)
 {
-    const NVPopupMenu *shown = menu.get();
-    menu.release()->setParent(owner.get());
+    NVPopupMenu *shown = menu.release();
+    shown->setParent(owner.get());
     whenOpen([&](MenuWindow *) {
         press({Qt::Key_End, Qt::Key_Up, Qt::Key_Right});
         owner.reset();
         EXPECT_TRUE(isGone());
     });
-    EXPECT_EQ(const_cast<NVPopupMenu *>(shown)->ShowPopupAbsolute(100, 100), 0);
+    EXPECT_EQ(shown->ShowPopupAbsolute(100, 100), 0);
 }
 
 TEST_F(MenuLifetime, MayEndInAnyOfItsEvents)
 {
-    for (const int moment : {0, 1, 2, 3, 4}) {
+    for (const int moment : {0, 1, 2, 3, 4, 5}) {
         auto *doomed = new NVPopupMenu;
         const QPointer<NVPopupMenu> guard(doomed);
         doomed->setHwndOwner(owner.get());
-        doomed->AddItem(u"Sub"_s);
+        doomed->setOwnerDraw(doomed->AddItem(u"Sub"_s), true);
         doomed->setOwnerDraw(doomed->AddItem(u"Inner"_s, {}, 0, 1), true);
         const auto end = [=](int now) {
             if (now == moment)
@@ -88,8 +88,8 @@ TEST_F(MenuLifetime, MayEndInAnyOfItsEvents)
         };
         QObject::connect(doomed, &NVPopupMenu::InitPopupMenu, [=](int parent) { end(parent); });
         QObject::connect(doomed, &NVPopupMenu::ItemHighlight, [=] { end(2); });
-        QObject::connect(doomed, &NVPopupMenu::MeasureItem, [=] { end(3); });
-        QObject::connect(doomed, &NVPopupMenu::DrawItem, [=] { end(4); });
+        QObject::connect(doomed, &NVPopupMenu::MeasureItem, [=](int index) { end(2 + index); });
+        QObject::connect(doomed, &NVPopupMenu::DrawItem, [=] { end(5); });
         QTimer::singleShot(0, owner.get(), [&] {
             press({Qt::Key_Down, Qt::Key_Right});
             EXPECT_TRUE(QTest::qWaitFor([&] { return !guard; }));

@@ -221,20 +221,6 @@ TEST_F(MenuPainting, LetsTheHostMeasureAndDraw)
     EXPECT_EQ(count(0, qRgb(255, 0, 255)), 0);
 }
 
-TEST_F(MenuPainting, KeepsOneShortcutColumn)
-{
-    add(u"a\tF1"_s);
-    add(u"abcdef"_s);
-    add(u"abc\tCtrl+F12"_s);
-    shown();
-    const auto &items = menu->items();
-    EXPECT_GT(items[0].shortcutColumn, 0);
-    EXPECT_EQ(items[0].shortcutColumn, items[1].shortcutColumn);
-    EXPECT_EQ(items[0].shortcutColumn, items[2].shortcutColumn);
-    EXPECT_EQ(items[0].shortcutColumn, 32 + menu->metrics().width(u"abcdef"_s, false) + 8);
-    EXPECT_EQ(items[0].width, items[0].shortcutColumn + menu->metrics().width(u"Ctrl+F12"_s, false));
-}
-
 TEST_F(MenuPainting, FollowsTheDesktopsFontAndColours)
 {
     add(u"item"_s);
@@ -264,19 +250,6 @@ TEST_F(MenuPainting, FollowsTheDesktopsFontAndColours)
     EXPECT_EQ(itemHeight(), height) << "the owner was told";
     EXPECT_TRUE(menu->metrics().BoldenedFontHandle().bold());
     EXPECT_LT(menu->metrics().SmallerFontHandle().pointSizeF(), menu->metrics().FontHandle(2).pointSizeF());
-}
-
-TEST_F(MenuPainting, CutsNoCaption)
-{
-    add(u"WWWWWWWW\tWWW"_s);
-    add(u"iiiiiiiiiiiiii\tiiiiiii"_s);
-    menu->setDefault(1, true);
-    shown();
-    const int text = menu->metrics().width(u"WWWWWWWW"_s, true) + menu->metrics().width(u"WWW"_s, true);
-    EXPECT_GT(rects.at(0).width(), itemHeight() + text + 8);
-    const QRgb ink = role(QPalette::WindowText);
-    for (int y = rects[0].top(); y <= rects[0].bottom(); ++y)
-        EXPECT_NE(picture.pixel(rects[0].right() - 3, y), ink);
 }
 
 } // namespace

@@ -13,6 +13,7 @@ class MemoryFiles final : public FileSystem
 {
 public:
     bool exists(const QString &path) const override { return files.contains(path); }
+    qint64 size(const QString &path) const override { return read(path).size(); }
     QByteArray read(const QString &path) const override
     {
         if (!files.contains(path))

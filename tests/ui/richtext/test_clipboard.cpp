@@ -1,5 +1,6 @@
 #include "MemoryFiles.h"
 #include "richtext/RichTextBox.h"
+#include "richtext/edit_mime_data.h"
 #include "sample_documents.h"
 
 #include <QApplication>
@@ -85,6 +86,20 @@ TEST_F(ClipboardTest, PastesImages)
     box.paste();
     EXPECT_EQ(box.Text(), u" "_qs);
     EXPECT_TRUE(box.TextRTF().contains("\\pngblip\\picw20\\pich10"));
+}
+
+TEST_F(ClipboardTest, AnImageOfASharpScreenLooksAsLargeAsThere)
+{
+    QImage image(40, 20, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    image.setDevicePixelRatio(2);
+    QMimeData data;
+    data.setImageData(image);
+    const std::optional<rtf::Picture> picture = pictureOf(data);
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->width, 40);
+    EXPECT_EQ(picture->displayWidth, 20 * 15);
+    EXPECT_EQ(picture->displayHeight, 10 * 15);
 }
 
 TEST_F(ClipboardTest, KeepsTheImagesThatHtmlCarriesAndNoOthers)

@@ -19,7 +19,7 @@ TEST(DocumentRoundTrip, ATextDocumentGivesBackWhatItWasFilledWith)
         QTextCursor cursor(&text);
         PictureStore pictures;
         buildDocument(document, cursor, pictures, Extent::WholeDocument);
-        ASSERT_EQ(describe(readDocument(text)).toStdString(), describe(document).toStdString()) << seed;
+        ASSERT_EQ(firstDifference(readDocument(text), document).toStdString(), "") << seed;
     }
 }
 
@@ -30,7 +30,8 @@ TEST(DocumentRoundTrip, LoadingAndSavingAgainChangesNothing)
     for (quint32 seed = 200; seed < 260; ++seed) {
         const QByteArray written = rtf::write(rtf::sampleDocument(seed));
         box.setTextRTF(written);
-        ASSERT_EQ(box.TextRTF().toStdString(), written.toStdString()) << seed;
+        ASSERT_EQ(firstDifference(*rtf::read(box.TextRTF()), *rtf::read(written)).toStdString(), "") << seed;
+        ASSERT_TRUE(box.TextRTF() == written) << seed;
     }
 }
 

@@ -66,10 +66,32 @@ TEST_F(RichTextBoxTest, PositionsAreThoseOfTheText)
             if (inLineEnd)
                 continue;
             box.setSelLength(7);
+            // Cells of tables are selected whole.
+            const int start = box.SelStart();
             const int length = box.SelLength();
-            ASSERT_EQ(box.SelText().toStdString(), text.mid(position, length).toStdString()) << seed;
-            ASSERT_GE(length, qMin(qsizetype(6), text.size() - position)) << seed;
+            ASSERT_EQ(box.SelText().toStdString(), text.mid(start, length).toStdString()) << seed;
+            ASSERT_LE(start, position) << seed;
+            ASSERT_GE(start + length, qMin(qsizetype(position) + 6, text.size())) << seed;
         }
+    }
+}
+
+TEST_F(RichTextBoxTest, ASelectionOfCellsIsThoseCells)
+{
+    box.setTextRTF("{\\rtf1 a\\par"
+                   "\\trowd\\cellx1000\\cellx2000\\intbl b\\cell c\\cell\\row"
+                   "\\trowd\\cellx1000\\cellx2000\\intbl d\\cell e\\cell\\row\\pard f}");
+    const int first = int(box.Text().indexOf(u'b'));
+    const int last = int(box.Text().indexOf(u'd'));
+    select(first, last - first + 1); // down the first column
+    box.setSelBold(true);
+    box.setSelAlignment(2);
+    EXPECT_EQ(box.SelBold(), true);
+    for (const QChar character : u"abcdef"_qs) {
+        const bool isChanged = character == u'b' || character == u'd';
+        select(int(box.Text().indexOf(character)), 1);
+        EXPECT_EQ(box.SelBold(), isChanged) << character.toLatin1();
+        EXPECT_EQ(box.SelAlignment(), isChanged ? 2 : 0) << character.toLatin1();
     }
 }
 
@@ -396,4 +418,24 @@ TEST_F(RichTextBoxTest, NothingIsLoadedFromElsewhere)
         EXPECT_NE(shown.size(), QSize(3, 3)) << name.toStdString();
         EXPECT_FALSE(shown.isNull());
     }
+}
+
+TEST_F(RichTextBoxTest, SignsAreShownByAnyFontAndKeepTheirs)
+{
+    box.setTextRTF("{\\rtf1{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset2 Symbol;}}\\f1 abc\\par}");
+    EXPECT_EQ(box.Text(), u"αβχ"_qs);
+    box.selectAll();
+    EXPECT_EQ(box.SelFontName(), u"Symbol"_qs);
+    EXPECT_NE(box.textCursor().charFormat().font().families().value(0), u"Symbol"_qs);
+    EXPECT_TRUE(box.TextRTF().contains("\\fcharset2 Symbol;}"));
+    const QByteArray written = box.TextRTF();
+    RichTextBox other(files);
+    other.setTextRTF(written);
+    EXPECT_EQ(other.Text(), box.Text());
+    EXPECT_EQ(other.TextRTF(), written);
+
+    box.setSelFontName(u"Arial"_qs); // still the same letters
+    EXPECT_EQ(box.Text(), u"αβχ"_qs);
+    EXPECT_FALSE(box.TextRTF().contains("fcharset2"));
+    EXPECT_TRUE(box.TextRTF().contains("\\u945?"));
 }

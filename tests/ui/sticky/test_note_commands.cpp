@@ -150,6 +150,17 @@ TEST_F(NoteCommands, deleteGoesOnWhenTheTargetClosesBehindTheQuestion)
     EXPECT_FALSE(saved());
 }
 
+TEST_F(NoteCommands, aNoteThatCannotBeDeletedStaysWhole)
+{
+    type(u"kept"_qs);
+    note->SaveNote();
+    store.close();
+    prompts.answers.enqueue(Prompts::kYes);
+    choose(note_menu::kDelete);
+    EXPECT_EQ(prompts.boxes.size(), 2);
+    EXPECT_TRUE(note && saved());
+}
+
 TEST_F(NoteCommands, documentsComeAndGoByTheirExtension)
 {
     struct Row

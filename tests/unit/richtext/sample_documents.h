@@ -13,5 +13,7 @@ Document sampleDocument(quint32 seed);
 
 /// What a document says, line by line: for comparing documents and for reading a failure.
 QString describe(const Document &document);
+/// Where two documents do not say the same; empty if they do.
+QString firstDifference(const Document &left, const Document &right);
 
 } // namespace norvane::rtf

@@ -58,6 +58,7 @@ TEST_F(PosixFileSystemTest, WritesReplacesReadsAndRemovesForTheUserAlone)
     for (const QByteArray &bytes : {QByteArray(300000, 'x'), QByteArray("a\0b", 3), QByteArray()}) {
         files.write(name, bytes);
         EXPECT_EQ(files.read(name), bytes);
+        EXPECT_EQ(files.size(name), bytes.size());
         EXPECT_EQ(modeOf(name), 0600u);
         EXPECT_TRUE(holds(1));
     }
@@ -99,6 +100,9 @@ TEST_F(PosixFileSystemTest, ErrorsHaveTheirNumbersAndChangeNothing)
         {kErrorFileNotFound, [&] { files.read(file + u"/below"_qs); }},
         {kErrorFileAccess, [&] { files.read(folder.path()); }},
         {kErrorFileAccess, [&] { files.read(pipe); }},
+        {kErrorFileNotFound, [&] { files.size(missing); }},
+        {kErrorFileAccess, [&] { files.size(folder.path()); }},
+        {kErrorFileAccess, [&] { files.size(pipe); }},
         {kErrorPathNotFound, [&] { files.write(missing, "x"); }},
         {kErrorFileAccess, [&] { files.write(folder.path(), "x"); }},
         {kErrorFileAccess, [&] { files.write(path(QString(300, u'n')), "x"); }},
