@@ -1,7 +1,7 @@
 // Figures of popup menus: from the call to the first picture on the screen, storing and restoring.
 
-#include "controls/menustore/cStoreMenu.h"
 #include "controls/ImageList.h"
+#include "controls/menustore/cStoreMenu.h"
 #include "controls/menuview/MenuWindow.h"
 #include "controls/menuview/NVPopupMenu.h"
 
