@@ -151,7 +151,7 @@ void ListReader::handle(ControlWord word, const Token &token)
             m_lists.insert(token.parameter, std::exchange(m_levels, {}));
         break;
     case Word::ListOverride:
-        m_override.emplace();
+        m_override = Override();
         m_overriddenLevel = -1;
         break;
     case Word::LevelOverride:
