@@ -86,9 +86,9 @@ void GridPainter::paint(const QRect &exposed)
 void GridPainter::fillBack(const QRect &exposed)
 {
     m_painter.fillRect(exposed, m_plain.back);
-    if (m_grid.BackgroundPicture().isNull())
-        return;
     const QSize tile(m_grid.BackgroundPictureWidth(), m_grid.BackgroundPictureHeight());
+    if (tile.width() <= 0 || tile.height() <= 0)
+        return;
     for (int y = -(m_top % tile.height()); y < m_grid.viewport()->height(); y += tile.height()) {
         for (int x = -(m_left % tile.width()); x < m_grid.viewport()->width(); x += tile.width())
             m_painter.drawPixmap(m_grid.onScreen({QPoint(x, y), tile}), m_grid.BackgroundPicture());

@@ -34,8 +34,8 @@ QColor readableInk(const QColor &ink, const QColor &paper, double least)
     const bool lighter =
         contrast(channels(Qt::white), channels(paper)) > contrast(channels(Qt::black), channels(paper));
     QColor readable = ink;
-    for (double part = 0.1; part <= 1; part += 0.1) {
-        readable = mixed(ink, lighter ? Qt::white : Qt::black, part);
+    for (int tenths = 1; tenths <= 10; ++tenths) {
+        readable = mixed(ink, lighter ? Qt::white : Qt::black, tenths / 10.0);
         if (contrast(channels(readable), channels(paper)) >= least)
             break;
     }
