@@ -92,6 +92,8 @@ Document Interpreter::run()
         }
     }
     decodeBytes();
+    while (m_outer.size() > 1) // a file that is cut ends its groups
+        endGroup();
     m_fonts.endName();
     Document document = m_sink.take();
     document.wrappers = std::move(m_wrappers);

@@ -17,7 +17,7 @@ int displayLength(int goal, int &cutBefore, int &cutBehind, int scale)
     };
     cutBefore = scaled(cutBefore);
     cutBehind = scaled(cutBehind);
-    const int whole = scaled(goal);
+    const int whole = goal > 0 ? qMax(1, scaled(goal)) : 0;
     const int cut = cutBefore + cutBehind;
     return cut == 0 || whole == 0 ? whole : qMax(1, whole - cut);
 }
