@@ -13,36 +13,36 @@ constexpr int kNoImage = -1;
 
 struct Entry
 {
-    int level;
     const char *caption;
     const char *key = "";
+    int level = 1;
     int image = kNoImage;
 };
 
 constexpr Entry kEntries[] = {
-    {1, QT_TRANSLATE_NOOP("frmSticky", "&New"), "NEW", kImageNew},
-    {1, QT_TRANSLATE_NOOP("frmSticky", "&Open"), "OPEN", kImageOpen},
-    {1, QT_TRANSLATE_NOOP("frmSticky", "&Save"), "SAVE", kImageSave},
-    {1, QT_TRANSLATE_NOOP("frmSticky", "Delete Note"), "DELETE", kImageDelete},
-    {1, "-"},
-    {1, QT_TRANSLATE_NOOP("frmSticky", "&Print"), "PRINT", kImagePrint},
-    {1, "-"},
-    {1, QT_TRANSLATE_NOOP("frmSticky", "E&mail"), "EMAIL", kImageMail},
-    {1, QT_TRANSLATE_NOOP("frmSticky", "&Import/Export"), "IMPORTEXPORT", kImageImportExport},
-    {2, QT_TRANSLATE_NOOP("frmSticky", "&Import Document File..."), "IMPORT", kImageImport},
-    {2, QT_TRANSLATE_NOOP("frmSticky", "Import Norvane &Notes..."), "IMPORTNOTE", kImageImportNotes},
-    {2, "-"},
-    {2, QT_TRANSLATE_NOOP("frmSticky", "&Export Document File..."), "EXPORT", kImageExport},
-    {2, "-"},
-    {2, QT_TRANSLATE_NOOP("frmSticky", "Export to Microsoft &Outlook Notes"), "EXPORTOL", kImageOrganizer},
-    {1, QT_TRANSLATE_NOOP("frmSticky", "&Capture Screen"), "CAPTURE", kImageCapture},
-    {2, QT_TRANSLATE_NOOP("frmSticky", "Capture &Window"), "CAPTUREWINDOW", kImageCaptureWindow},
-    {2, "-"},
-    {2, QT_TRANSLATE_NOOP("frmSticky", "Capture &Desktop"), "CAPTUREDESKTOP", kImageCaptureDesktop},
-    {1, "-"},
-    {1, QT_TRANSLATE_NOOP("frmSticky", "P&roperties..."), "PROPERTIES", kImageProperties},
-    {1, "-"},
-    {1, QT_TRANSLATE_NOOP("frmSticky", "Close"), "CLOSE", kImageClose},
+    {QT_TRANSLATE_NOOP("frmSticky", "&New"), "NEW", 1, kImageNew},
+    {QT_TRANSLATE_NOOP("frmSticky", "&Open"), "OPEN", 1, kImageOpen},
+    {QT_TRANSLATE_NOOP("frmSticky", "&Save"), "SAVE", 1, kImageSave},
+    {QT_TRANSLATE_NOOP("frmSticky", "Delete Note"), "DELETE", 1, kImageDelete},
+    {"-"},
+    {QT_TRANSLATE_NOOP("frmSticky", "&Print"), "PRINT", 1, kImagePrint},
+    {"-"},
+    {QT_TRANSLATE_NOOP("frmSticky", "E&mail"), "EMAIL", 1, kImageMail},
+    {QT_TRANSLATE_NOOP("frmSticky", "&Import/Export"), "IMPORTEXPORT", 1, kImageImportExport},
+    {QT_TRANSLATE_NOOP("frmSticky", "&Import Document File..."), "IMPORT", 2, kImageImport},
+    {QT_TRANSLATE_NOOP("frmSticky", "Import Norvane &Notes..."), "IMPORTNOTE", 2, kImageImportNotes},
+    {"-", "", 2},
+    {QT_TRANSLATE_NOOP("frmSticky", "&Export Document File..."), "EXPORT", 2, kImageExport},
+    {"-", "", 2},
+    {QT_TRANSLATE_NOOP("frmSticky", "Export to Microsoft &Outlook Notes"), "EXPORTOL", 2, kImageOrganizer},
+    {QT_TRANSLATE_NOOP("frmSticky", "&Capture Screen"), "CAPTURE", 1, kImageCapture},
+    {QT_TRANSLATE_NOOP("frmSticky", "Capture &Window"), "CAPTUREWINDOW", 2, kImageCaptureWindow},
+    {"-", "", 2},
+    {QT_TRANSLATE_NOOP("frmSticky", "Capture &Desktop"), "CAPTUREDESKTOP", 2, kImageCaptureDesktop},
+    {"-"},
+    {QT_TRANSLATE_NOOP("frmSticky", "P&roperties..."), "PROPERTIES", 1, kImageProperties},
+    {"-"},
+    {QT_TRANSLATE_NOOP("frmSticky", "Close"), "CLOSE", 1, kImageClose},
 };
 
 } // namespace
