@@ -12,7 +12,6 @@
 #include "platform/errors.h"
 #include "richtext/NV_RTFEdit.h"
 #include "sticky/NoteStrip.h"
-#include "sticky/NoteViews.h"
 #include "sticky/PinButton.h"
 #include "sticky/note_commands.h"
 #include "sticky/note_menu.h"
@@ -20,6 +19,7 @@
 #include "store/NoteStore.h"
 #include "store/note_row.h"
 #include "watcher/NoteGridView.h"
+#include "watcher/NoteViews.h"
 #include "watcher/WatchSettings.h"
 #include "watcher/clsClips.h"
 

@@ -10,12 +10,12 @@
 #include "richtext/NV_RTFEdit.h"
 #include "richtext/commands/document_kind.h"
 #include "shell/internal_error.h"
-#include "sticky/NoteViews.h"
 #include "sticky/StickyServices.h"
 #include "sticky/frmSticky.h"
 #include "sticky/note_menu.h"
 #include "store/NoteStore.h"
 #include "watcher/NoteGridView.h"
+#include "watcher/NoteViews.h"
 #include "watcher/note_forms.h"
 
 #include <QPointer>

@@ -2,7 +2,7 @@
 
 namespace norvane {
 
-/// The browser's note grid, as the watcher knows it.
+/// The browser, as those who change notes know it.
 class NoteGridView
 {
 public:
@@ -10,6 +10,10 @@ public:
 
     /// Shows the notes as they are now.
     virtual void Refresh_Grid() = 0;
+    /// `GRD_Refresh`: brings status text, buttons and an open preview in line with the list.
+    virtual void refreshAround() = 0;
+    /// Loads an open preview anew.
+    virtual void refreshPreview() = 0;
     /// `CAT_ID` of the category that is shown; 0 when all are, -1 when those without one are.
     virtual int category() const = 0;
 };

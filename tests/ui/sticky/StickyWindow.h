@@ -5,6 +5,8 @@
 #include "controls/menuview/menu_images.h"
 #include "fakes/FakeEmbedding.h"
 #include "fakes/FakeHotKeys.h"
+#include "fakes/FakeNoteGridView.h"
+#include "fakes/FakeNoteViews.h"
 #include "fakes/FakeNotifier.h"
 #include "fakes/FakePrinting.h"
 #include "fakes/FakePrompts.h"
@@ -12,11 +14,9 @@
 #include "fakes/FakeShell.h"
 #include "richtext/NV_RTFEdit.h"
 #include "richtext/commands/EditState.h"
-#include "sticky/NoteViews.h"
 #include "sticky/frmSticky.h"
 #include "sticky/frmStickyFactory.h"
 #include "store/NoteRescue.h"
-#include "watcher/NoteGridView.h"
 
 #include <QPointer>
 #include <QTest>
@@ -25,24 +25,6 @@
 namespace norvane::tests {
 
 inline const QRectF kPlace(300, 450, 5100, 3801); // 3801 twips are no whole number of pixels
-
-struct CountingGrid : NoteGridView
-{
-    int refreshes = 0;
-    void Refresh_Grid() override { ++refreshes; }
-    int category() const override { return 0; }
-};
-
-/// Keeps what a note's menu led to.
-struct AllViews : NoteViews
-{
-    QStringList opened;
-    bool has(View) const override { return true; }
-    void SendNorvane(int ID) override { opened.append(u"mail %1"_qs.arg(ID)); }
-    void showOpenNote(NV_RTFEdit &, const QString &caption) override { opened.append(caption); }
-    void exportToOutlook(const QString &text) override { opened.append(u"outlook "_qs + text); }
-    void ShowPropertyPage(int ID) override { opened.append(u"properties %1"_qs.arg(ID)); }
-};
 
 /// A note's real window, opened by the watch cycle on a page that is only told of.
 class StickyWindow : public testing::Test, protected Desk
@@ -94,7 +76,7 @@ protected:
     fakes::FakeEmbedding embedding;
     fakes::FakeHotKeys hotKeys;
     fakes::FakeNotifier notifier;
-    CountingGrid grid;
+    fakes::FakeNoteGridView grid;
     NoteRescue rescue{store, files, clock, notifier, [](const QString &) {}};
     fakes::FakeShell shell;
     fakes::FakePrompts prompts;
@@ -102,7 +84,7 @@ protected:
     EditState editState;
     EditServices edit{files, shell, prompts, printing, clock, editState};
     fakes::FakeScreenCapture capture;
-    AllViews views;
+    fakes::FakeNoteViews views;
     IconList menuImages{sharedMenuImages()};
     frmStickyFactory factory{{store,         forms,
                               Clips,         windows,

@@ -1,7 +1,7 @@
 #include "Desk.h"
+#include "fakes/FakeNoteGridView.h"
 #include "fakes/FakePrompts.h"
 #include "watcher/AttachWindow.h"
-#include "watcher/NoteGridView.h"
 #include "watcher/NoteHotKeys.h"
 #include "watcher/Notices.h"
 
@@ -21,15 +21,6 @@ public:
     void show(const QString &text) override { shown.append(text); }
 };
 
-class FakeGrid : public NoteGridView
-{
-public:
-    int refreshes = 0;
-    int shownCategory = 0;
-    void Refresh_Grid() override { ++refreshes; }
-    int category() const override { return shownCategory; }
-};
-
 class Attach : public testing::Test, protected Desk
 {
 protected:
@@ -39,7 +30,7 @@ protected:
         keys.setGrid(&grid);
     }
     FakeNotices notices;
-    FakeGrid grid;
+    FakeNoteGridView grid;
     FakePrompts prompts;
     AttachWindow attach{parts, cycle, notices};
     NoteHotKeys keys{store, windows, location, forms, attach, notices, prompts};

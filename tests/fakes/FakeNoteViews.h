@@ -1,0 +1,42 @@
+#pragma once
+
+#include "watcher/NoteViews.h"
+
+#include <QStringList>
+#include <functional>
+
+namespace norvane::fakes {
+
+/// Has every view and keeps what was asked for, a line each: "mail 7", "editor 7 Title|Location".
+class FakeNoteViews : public NoteViews
+{
+public:
+    QStringList opened;
+    bool isComplete = true;              ///< whether has() is true
+    std::function<void()> duringNewNote; ///< while the dialog stands open
+
+    bool has(View) const override { return isComplete; }
+    void showNewNote() override
+    {
+        opened.append(QStringLiteral("new note"));
+        if (duringNewNote)
+            duringNewNote();
+    }
+    void showEditor(int ID, const QString &title, const QString &location) override
+    {
+        opened.append(QStringLiteral("editor %1 %2|%3").arg(ID).arg(title, location));
+    }
+    void ShowPropertyPage(int ID) override { opened.append(QStringLiteral("properties %1").arg(ID)); }
+    void ShowPropertyPage(NoteGrid &) override { opened.append(QStringLiteral("properties of rows")); }
+    void showSearch(int category) override { opened.append(QStringLiteral("search %1").arg(category)); }
+    void showCategories() override { opened.append(QStringLiteral("categories")); }
+    void SendNorvane(int ID) override { opened.append(QStringLiteral("mail %1").arg(ID)); }
+    void AddToFavorites(const QString &title, const QString &location) override
+    {
+        opened.append(QStringLiteral("favorite %1|%2").arg(title, location));
+    }
+    void showOpenNote(NV_RTFEdit &, const QString &caption) override { opened.append(caption); }
+    void exportToOutlook(const QString &text) override { opened.append(QStringLiteral("outlook ") + text); }
+};
+
+} // namespace norvane::fakes
