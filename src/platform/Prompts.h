@@ -40,6 +40,9 @@ public:
 
     /// Shows a box and waits for the answer. Closing the box answers OK or No.
     virtual Answer messageBox(const QString &text, int style, const QString &title) = 0;
+    /// Asks for a line of text. Empty when cancelled.
+    /// @param start what stands there when the box opens
+    virtual QString inputBox(const QString &text, const QString &title, const QString &start) = 0;
     /// Lets the user choose a folder that exists. Native path; empty when cancelled.
     virtual QString chooseFolder(const QString &title, const QString &start) = 0;
     /// Lets the user choose a file that exists. Native path; empty when cancelled.

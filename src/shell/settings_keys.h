@@ -42,6 +42,8 @@ inline constexpr Key kBrowserHeight{u"NoteBrowser", u"Height", u"7000"};
 /// 0 as it was placed, 1 minimised, 2 maximised. Written and never read.
 inline constexpr Key kBrowserWindowState{u"NoteBrowser", u"WindowState", u""};
 inline constexpr Key kShowCategoryBar{u"NoteBrowser", u"ShowCategoryBar", u"1"};
+/// Style of the category bar: 0 tabs, 2 flat buttons.
+inline constexpr Key kCategoryBarStyle{u"NoteBrowser", u"CategoryBarStyle", u"0"};
 /// Number of the selected category tab, from 1.
 inline constexpr Key kLastCategory{u"NoteBrowser", u"LastCategory", u"1"};
 

@@ -38,6 +38,8 @@ public:
     QVector<Box> boxes;
     QVector<FolderRequest> folderRequests;
     QQueue<Answer> answers; ///< for questions with Yes and No, in their order
+    QQueue<QString> inputs;
+    QStringList inputRequests; ///< "text|title|start"
     QQueue<QString> folders;
     QQueue<QString> files;
     QQueue<std::optional<quint32>> colors;
@@ -57,6 +59,12 @@ public:
         if ((style & kYesNo) == 0)
             return kOk;
         return answers.isEmpty() ? kNo : answers.dequeue();
+    }
+
+    QString inputBox(const QString &text, const QString &title, const QString &start) override
+    {
+        inputRequests.append(text + u'|' + title + u'|' + start);
+        return inputs.isEmpty() ? QString() : inputs.dequeue();
     }
 
     QString chooseFolder(const QString &title, const QString &start) override

@@ -6,6 +6,7 @@
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
 #include <functional>
@@ -109,6 +110,18 @@ Prompts::Answer QtPrompts::messageBox(const QString &text, int style, const QStr
     if (!question)
         return kOk;
     return pressed == QMessageBox::Yes ? kYes : kNo;
+}
+
+QString QtPrompts::inputBox(const QString &text, const QString &title, const QString &start)
+{
+    const QPointer<QInputDialog> box = new QInputDialog(QApplication::activeWindow());
+    box->setWindowTitle(title);
+    box->setLabelText(textForBox(text));
+    box->setTextValue(start);
+    const bool isAccepted = box->exec() == QDialog::Accepted;
+    const QString answer = isAccepted && box ? box->textValue() : QString();
+    delete box.data();
+    return answer;
 }
 
 QString QtPrompts::chooseFolder(const QString &title, const QString &start)

@@ -1,12 +1,13 @@
-#include "shell/windows/ShellForms.h"
+#include "shell/forms/ShellForms.h"
 
+#include "browser/frmMain.h"
+#include "browser/grid/NoteGrid.h"
 #include "options/HotKeyModel.h"
 #include "platform/EventLoop.h"
 #include "platform/WindowSystem.h"
 #include "shell/Forms.h"
 #include "shell/windows/TrayIcon.h"
 #include "shell/windows/frmLogo.h"
-#include "shell/windows/frmMain.h"
 #include "shell/windows/frmMessage.h"
 #include "shell/windows/frmPassword.h"
 #include "shell/windows/mdiMain.h"
@@ -25,40 +26,43 @@ template <typename FormClass> FormClass *loaded(const FormList &forms, const QSt
 
 } // namespace
 
-ShellForms::ShellForms(const ShellFormsParts &parts, QObject *parent) : QObject(parent), m_parts(parts) {}
+ShellForms::ShellForms(const ShellFormsParts &parts, QObject *parent)
+    : QObject(parent), m_parts(parts), m_services(parts.services)
+{
+}
 
 mdiMain *ShellForms::frame() const
 {
-    return loaded<mdiMain>(m_parts.forms, QStringLiteral("mdiMain"));
+    return loaded<mdiMain>(m_services.forms, QStringLiteral("mdiMain"));
 }
 
 frmMain *ShellForms::browser() const
 {
-    return loaded<frmMain>(m_parts.forms, QStringLiteral("frmMain"));
+    return loaded<frmMain>(m_services.forms, QStringLiteral("frmMain"));
 }
 
 void ShellForms::askPassword(PasswordDialogModel &model)
 {
-    frmPassword dialog(m_parts.forms, model);
+    frmPassword dialog(m_services.forms, model);
     dialog.exec();
 }
 
 void ShellForms::showSplash()
 {
-    auto *logo = new frmLogo(m_parts.forms, m_parts.version, m_parts.twips);
+    auto *logo = new frmLogo(m_services.forms, m_parts.version, m_services.twips);
     logo->show();
 }
 
 void ShellForms::unloadSplash()
 {
-    if (auto *logo = loaded<frmLogo>(m_parts.forms, QStringLiteral("frmLogo")))
+    if (auto *logo = loaded<frmLogo>(m_services.forms, QStringLiteral("frmLogo")))
         logo->unload();
 }
 
 WindowHandle ShellForms::loadFrame()
 {
-    auto *form = new mdiMain(m_parts.forms, m_parts.settings, m_parts.clock, m_parts.twips);
-    form->setDatabaseFolder(m_parts.store.DatabaseFolder);
+    auto *form = new mdiMain(m_services.forms, m_services.settings, m_services.clock, m_services.twips);
+    form->setDatabaseFolder(m_services.store.DatabaseFolder);
     connect(form, &mdiMain::shutDownRequested, this, &ShellForms::shutDownRequested);
     connect(form, &mdiMain::commandTriggered, this, &ShellForms::toolBarCommand);
     connect(form, &mdiMain::activated, this, [this] {
@@ -82,12 +86,11 @@ void ShellForms::minimiseFrame()
 
 void ShellForms::showBrowser()
 {
-    auto *child = new frmMain(m_parts.forms, m_parts.settings, *frame(), m_parts.trayHost, m_parts.twips);
+    auto *child = new frmMain(m_parts.services, *frame(), m_parts.trayHost);
     HotKeyModel &keys = m_parts.hotKeys;
-    keys.records.load(m_parts.settings);
+    keys.records.load(m_services.settings);
     keys.registerAll(child->hWnd());
-    child->setHotKeyTexts(keys.text(HotKeyId::Attach), keys.text(HotKeyId::Detach),
-                          keys.text(HotKeyId::Delete), keys.text(HotKeyId::Main));
+    child->setAttachKey(keys.text(HotKeyId::Attach));
     TrayIcon *tray = child->trayIcon();
     connect(tray, &TrayIcon::activated, this, &ShellForms::ToggleBrowser);
     connect(tray, &TrayIcon::commandTriggered, this, &ShellForms::trayCommand);
@@ -99,7 +102,7 @@ void ShellForms::showBrowser()
 void ShellForms::Refresh_tbCAT()
 {
     if (frmMain *child = browser())
-        child->Refresh_tbCAT(m_parts.store.CategorySet());
+        child->Refresh_tbCAT();
 }
 
 int ShellForms::categoryTabCount() const
@@ -120,18 +123,31 @@ void ShellForms::pressPreviewButton()
         child->pressPreviewButton();
 }
 
+bool ShellForms::isFrameVisible() const
+{
+    const mdiMain *form = frame();
+    return form != nullptr && form->isFrameVisible();
+}
+
+void ShellForms::unloadPreview()
+{
+    if (frmMain *child = browser())
+        child->unloadPreview();
+}
+
 void ShellForms::ToggleBrowser()
 {
     mdiMain *form = frame();
-    if (form == nullptr || m_parts.forms.FormIsLoaded(QStringLiteral("frmSetting")))
+    if (form == nullptr || m_services.forms.FormIsLoaded(QStringLiteral("frmSetting")))
         return;
     if (form->isFrameVisible()) {
         form->minimize();
         return;
     }
     form->restore();
-    m_parts.windows.setForegroundWindow(form->hWnd());
+    m_services.windows.setForegroundWindow(form->hWnd());
     if (frmMain *child = browser()) {
+        child->Refresh_Grid();
         child->showRow();
         child->bringUp();
     }
@@ -139,9 +155,9 @@ void ShellForms::ToggleBrowser()
 
 bool ShellForms::showNotice(const QString &text, int durationMs)
 {
-    if (m_parts.forms.FormIsLoaded(QStringLiteral("frmMessage")))
+    if (m_services.forms.FormIsLoaded(QStringLiteral("frmMessage")))
         return false;
-    auto *notice = new frmMessage(m_parts.forms, m_parts.windows, m_parts.sound);
+    auto *notice = new frmMessage(m_services.forms, m_services.windows, m_services.sound);
     if (!text.isEmpty())
         notice->setText(text);
     if (durationMs > 0)
@@ -156,7 +172,7 @@ void ShellForms::toolBarCommand(const QString &key)
         emit commandTriggered(key);
         return;
     }
-    m_parts.events.yield();
+    m_services.events.yield();
     if (frmMain *child = browser())
         child->bringUp();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Twips.h"
+#include "browser/BrowserServices.h"
 #include "shell/lifecycle/StartUpWindows.h"
 
 #include <QObject>
@@ -8,15 +8,8 @@
 
 namespace norvane {
 
-class Clock;
-class EventLoop;
-class FormList;
 class HotKeyModel;
-class NoteStore;
-class SettingsStore;
-class Sound;
 class TrayHost;
-class WindowSystem;
 class frmLogo;
 class frmMain;
 class mdiMain;
@@ -24,16 +17,9 @@ class mdiMain;
 /// What the windows of the shell work with. Everything outlives them.
 struct ShellFormsParts
 {
-    FormList &forms;
-    NoteStore &store;
-    SettingsStore &settings;
-    const Clock &clock;
-    EventLoop &events;
-    WindowSystem &windows;
-    Sound &sound;
+    const BrowserServices &services;
     TrayHost &trayHost;
     HotKeyModel &hotKeys;
-    Twips twips;
     QVersionNumber version;
 };
 
@@ -63,6 +49,10 @@ public:
     void selectCategoryTab(int number) override;
     void pressPreviewButton() override;
 
+    /// Whether the frame is loaded and on the screen.
+    bool isFrameVisible() const;
+    /// Closes the preview if it is open.
+    void unloadPreview();
     /// Double click on the tray icon, `mnu_ControlPanel`, hot key 1: hides the frame if it is
     /// visible, else brings it up. Nothing while the Options window is loaded.
     void ToggleBrowser();
@@ -86,6 +76,7 @@ private:
     void trayCommand(const QString &name);
 
     ShellFormsParts m_parts;
+    const BrowserServices &m_services;
 };
 
 } // namespace norvane
