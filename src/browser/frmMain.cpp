@@ -241,7 +241,7 @@ void frmMain::rowChanged(int row)
 
 void frmMain::setAttachKey(const QString &text)
 {
-    Q_UNUSED(text)
+    m_grid->setEmptyHint(text);
 }
 
 // ---- Preview ----
