@@ -4,6 +4,7 @@
 
 namespace norvane {
 
+class NoteRescue;
 class ShellForms;
 struct BrowserServices;
 
@@ -11,8 +12,11 @@ struct BrowserServices;
 class NoteWindows : public NoteViews
 {
 public:
-    /// Both must outlive this object; they need not be made yet.
-    NoteWindows(const BrowserServices &services, ShellForms &forms) : m_services(services), m_forms(forms) {}
+    /// All must outlive this object; they need not be made yet.
+    NoteWindows(const BrowserServices &services, NoteRescue &rescue, ShellForms &forms)
+        : m_services(services), m_rescue(rescue), m_forms(forms)
+    {
+    }
 
     /// Search, categories, mail, the organizer and favorites are still to come.
     bool has(View view) const override;
@@ -29,6 +33,7 @@ public:
 
 private:
     const BrowserServices &m_services;
+    NoteRescue &m_rescue;
     ShellForms &m_forms;
 };
 

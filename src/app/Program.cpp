@@ -1,5 +1,6 @@
 #include "app/Program.h"
 
+#include "browser/editor/note_editors.h"
 #include "browser/frmMain.h"
 #include "platform/RuntimeError.h"
 #include "platform/linux/ExitGuard.h"
@@ -90,7 +91,7 @@ Program::Program()
                                              .printing = m_backends.printing,
                                              .clock = m_backends.clock,
                                              .state = m_state.edit}),
-      m_views(m_windows), m_noteWindows(m_browser, m_windows),
+      m_views(m_windows), m_noteWindows(m_browser, m_rescue, m_windows),
       m_browser({.store = m_state.store,
                  .forms = m_state.forms,
                  .settings = m_backends.settings,
@@ -152,13 +153,18 @@ int Program::run(const QStringList &arguments)
     // The display may go, or the session end, without time for the windows.
     const ExitGuard guard([this] {
         m_shutDown.saveAndClose();
+        RescueEditors(m_state.forms);
         m_backends.settings.flush();
     });
     EndSignals endSignals;
     connect(&endSignals, &EndSignals::endAsked, this, &Program::end);
     qApp->installEventFilter(this);
     connect(
-        qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { saveDirtyNotes(m_state.forms); },
+        qGuiApp, &QGuiApplication::commitDataRequest, this,
+        [this] {
+            saveDirtyNotes(m_state.forms);
+            RescueEditors(m_state.forms);
+        },
         Qt::DirectConnection);
     connectWindows();
     fillTray();
@@ -190,7 +196,13 @@ void Program::end()
 
 void Program::connectWindows()
 {
-    connect(&m_windows, &ShellForms::shutDownRequested, this, &Program::end, Qt::QueuedConnection);
+    connect(
+        &m_windows, &ShellForms::shutDownRequested, this,
+        [this] {
+            if (EditorsMayClose(m_state.forms))
+                end();
+        },
+        Qt::QueuedConnection);
     connect(&m_windows, &ShellForms::openPageRequested, this, &Program::openPage);
     connect(&m_backends.hotKeys, &HotKeys::pressed, this,
             [this, owner = m_windows.browser()->hWnd()](WindowHandle window, int id) {
