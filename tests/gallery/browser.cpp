@@ -219,7 +219,7 @@ private:
         keepModal(pages(u"properties"_s),
                   [this] { frmProperty::ShowPropertyPage(services, m_firstNote, m_frame); });
         keepModal(pages(u"properties-multiple"_s), [this] {
-            ShowProperties({m_firstNote, m_firstNote + 1});
+            frmProperty::ShowPropertyPage(services, QVector<int>{m_firstNote, m_firstNote + 1}, m_frame);
         });
     }
 
