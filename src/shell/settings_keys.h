@@ -52,6 +52,13 @@ inline constexpr Key kPreviewTop{u"Preview", u"Top", u"0"};
 inline constexpr Key kPreviewLeft{u"Preview", u"Left", u"0"};
 inline constexpr Key kPreviewWidth{u"Preview", u"Width", u"0"};
 inline constexpr Key kPreviewHeight{u"Preview", u"Height", u"0"};
+// Widths of the columns of a list of notes, pixels.
+inline constexpr Key kColumnTitleWidth{u"NoteBrowser", u"ColumnTitleWidth", u"250"};
+inline constexpr Key kColumnDateCreatedWidth{u"NoteBrowser", u"ColumnDateCreatedWidth", u"90"};
+inline constexpr Key kColumnLastUpdateWidth{u"NoteBrowser", u"ColumnLastUpdateWidth", u"90"};
+inline constexpr Key kColumnLocationWidth{u"NoteBrowser", u"ColumnLocationWidth", u"250"};
+inline constexpr Key kColumnTypeWidth{u"NoteBrowser", u"ColumnTypeWidth", u"120"};
+inline constexpr Key kColumnCategoryWidth{u"NoteBrowser", u"ColumnCategoryWidth", u"120"};
 
 /// The stored text, or the key's default.
 inline QString read(const SettingsStore &store, const Key &key)

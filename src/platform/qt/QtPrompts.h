@@ -13,7 +13,8 @@ public:
     QString inputBox(const QString &text, const QString &title, const QString &start) override;
     QString chooseFolder(const QString &title, const QString &start) override;
     QString openFile(const QString &title, const QString &filter) override;
-    QString saveFile(const QString &title, const QString &filter, const QString &extension) override;
+    QString saveFile(const QString &title, const QString &filter, const QString &extension,
+                     const QString &name) override;
     std::optional<quint32> chooseColor(quint32 start) override;
     std::optional<FontChoice> chooseFont(const FontChoice &start) override;
 };
