@@ -11,7 +11,7 @@ public:
     /// A question has No as its default button and as the answer to Escape.
     Answer messageBox(const QString &text, int style, const QString &title) override;
     QString chooseFolder(const QString &title, const QString &start) override;
-    QString openFile(const QString &title, const QString &filter) override;
+    QString openFile(const QString &title, const QString &filter, const QString &start = {}) override;
     QString saveFile(const QString &title, const QString &filter, const QString &extension) override;
     std::optional<quint32> chooseColor(quint32 start) override;
     std::optional<FontChoice> chooseFont(const FontChoice &start) override;
