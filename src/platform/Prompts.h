@@ -47,7 +47,8 @@ public:
     virtual QString chooseFolder(const QString &title, const QString &start) = 0;
     /// Lets the user choose a file that exists. Native path; empty when cancelled.
     /// @param filter kinds of files, each with its pattern: "Plain Text (TXT)|*.txt|All|*.*"
-    virtual QString openFile(const QString &title, const QString &filter) = 0;
+    /// @param start  folder that is shown first; the home folder where it is empty or not there
+    virtual QString openFile(const QString &title, const QString &filter, const QString &start = {}) = 0;
     /// Lets the user name a file to write, and asks before one that exists. Native path; empty when
     /// cancelled.
     /// @param extension of a name that is given without one: "rtf"

@@ -4,6 +4,7 @@
 
 #include <QPair>
 #include <QQueue>
+#include <QStringList>
 #include <QVector>
 #include <functional>
 #include <optional>
@@ -46,6 +47,7 @@ public:
     QQueue<std::optional<quint32>> colors;
     QQueue<std::optional<FontChoice>> fonts;
     QVector<QPair<QString, QString>> fileRequests; ///< title and filter
+    QStringList fileStarts;                        ///< their start folders
     QVector<SaveRequest> saveRequests;
     QVector<quint32> colorRequests;
     QVector<FontChoice> fontRequests;
@@ -74,9 +76,10 @@ public:
         return folders.isEmpty() ? QString() : folders.dequeue();
     }
 
-    QString openFile(const QString &title, const QString &filter) override
+    QString openFile(const QString &title, const QString &filter, const QString &start) override
     {
         fileRequests.append({title, filter});
+        fileStarts.append(start);
         return files.isEmpty() ? QString() : files.dequeue();
     }
 

@@ -40,6 +40,11 @@ QMessageBox::Icon iconOf(int style)
     }
 }
 
+QString existingFolder(const QString &start)
+{
+    return !start.isEmpty() && QDir(start).exists() ? start : QDir::homePath();
+}
+
 /// What the user chooses in a dialog; empty when cancelled.
 QString chosenPath(const QString &title, const QString &start,
                    const std::function<void(QFileDialog &)> &prepare)
@@ -126,8 +131,7 @@ QString QtPrompts::inputBox(const QString &text, const QString &title, const QSt
 
 QString QtPrompts::chooseFolder(const QString &title, const QString &start)
 {
-    const bool startExists = !start.isEmpty() && QDir(start).exists();
-    return chosenPath(title, startExists ? start : QDir::homePath(), [](QFileDialog &dialog) {
+    return chosenPath(title, existingFolder(start), [](QFileDialog &dialog) {
         dialog.setFileMode(QFileDialog::Directory);
         dialog.setOption(QFileDialog::ShowDirsOnly);
     });
@@ -146,9 +150,9 @@ QStringList nameFilters(const QString &filter)
     return filters;
 }
 
-QString QtPrompts::openFile(const QString &title, const QString &filter)
+QString QtPrompts::openFile(const QString &title, const QString &filter, const QString &start)
 {
-    return chosenPath(title, QDir::homePath(), [&](QFileDialog &dialog) {
+    return chosenPath(title, existingFolder(start), [&](QFileDialog &dialog) {
         dialog.setFileMode(QFileDialog::ExistingFile);
         dialog.setNameFilters(nameFilters(filter));
     });

@@ -12,7 +12,7 @@ public:
     Answer messageBox(const QString &text, int style, const QString &title) override;
     QString inputBox(const QString &text, const QString &title, const QString &start) override;
     QString chooseFolder(const QString &title, const QString &start) override;
-    QString openFile(const QString &title, const QString &filter) override;
+    QString openFile(const QString &title, const QString &filter, const QString &start) override;
     QString saveFile(const QString &title, const QString &filter, const QString &extension,
                      const QString &name) override;
     std::optional<quint32> chooseColor(quint32 start) override;
