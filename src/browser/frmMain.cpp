@@ -103,8 +103,7 @@ void frmMain::layOut()
     status->setSizeGripEnabled(false);
     status->addWidget(m_rowPanel, 1);
     status->addWidget(m_categoryPanel);
-    status->setMinimumWidth(
-        qRound(m_services.twips.toPixels(QRectF(0, 0, kStatusTwips, kStatusTwips)).width()));
+    status->setMinimumWidth(m_services.twips.toPixels(QRectF(0, 0, kStatusTwips, kStatusTwips)).width());
     auto *bottom = new QHBoxLayout;
     bottom->addWidget(m_categoryBar, 1);
     bottom->addWidget(status);

@@ -10,16 +10,17 @@
 #include "browser/grid/NoteGrid.h"
 #include "controls/gridview/vbalGrid.h"
 #include "fakes/FakeNotifier.h"
+#include "fakes/FakeTrayHost.h"
 #include "looks.h"
 #include "richtext/NV_RTFEdit.h"
 #include "shell/windows/mdiMain.h"
 #include "store/NoteRescue.h"
 #include "ui/browser/BrowserDesk.h"
-#include "ui/shell/FakeTrayHost.h"
 
 #include <QApplication>
 #include <QPainter>
 #include <QTabWidget>
+#include <QTest>
 #include <QTimer>
 #include <cstdio>
 
@@ -39,7 +40,7 @@ const char kBody[] =
 class Gallery : private BrowserDesk
 {
 public:
-    Gallery(QString folder, int notes) : m_folder(std::move(folder))
+    Gallery(QString pictures, int notes) : m_folder(std::move(pictures))
     {
         watch.IEAvailable = true;
         views.isComplete = true;

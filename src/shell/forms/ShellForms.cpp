@@ -148,7 +148,7 @@ void ShellForms::ToggleBrowser()
     m_services.windows.setForegroundWindow(form->hWnd());
     if (frmMain *child = browser()) {
         child->Refresh_Grid();
-        child->showRow();
+        child->GRD_Refresh(0);
         child->bringUp();
     }
 }

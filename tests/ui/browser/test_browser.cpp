@@ -4,9 +4,9 @@
 #include "browser/frmMain.h"
 #include "browser/grid/NoteGrid.h"
 #include "controls/gridview/vbalGrid.h"
+#include "fakes/FakeTrayHost.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/mdiMain.h"
-#include "ui/shell/FakeTrayHost.h"
 
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -101,16 +101,16 @@ TEST_F(Browser, EachTabShowsItsNotes)
 {
     const int letters = addCategory(u"Letters & \"more\""_s);
     addCategory(u"Empty"_s);
-    for (const auto &name : {u"Bread"_s, u"Apples"_s})
+    for (const auto &name : {u"Bread"_s, u"Apples"_s, u"Dates"_s})
         setField(addNote(name, u"/home/me/a.txt"_s), u"CAT_ID"_s, letters);
     addNote(u"Cherries"_s);
     open();
     EXPECT_EQ(bar()->tabText(2), u"Letters && \"more\""_s);
-    EXPECT_EQ(titles(), (QStringList{u"Apples"_s, u"Bread"_s, u"Cherries"_s}));
+    EXPECT_EQ(titles(), (QStringList{u"Apples"_s, u"Bread"_s, u"Cherries"_s, u"Dates"_s}));
 
     clickTab(2);
-    EXPECT_EQ(titles(), (QStringList{u"Apples"_s, u"Bread"_s}));
-    EXPECT_EQ(rowText(), u"Row: 1 of 2"_s);
+    EXPECT_EQ(titles(), (QStringList{u"Apples"_s, u"Bread"_s, u"Dates"_s}));
+    EXPECT_EQ(rowText(), u"Row: 1 of 3"_s);
     EXPECT_EQ(browser->findChild<QLabel *>(u"lblCategory"_s)->text(), u" Letters & \"more\""_s);
     EXPECT_TRUE(button(u"btnOpenURL"_s)->isEnabled());
     clickTab(3);
@@ -129,11 +129,13 @@ TEST_F(Browser, TheButtonsFollowTheSelectedRow)
 {
     addNote(u"A place"_s, u"http://a/"_s);
     addNote(u"No place"_s);
+    addNote(u"Third"_s);
     open();
-    EXPECT_EQ(rowText(), u"Row: 1 of 2"_s);
+    browser->GRD_Refresh(0);
+    EXPECT_EQ(rowText(), u"Row: 1 of 3"_s);
     EXPECT_TRUE(button(u"btnOpenURL"_s)->isEnabled());
     QTest::keyClick(browser->grid()->grid(), Qt::Key_Down);
-    EXPECT_EQ(rowText(), u"Row: 2 of 2"_s);
+    EXPECT_EQ(rowText(), u"Row: 2 of 3"_s);
     EXPECT_FALSE(button(u"btnOpenURL"_s)->isEnabled());
     QTest::keyClick(browser->grid()->grid(), Qt::Key_Up);
     click(u"btnOpenURL"_s);
@@ -155,9 +157,10 @@ TEST_F(Browser, CategoriesComeAndGoByTheMenu)
     menuOfTab(u"CATPOPUP_DELETE"_s, u"Remove"_s);
     EXPECT_FALSE(shownEntry.first) << "the fixed tabs stay";
 
-    prompts.inputs = {u"R&D"_s, u"full"_s, u"a \" quote"_s, u"  "_s};
-    for (int i = 0; i < 4; ++i)
+    for (const QString &name : {u"R&D"_s, u"full"_s, u"a \" quote"_s, u"  "_s}) {
+        prompts.inputs.enqueue(name);
         menuOfTab(u"CATPOPUP_NEW"_s, u"Add New"_s);
+    }
     EXPECT_EQ(prompts.inputRequests.constFirst(), u"New Category Name:|Add New Category|New Category"_s);
     ASSERT_EQ(prompts.boxes.size(), 1);
     EXPECT_EQ(prompts.boxes.takeFirst().text,

@@ -7,8 +7,6 @@ namespace norvane::fakes {
 /// A tray that a test starts.
 class FakeTrayHost : public TrayHost
 {
-    Q_OBJECT
-
 public:
     explicit FakeTrayHost(Kind kind = Kind::None) : m_kind(kind) {}
 
