@@ -110,8 +110,8 @@ void frmMain::layOut()
 
     auto *middle = new QHBoxLayout;
     middle->setSpacing(0);
-    middle->addWidget(m_strip);
     middle->addWidget(m_grid, 1);
+    middle->addWidget(m_strip);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

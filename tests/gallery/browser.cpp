@@ -19,6 +19,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QProcess>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -50,8 +51,8 @@ public:
         for (const QString &name : {u"Accounts"_s, u"Books & films"_s, u"Garden"_s, u"House"_s, u"Ideas"_s,
                                     u"Letters"_s, u"Projects"_s, u"Recipes"_s, u"Travel"_s, u"Work"_s})
             m_categories.append(addCategory(name));
-        for (int number = 0; number < notes; ++number)
-            addOne(number);
+        if (notes > 0)
+            addNotes(notes);
         m_browser = new frmMain(services, *m_frame, m_host);
         m_browser->setAttachKey(u"Ctrl+Alt+A"_s);
         m_browser->Refresh_tbCAT();
@@ -119,36 +120,45 @@ public:
     }
 
 private:
-    void addOne(int number)
+    void addNotes(int count)
     {
         static const std::pair<const char16_t *, const char16_t *> kNotes[] = {
             {u"Call the plumber", u"https://plumbers.example/offers?id=2"},
             {u"Shopping", u""},
             {u"Letter to the council", u"/home/me/Documents/council.odt"},
             {u"Holiday pictures, best of 2025", u"/home/me/Pictures/"},
-            {u"How the invoices work", u"/usr/bin/gnucash"},
             {u"Read this before the meeting on Thursday, it is long and has everything", u"http://wiki/"},
         };
-        const auto &[title, location] = kNotes[number % 6];
-        QString name = QString::fromUtf16(title);
-        if (number >= 6)
-            name += u" %1"_s.arg(number);
-        const auto row = notes(u"false"_s);
-        row->addNew();
-        row->setField(u"FriendlyName"_s, name);
-        row->setField(u"WindowName"_s, name);
-        row->setField(u"URL"_s, QString::fromUtf16(location));
-        row->setField(u"ACTIVE"_s, number % 3 == 0);
-        row->setField(u"CAT_ID"_s, number % 4 == 3 ? 0 : m_categories[number % 10]);
-        row->setField(u"BackColor"_s, 0xC0FFFF);
-        row->setField(u"DateCreated"_s, clock.now().addDays(-number % 700));
-        row->setField(u"LastUpdate"_s, clock.now().addSecs(-number * 3600LL % 9000000));
-        const int ID = row->field(u"ID"_s).toInt();
-        row->update();
-        if (number == 0)
-            m_firstNote = ID;
-        if (number < 6)
+        for (int number = 0; number < std::min<int>(count, std::size(kNotes)); ++number) {
+            const auto &[title, location] = kNotes[number];
+            const int ID = addNote(QString::fromUtf16(title), QString::fromUtf16(location));
+            setField(ID, u"ACTIVE"_s, number % 3 == 0);
+            setField(ID, u"CAT_ID"_s, number == 3 ? 0 : m_categories[number]);
+            setField(ID, u"BackColor"_s, 0xC0FFFF);
+            setField(ID, u"DateCreated"_s, clock.now().addDays(-40 * number));
+            setField(ID, u"LastUpdate"_s, clock.now().addSecs(-7777LL * number));
             files.write(store.bodyFile(ID), kBody);
+            if (number == 0)
+                m_firstNote = ID;
+        }
+        if (count > static_cast<int>(std::size(kNotes)))
+            multiplyNotes(count);
+        store.requeryNoteSet();
+        store.requeryNoteIndex();
+    }
+
+    /// Rows by the thousand are made in one go.
+    void multiplyNotes(int count)
+    {
+        const QString statement =
+            u"with recursive n(i) as (select 6 union all select i + 1 from n where i < %1) "
+            "insert into Memos(FriendlyName, WindowName, URL, Active, CAT_ID, BackColor, DateCreated, "
+            "LastUpdate)"
+            " select FriendlyName || ' ' || i, WindowName, URL, Active, %2 + i % 10, BackColor, DateCreated,"
+            " LastUpdate from n join Memos on ID = %3 + i % 5"_s.arg(count)
+                .arg(m_categories.first())
+                .arg(m_firstNote);
+        m_isDone = QProcess::execute(u"sqlite3"_s, {store.DatabaseFile, statement}) == 0 && m_isDone;
     }
 
     static void settle()

@@ -87,7 +87,7 @@ void frmOpen::setRTFObj(NV_RTFEdit *editor)
 {
     m_editor = editor;
     if (editor)
-        connect(editor, &QObject::destroyed, this, &frmOpen::enableButtons);
+        connect(editor, &QObject::destroyed, this, &frmOpen::enableButtons, Qt::QueuedConnection);
     enableButtons();
 }
 
