@@ -313,6 +313,7 @@ TEST_F(NoteGridCommands, deletesWhatIsGoneAlreadyAndWhatIsYoungerThanTheHeldRows
     row->addNew();
     row->setField(u"FriendlyName"_qs, u"young"_qs);
     row->setField(u"WindowName"_qs, u"young"_qs);
+    row->setField(u"CAT_ID"_qs, 0);
     const int young = row->field(u"ID"_qs).toInt();
     row->update();
     prompts.answers.enqueue(Prompts::kYes);
