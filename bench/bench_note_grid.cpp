@@ -85,14 +85,14 @@ private:
         QByteArray sql = "begin;\n";
         for (int i = 0; i < count; ++i) {
             const auto number = static_cast<int>(random.bounded(1'000'000));
-            QString location = QStringLiteral("https://example.org/pages/%1/index.html").arg(number);
+            QString place = QStringLiteral("https://example.org/pages/%1/index.html").arg(number);
             if (i % 10 == 7)
                 location =
                     QStringLiteral("/home/ann/letters/%1.%2").arg(number).arg(kinds[i / 10 % kinds.size()]);
             else if (i % 10 == 8)
-                location = QStringLiteral("/home/ann/projects/%1").arg(number);
+                place = QStringLiteral("/home/ann/projects/%1").arg(number);
             else if (i % 10 == 9)
-                location.clear();
+                place.clear();
             const auto date = [&] {
                 return start.addSecs(random.bounded(600'000'000))
                     .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
@@ -101,7 +101,7 @@ private:
                        "insert into Memos(FriendlyName,WindowName,URL,Active,Cat_ID,DateCreated,"
                        "LastUpdate) values('Note on page %1 of the site','Page %1','%2',%3,%4,'%5','%6');\n")
                        .arg(number)
-                       .arg(location)
+                       .arg(place)
                        .arg(i % 3 == 0 ? 0 : -1)
                        .arg(categoryIds[number % kCategories])
                        .arg(date(), date())
