@@ -23,7 +23,7 @@ constexpr Image kImages[] = {
     {kIconNew, "document-new", "note-new"},
     {kIconNote, "", "note"},
     {kIconActivate, "", "note-activate"},
-    {kIconSearch, "edit-find", "search"},
+    {kIconSearch, "edit-find", "note-search"},
     {kIconActive, "", "note-active"},
     {kIconMail, "mail-send", "mail"},
     {kIconFolder, "folder", "folder"},
@@ -53,7 +53,7 @@ QIcon NoteGridImages::icon(int index) const
 
 IconList noteHeaderImages()
 {
-    return IconList({drawing("note-active")});
+    return IconList({drawing("note-active-header")});
 }
 
 QIcon FileIcons::operator()(const QStringList &names)
