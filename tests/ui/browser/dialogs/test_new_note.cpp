@@ -41,6 +41,7 @@ TEST_F(NewNoteDialog, MakesWhatIsTyped)
     QTest::keyClicks(QApplication::focusWidget(), u" Shopping 'list' "_qs); // over the selected text
     write(form, u"Text2"_qs, u" www.example.org "_qs);
     QTest::keyClick(form, Qt::Key_A, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return in<QAbstractButton>(form, u"Check1"_qs)->isChecked(); }));
     QTest::keyClick(in(form, u"Text2"_qs), Qt::Key_Return);
     EXPECT_FALSE(forms.FormIsLoaded(u"frmNewNote"_qs));
     EXPECT_TRUE(timer.isEnabled());
