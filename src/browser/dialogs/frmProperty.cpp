@@ -212,6 +212,8 @@ void frmProperty::showProperties(const NoteProperties &properties)
     QAbstractButton *position = m_positions->button(properties.formposition);
     (position ? position : m_positions->button(0))->setChecked(true);
     m_model->setPosition(m_positions->checkedId());
+    for (QLineEdit *box : {m_name, m_location, m_soundFile, m_keywords})
+        box->setCursorPosition(0); // of a long text the beginning is shown
     enableSoundControls();
 }
 

@@ -4,6 +4,7 @@
 #include "browser/dialogs/CategoryBox.h"
 #include "browser/dialogs/ColorButton.h"
 #include "browser/dialogs/ScreenModel.h"
+#include "browser/dialogs/browse_button.h"
 #include "browser/dialogs/frmProperty.h"
 #include "controls/svg_icon.h"
 #include "watcher/NoteViews.h"
@@ -30,13 +31,6 @@ template <typename Button> Button *button(const QString &name, const QString &te
 {
     auto *result = new Button(text);
     result->setObjectName(name);
-    return result;
-}
-
-QPushButton *browseButton(const QString &name, const QString &accessibleName)
-{
-    auto *result = button<QPushButton>(name, QStringLiteral("..."));
-    result->setAccessibleName(accessibleName);
     return result;
 }
 
