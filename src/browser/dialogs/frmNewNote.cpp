@@ -2,6 +2,7 @@
 
 #include "browser/BrowserServices.h"
 #include "browser/dialogs/CategoryBox.h"
+#include "browser/dialogs/WholeCharacters.h"
 #include "browser/dialogs/browse_button.h"
 #include "browser/dialogs/location_cleaning.h"
 #include "browser/dialogs/new_note.h"
@@ -37,6 +38,7 @@ frmNewNote::frmNewNote(const BrowserServices &services, QWidget *parent, NewNote
     setWindowTitle(tr("New Note"));
     m_name->setObjectName(QStringLiteral("Text1"));
     m_name->setMaxLength(kLongestName);
+    m_name->setValidator(new WholeCharacters(m_name));
     m_location->setObjectName(QStringLiteral("Text2"));
     m_location->setMaxLength(std::numeric_limits<int>::max());
     m_manage->setToolTip(tr("Show 'Note Categories' window"));

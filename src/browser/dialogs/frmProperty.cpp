@@ -293,6 +293,14 @@ void frmProperty::changeEvent(QEvent *event)
         showTypePicture();
 }
 
+void frmProperty::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    // Behind what the toolkit does to the box that has the focus.
+    QMetaObject::invokeMethod(
+        m_name, [this] { m_name->setCursorPosition(0); }, Qt::QueuedConnection);
+}
+
 // ---- What the controls do ----
 
 void frmProperty::noteChange()

@@ -67,11 +67,13 @@ TEST_F(NewNoteDialog, ControlsFollowTheTexts)
     EXPECT_FALSE(isOn(form, u"Command1"_qs)) << "no name, even with a location";
     write(form, u"Text1"_qs, QString(300, u'n'));
     EXPECT_EQ(text(form, u"Text1"_qs).size(), 255);
+    form->setName(QString(254, u'n') + u"😀"_qs);
+    EXPECT_EQ(text(form, u"Text1"_qs), QString(254, u'n')) << "no half of a character";
     write(form, u"Text2"_qs, QString());
     EXPECT_FALSE(isOn(form, u"Check1"_qs));
     click(form, u"Command1"_qs);
     EXPECT_EQ(made(u"ACTIVE"_qs), false) << "the tick of a disabled box does not count";
-    EXPECT_EQ(made(u"FriendlyName"_qs).toString().size(), 255);
+    EXPECT_EQ(made(u"FriendlyName"_qs).toString().size(), 254);
 }
 
 TEST_F(NewNoteDialog, BrowsesForFileAndCategory)

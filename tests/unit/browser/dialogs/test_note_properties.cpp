@@ -4,9 +4,13 @@
 #include "browser/dialogs/note_properties.h"
 #include "fakes/FakeNoteGridView.h"
 #include "platform/errors.h"
+#include "unit/platform/linux/in_child.h"
 #include "watcher/WatchPause.h"
 
+#include <QFile>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 using namespace norvane;
 using namespace norvane::tests;
@@ -181,6 +185,35 @@ TEST_F(Properties, ThatCannotBeWrittenLeaveRowAndWindow)
     properties.FriendlyName = u"Written"_qs;
     EXPECT_EQ(errorOf([&] { save(properties); }), kErrorFileAccess);
     EXPECT_EQ(field(u"FriendlyName"_qs), u"Written"_qs);
+}
+
+TEST_F(Properties, SurviveAFullDiskAndAFolderThatIsReadOnly)
+{
+    const fakes::FakeStickyNote *live = openNote();
+    ASSERT_TRUE(live);
+    NoteProperties properties = stored();
+    properties.keyWords = u"word"_qs;
+    properties.URL = QString(100'000, u'u'); // needs room in the file
+    EXPECT_EQ(test::inChild([&] {
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  rlimit limit = {0, RLIM_INFINITY};
+                  setrlimit(RLIMIT_FSIZE, &limit);
+                  if (errorOf([&] { save(properties); }) != kErrorDiskFull || !live->calls.isEmpty())
+                      return 1;
+                  limit.rlim_cur = RLIM_INFINITY;
+                  setrlimit(RLIMIT_FSIZE, &limit);
+                  return save(properties) && stored().keyWords == u"word"_qs ? 0 : 2;
+              }),
+              0);
+    properties.keyWords = u"other"_qs;
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner);
+    EXPECT_EQ(test::inChild([&] {
+                  const bool refused = test::becomeOrdinaryUser() && errorOf([&] { save(properties); }) != 0;
+                  return refused && live->calls.isEmpty() ? 0 : 1;
+              }),
+              0);
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_EQ(stored().keyWords, u"word"_qs);
 }
 
 TEST_F(Properties, OfSeveralNotesKeepWhatIsGreyExceptForTwo)
