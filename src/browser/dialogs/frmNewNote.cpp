@@ -2,6 +2,8 @@
 
 #include "browser/BrowserServices.h"
 #include "browser/dialogs/CategoryBox.h"
+#include "browser/dialogs/WholeCharacters.h"
+#include "browser/dialogs/browse_button.h"
 #include "browser/dialogs/location_cleaning.h"
 #include "browser/dialogs/new_note.h"
 #include "browser/dialogs/note_properties.h"
@@ -24,23 +26,22 @@ namespace norvane {
 
 frmNewNote::frmNewNote(const BrowserServices &services, QWidget *parent, NewNoteDrop *drop)
     : QDialog(parent), m_services(services), m_drop(drop), m_name(new QLineEdit(tr("New Note"), this)),
-      m_location(new QLineEdit(this)), m_browse(new QPushButton(QStringLiteral("..."), this)),
+      m_location(new QLineEdit(this)),
+      m_browse(browseButton(QStringLiteral("Command4"), tr("Browse for a file"))),
       m_category(new CategoryBox(CategoryBox::FirstEntry::None, this)),
-      m_manage(new QPushButton(QStringLiteral("..."), this)), m_active(new QCheckBox(tr("&Active"), this)),
-      m_apply(new QCheckBox(tr("&Apply to all items"), this)), m_ok(new QPushButton(tr("&OK"), this)),
-      m_cancel(new QPushButton(tr("&Cancel"), this)), m_pause(services.timer)
+      m_manage(browseButton(QStringLiteral("Command3"), tr("Note Categories"))),
+      m_active(new QCheckBox(tr("&Active"), this)), m_apply(new QCheckBox(tr("&Apply to all items"), this)),
+      m_ok(new QPushButton(tr("&OK"), this)), m_cancel(new QPushButton(tr("&Cancel"), this)),
+      m_pause(services.timer)
 {
     setObjectName(QStringLiteral("frmNewNote"));
     setWindowTitle(tr("New Note"));
     m_name->setObjectName(QStringLiteral("Text1"));
     m_name->setMaxLength(kLongestName);
+    m_name->setValidator(new WholeCharacters(m_name));
     m_location->setObjectName(QStringLiteral("Text2"));
     m_location->setMaxLength(std::numeric_limits<int>::max());
-    m_browse->setObjectName(QStringLiteral("Command4"));
-    m_browse->setAccessibleName(tr("Browse for a file"));
-    m_manage->setObjectName(QStringLiteral("Command3"));
     m_manage->setToolTip(tr("Show 'Note Categories' window"));
-    m_manage->setAccessibleName(tr("Note Categories"));
     m_manage->setEnabled(services.views.has(NoteViews::View::Categories));
     m_active->setObjectName(QStringLiteral("Check1"));
     m_active->setEnabled(false);

@@ -212,6 +212,8 @@ void frmProperty::showProperties(const NoteProperties &properties)
     QAbstractButton *position = m_positions->button(properties.formposition);
     (position ? position : m_positions->button(0))->setChecked(true);
     m_model->setPosition(m_positions->checkedId());
+    for (QLineEdit *box : {m_name, m_location, m_soundFile, m_keywords})
+        box->setCursorPosition(0); // of a long text the beginning is shown
     enableSoundControls();
 }
 
@@ -289,6 +291,14 @@ void frmProperty::changeEvent(QEvent *event)
         Refresh_FileType();
     else if (event->type() == QEvent::PaletteChange && isSingle())
         showTypePicture();
+}
+
+void frmProperty::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    // Behind what the toolkit does to the box that has the focus.
+    QMetaObject::invokeMethod(
+        m_name, [this] { m_name->setCursorPosition(0); }, Qt::QueuedConnection);
 }
 
 // ---- What the controls do ----

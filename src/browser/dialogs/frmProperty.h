@@ -70,6 +70,7 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     enum class Extent { OneNote, SeveralNotes };

@@ -4,6 +4,8 @@
 #include "browser/dialogs/CategoryBox.h"
 #include "browser/dialogs/ColorButton.h"
 #include "browser/dialogs/ScreenModel.h"
+#include "browser/dialogs/WholeCharacters.h"
+#include "browser/dialogs/browse_button.h"
 #include "browser/dialogs/frmProperty.h"
 #include "controls/svg_icon.h"
 #include "watcher/NoteViews.h"
@@ -24,19 +26,12 @@ namespace norvane {
 
 namespace {
 
-constexpr int kShownCharacters = 44;
+constexpr int kShownCharacters = 54;
 
 template <typename Button> Button *button(const QString &name, const QString &text)
 {
     auto *result = new Button(text);
     result->setObjectName(name);
-    return result;
-}
-
-QPushButton *browseButton(const QString &name, const QString &accessibleName)
-{
-    auto *result = button<QPushButton>(name, QStringLiteral("..."));
-    result->setAccessibleName(accessibleName);
     return result;
 }
 
@@ -46,6 +41,7 @@ QLineEdit *textBox(const QString &name, const QString &accessibleName, int longe
     result->setObjectName(name);
     result->setAccessibleName(accessibleName);
     result->setMaxLength(longest);
+    result->setValidator(new WholeCharacters(result));
     return result;
 }
 

@@ -143,6 +143,8 @@ QStringList nameFilters(const QString &filter)
     const QStringList parts = filter.split(u'|');
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         QString pattern = parts.at(i + 1);
+        if (pattern == QStringLiteral("*.*")) // all files; here it would be those with a dot in the name
+            pattern = QStringLiteral("*");
         if (pattern.toUpper() != pattern)
             pattern += u' ' + pattern.toUpper();
         filters += parts.at(i) + QStringLiteral(" (%1)").arg(pattern);
