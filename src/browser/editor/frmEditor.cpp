@@ -167,14 +167,19 @@ void frmEditor::setDirty(bool dirty)
 
 void frmEditor::save()
 {
+    const quint64 saved = m_changes;
+    const QPointer<frmEditor> self(this);
+    const BrowserServices &services = m_services;
     try {
-        SaveNoteText(m_services.store, m_id, m_text->Text(), m_services.clock.now());
+        SaveNoteText(services.store, m_id, m_text->Text(), services.clock.now());
         m_text->SaveFile(m_bodyFile, RichTextBox::kRichText);
-        m_services.browser.Refresh_Grid();
-        m_services.browser.refreshPreview();
-        setDirty(false);
+        // Events may run in these, and the editor go or be typed into.
+        services.browser.Refresh_Grid();
+        services.browser.refreshPreview();
+        if (self && m_changes == saved)
+            setDirty(false);
     } catch (const RuntimeError &error) {
-        m_services.edit.prompts.messageBox(
+        services.edit.prompts.messageBox(
             tr("Run-time error '%1':\r\n\r\n%2").arg(error.number()).arg(error.description()),
             Prompts::kCritical, kApplicationTitle.toString());
     }
