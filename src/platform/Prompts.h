@@ -48,7 +48,9 @@ public:
     /// Lets the user name a file to write, and asks before one that exists. Native path; empty when
     /// cancelled.
     /// @param extension of a name that is given without one: "rtf"
-    virtual QString saveFile(const QString &title, const QString &filter, const QString &extension) = 0;
+    /// @param name      is proposed; without a folder
+    virtual QString saveFile(const QString &title, const QString &filter, const QString &extension,
+                             const QString &name = {}) = 0;
     /// Lets the user choose a colour, in blue-green-red byte order. Nothing when cancelled.
     virtual std::optional<quint32> chooseColor(quint32 start) = 0;
     /// Lets the user choose a font with its effects and colour. Nothing when cancelled.

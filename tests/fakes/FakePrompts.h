@@ -33,6 +33,7 @@ public:
         QString title;
         QString filter;
         QString extension;
+        QString name;
     };
 
     QVector<Box> boxes;
@@ -71,9 +72,10 @@ public:
         return files.isEmpty() ? QString() : files.dequeue();
     }
 
-    QString saveFile(const QString &title, const QString &filter, const QString &extension) override
+    QString saveFile(const QString &title, const QString &filter, const QString &extension,
+                     const QString &name) override
     {
-        saveRequests.append({title, filter, extension});
+        saveRequests.append({title, filter, extension, name});
         return files.isEmpty() ? QString() : files.dequeue();
     }
 

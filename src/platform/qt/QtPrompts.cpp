@@ -141,13 +141,16 @@ QString QtPrompts::openFile(const QString &title, const QString &filter)
     });
 }
 
-QString QtPrompts::saveFile(const QString &title, const QString &filter, const QString &extension)
+QString QtPrompts::saveFile(const QString &title, const QString &filter, const QString &extension,
+                            const QString &name)
 {
     return chosenPath(title, QDir::homePath(), [&](QFileDialog &dialog) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
         dialog.setNameFilters(nameFilters(filter));
         dialog.setDefaultSuffix(extension);
+        if (!name.isEmpty())
+            dialog.selectFile(name);
     });
 }
 
