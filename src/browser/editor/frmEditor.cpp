@@ -63,6 +63,7 @@ frmEditor::frmEditor(const BrowserServices &services, NoteRescue &rescue, Kind k
     setDirty(false);
     connect(m_text, &NV_RTFEdit::Change, this, &frmEditor::textChanged);
     connect(m_text, &NV_RTFEdit::SaveMe, this, &frmEditor::save);
+    resize(sizeHint());
     m_services.forms.add(this);
 }
 
@@ -145,6 +146,7 @@ void frmEditor::load(int ID, const QString &title, const QString &location)
         m_text->LoadFile(m_bodyFile, RichTextBox::kRichText);
     m_text->setAutoURLDetect(row->field(QStringLiteral("AutoURLDetect")).toBool());
     m_text->setBackColor(static_cast<quint32>(row->field(QStringLiteral("BackColor")).toInt()));
+    m_text->setSelStart(0); // links were looked for down to the end
     setDirty(false);
 }
 
