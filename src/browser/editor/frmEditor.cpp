@@ -2,6 +2,7 @@
 
 #include "browser/editor/TitleStrip.h"
 #include "browser/editor/editor_icons.h"
+#include "browser/editor/runtime_error_box.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Prompts.h"
@@ -181,9 +182,7 @@ void frmEditor::save()
         if (self && m_changes == saved)
             setDirty(false);
     } catch (const RuntimeError &error) {
-        services.edit.prompts.messageBox(
-            tr("Run-time error '%1':\r\n\r\n%2").arg(error.number()).arg(error.description()),
-            Prompts::kCritical, kApplicationTitle.toString());
+        showRuntimeError(services.edit.prompts, error);
     }
 }
 

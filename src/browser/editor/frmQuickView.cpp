@@ -59,6 +59,8 @@ frmQuickView::frmQuickView(const BrowserServices &services, QWidget *browser)
     m_view->setBorderStyle(0);
     // The grip stands under the scroll bar, not on it.
     auto *underScrollBar = new QWidget;
+    underScrollBar->setBackgroundRole(QPalette::Base);
+    underScrollBar->setAutoFillBackground(true);
     underScrollBar->setFixedHeight(m_grip->sizeHint().height());
     m_view->addScrollBarWidget(underScrollBar, Qt::AlignBottom);
     auto *layout = new QVBoxLayout(this);
