@@ -38,8 +38,10 @@ frmOpen::frmOpen(const BrowserServices &services)
     m_picked->hide();
     m_fault->setObjectName(QStringLiteral("lblFault"));
     m_fault->setTextFormat(Qt::PlainText);
+    m_fault->setWordWrap(true);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_notes, 1);
+    layout->addWidget(m_fault);
     makeButtons();
     setFocusProxy(m_notes);
 
@@ -58,7 +60,7 @@ frmOpen::~frmOpen()
 void frmOpen::makeButtons()
 {
     auto *row = new QHBoxLayout;
-    row->addWidget(m_fault, 1);
+    row->addStretch();
     const auto add = [&](const QString &name, const QString &text) {
         auto *button = new QPushButton(text);
         button->setObjectName(name);

@@ -163,9 +163,10 @@ TEST_F(Editor, asksBeforeChangesAreDroppedHoweverItIsClosed)
         EXPECT_EQ(window->isWindow(), !inFrame);
         type(u"text"_s);
         std::vector<std::function<void()>> ways{[&] { click(u"cmdExit"_s); }, [&] { window->close(); }};
-        if (!inFrame)
-            ways.emplace_back([&] { QTest::keyClick(editor, Qt::Key_W, Qt::ControlModifier); });
-        else
+        for (const Qt::Key key : {Qt::Key_W, Qt::Key_F4})
+            ways.emplace_back(
+                [&, key] { QTest::keyClick(part<QWidget>(u"RichTextBox1"_s), key, Qt::ControlModifier); });
+        if (inFrame)
             ways.emplace_back([&] { frame->findChild<QMdiArea *>()->closeActiveSubWindow(); });
         for (const auto &close : ways) {
             prompts.boxes.clear();
