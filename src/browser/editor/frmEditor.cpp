@@ -141,6 +141,7 @@ void frmEditor::load(int ID, const QString &title, const QString &location)
     m_title->setTitle(u' ' + title);
     m_title->setTitleToolTip(title.trimmed());
     m_location->setPanelText(tr("Location: ") + location);
+    m_location->setToolTip(plainToolTip(m_location->panelText()));
     m_id = ID;
     m_bodyFile = store.bodyFile(ID);
     if (store.files().exists(m_bodyFile))

@@ -12,6 +12,7 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QToolButton>
 
 using namespace norvane;
@@ -59,11 +60,14 @@ TEST_F(Editor, opensANoteAsItIsStored)
     events.duringYield = [&] {
         shownWhileFilling += forms.named(u"frmEditor2"_s).first()->hWnd() != kNoWindow;
     };
-    ASSERT_TRUE(open(ID, u"R&D\r\n<b>x</b>"_s, u"/home/me/a b"_s));
+    ASSERT_TRUE(open(ID, u"<b>R&D</b>\r\nx"_s, u"/home/me/a b"_s));
     EXPECT_TRUE(editor->isWindow() && editor->isVisible());
     EXPECT_EQ(editor->windowTitle(), u"Norvane Editor");
     EXPECT_EQ(editor->formName(), u"frmEditor2");
-    EXPECT_EQ(part<QLabel>(u"lblTitle"_s)->text(), u" R&D\r\n<b>x</b>");
+    EXPECT_EQ(part<QLabel>(u"lblTitle"_s)->text(), u" <b>R&D</b>\r\nx");
+    const QString tip = part<QLabel>(u"lblTitle"_s)->toolTip();
+    EXPECT_TRUE(QTextDocumentFragment::fromHtml(tip).toPlainText().startsWith(u"<b>R&D</b>"_s))
+        << "no markup";
     EXPECT_EQ(part<StatusPanel>(u"Panel1"_s)->panelText(), u"Location: /home/me/a b");
     EXPECT_EQ(editor->RTFEdit1()->Text(), u"stored text");
     EXPECT_EQ(editor->RTFEdit1()->BackColor(), 0x00C0FFU);

@@ -62,6 +62,7 @@ TEST_F(Preview, showsANoteToBeReadOnly)
     const int ID = addNoteWithBody(u"Letters"_s, "stored text");
     showNote(ID);
     EXPECT_EQ(title(), u" Letters");
+    EXPECT_EQ(preview->findChild<QLabel *>(u"lblTitle"_s)->toolTip(), title());
     EXPECT_EQ(text(), u"stored text");
     EXPECT_EQ(preview->RTF_View()->BackColor(), 0x00C0FFU);
     EXPECT_TRUE(isPreviewed(forms, ID));
