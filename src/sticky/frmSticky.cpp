@@ -22,6 +22,7 @@
 #include "watcher/NoteViews.h"
 #include "watcher/WatchSettings.h"
 #include "watcher/clsClips.h"
+#include "watcher/note_forms.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -426,9 +427,12 @@ int frmSticky::save()
         m_services.store.requeryNoteIndex();
         m_services.grid.Refresh_Grid();
         writeBody();
-        // A dialog that opens meanwhile may outlast the note.
+        // Dialogs that open in what follows may outlast the note.
         const QPointer<frmSticky> self(this);
-        m_services.events.yield();
+        const StickyServices &services = m_services;
+        if (isPreviewed(services.forms, fields.ID))
+            services.grid.refreshPreview();
+        services.events.yield();
         // What was typed meanwhile is not in the file.
         if (self && m_changes == saved)
             resetSaveState();

@@ -5,11 +5,17 @@
 #include <QLabel>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 #include <QToolButton>
 #include <algorithm>
 #include <cmath>
 
 namespace norvane {
+
+QString plainToolTip(const QString &text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+}
 
 /// `lblTitle`.
 class TitleLabel : public QLabel
@@ -82,8 +88,7 @@ void TitleStrip::setTitle(const QString &title)
 
 void TitleStrip::setTitleToolTip(const QString &text)
 {
-    // A title is no markup, whatever it looks like.
-    m_title->setToolTip(text.toHtmlEscaped());
+    m_title->setToolTip(plainToolTip(text));
 }
 
 QToolButton *TitleStrip::addButton(const QString &name, const QIcon &icon, const QString &toolTip)

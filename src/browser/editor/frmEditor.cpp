@@ -2,6 +2,7 @@
 
 #include "browser/editor/TitleStrip.h"
 #include "browser/editor/editor_icons.h"
+#include "browser/editor/runtime_error_box.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Prompts.h"
@@ -63,6 +64,7 @@ frmEditor::frmEditor(const BrowserServices &services, NoteRescue &rescue, Kind k
     setDirty(false);
     connect(m_text, &NV_RTFEdit::Change, this, &frmEditor::textChanged);
     connect(m_text, &NV_RTFEdit::SaveMe, this, &frmEditor::save);
+    resize(sizeHint());
     m_services.forms.add(this);
 }
 
@@ -139,12 +141,14 @@ void frmEditor::load(int ID, const QString &title, const QString &location)
     m_title->setTitle(u' ' + title);
     m_title->setTitleToolTip(title.trimmed());
     m_location->setPanelText(tr("Location: ") + location);
+    m_location->setToolTip(plainToolTip(m_location->panelText()));
     m_id = ID;
     m_bodyFile = store.bodyFile(ID);
     if (store.files().exists(m_bodyFile))
         m_text->LoadFile(m_bodyFile, RichTextBox::kRichText);
     m_text->setAutoURLDetect(row->field(QStringLiteral("AutoURLDetect")).toBool());
     m_text->setBackColor(static_cast<quint32>(row->field(QStringLiteral("BackColor")).toInt()));
+    m_text->setSelStart(0); // links were looked for down to the end
     setDirty(false);
 }
 
@@ -167,16 +171,19 @@ void frmEditor::setDirty(bool dirty)
 
 void frmEditor::save()
 {
+    const quint64 saved = m_changes;
+    const QPointer<frmEditor> self(this);
+    const BrowserServices &services = m_services;
     try {
-        SaveNoteText(m_services.store, m_id, m_text->Text(), m_services.clock.now());
+        SaveNoteText(services.store, m_id, m_text->Text(), services.clock.now());
         m_text->SaveFile(m_bodyFile, RichTextBox::kRichText);
-        m_services.browser.Refresh_Grid();
-        m_services.browser.refreshPreview();
-        setDirty(false);
+        // Events may run in these, and the editor go or be typed into.
+        services.browser.Refresh_Grid();
+        services.browser.refreshPreview();
+        if (self && m_changes == saved)
+            setDirty(false);
     } catch (const RuntimeError &error) {
-        m_services.edit.prompts.messageBox(
-            tr("Run-time error '%1':\r\n\r\n%2").arg(error.number()).arg(error.description()),
-            Prompts::kCritical, kApplicationTitle.toString());
+        showRuntimeError(services.edit.prompts, error);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "browser/editor/frmOpen.h"
 
+#include "browser/editor/runtime_error_box.h"
 #include "browser/grid/NoteGrid.h"
 #include "platform/FileSystem.h"
 #include "platform/RuntimeError.h"
@@ -37,14 +38,16 @@ frmOpen::frmOpen(const BrowserServices &services)
     m_picked->hide();
     m_fault->setObjectName(QStringLiteral("lblFault"));
     m_fault->setTextFormat(Qt::PlainText);
+    m_fault->setWordWrap(true);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_notes, 1);
+    layout->addWidget(m_fault);
     makeButtons();
     setFocusProxy(m_notes);
 
     connect(m_notes, &NoteGrid::RowChange, this, [this](int, int, int ID) { rowChanged(ID); });
-    m_notes->setGridDB(services.store.database());
-    m_notes->Refresh_Grid();
+    resize(kRoomy);
+    listNotes();
     enableButtons();
     m_services.forms.add(this);
 }
@@ -57,10 +60,11 @@ frmOpen::~frmOpen()
 void frmOpen::makeButtons()
 {
     auto *row = new QHBoxLayout;
-    row->addWidget(m_fault, 1);
+    row->addStretch();
     const auto add = [&](const QString &name, const QString &text) {
         auto *button = new QPushButton(text);
         button->setObjectName(name);
+        button->setAutoDefault(true);
         row->addWidget(button);
         return button;
     };
@@ -73,9 +77,20 @@ void frmOpen::makeButtons()
     qobject_cast<QVBoxLayout *>(layout())->addLayout(row);
 }
 
-QSize frmOpen::sizeHint() const
+void frmOpen::listNotes()
 {
-    return kRoomy.expandedTo(QWidget::sizeHint());
+    m_notes->setGridDB(m_services.store.database());
+    m_notes->Refresh_Grid();
+}
+
+void frmOpen::bringUp()
+{
+    if (isMinimized())
+        showNormal();
+    show();
+    raise();
+    activateWindow();
+    m_notes->SetFocus();
 }
 
 WindowHandle frmOpen::hWnd() const
@@ -87,6 +102,7 @@ void frmOpen::setRTFObj(NV_RTFEdit *editor)
 {
     m_editor = editor;
     if (editor)
+        // When it is said, the pointer still leads to what is left of it.
         connect(editor, &QObject::destroyed, this, &frmOpen::enableButtons, Qt::QueuedConnection);
     enableButtons();
 }
@@ -150,13 +166,18 @@ void ShowOpenNote(const BrowserServices &services, NV_RTFEdit &RTFObj, const QSt
 {
     const QVector<Form *> open = services.forms.named(QStringLiteral("frmOpen"));
     auto *picker = open.isEmpty() ? nullptr : dynamic_cast<frmOpen *>(open.first());
-    if (!picker)
-        picker = std::make_unique<frmOpen>(services).release();
+    try {
+        if (picker)
+            picker->listNotes(); // it may have been open for long
+        else
+            picker = std::make_unique<frmOpen>(services).release();
+    } catch (const RuntimeError &error) {
+        showRuntimeError(services.edit.prompts, error);
+        return;
+    }
     picker->setRTFObj(&RTFObj);
     picker->setWindowTitle(caption);
-    picker->show();
-    picker->raise();
-    picker->activateWindow();
+    picker->bringUp();
 }
 
 } // namespace norvane

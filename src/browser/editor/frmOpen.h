@@ -28,13 +28,15 @@ public:
 
     /// The editor that asked; not owned, and it may go at any time.
     void setRTFObj(NV_RTFEdit *editor);
+    /// Lists the notes as they are now. Raises what the engine raises.
+    void listNotes();
+    /// Brings the window to the front and gives the list the keyboard.
+    void bringUp();
 
     // Form
     QString formName() const override { return QStringLiteral("frmOpen"); }
     WindowHandle hWnd() const override;
     void unload() override;
-
-    QSize sizeHint() const override;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -57,8 +59,8 @@ private:
     bool m_unloaded = false;
 };
 
-/// Shows the picker for an editor: the one that is open, or a new one. Raises what the engine raises,
-/// with no new window left open.
+/// Shows the picker for an editor: the one that is open, or a new one. A fault is shown in a box, and no
+/// window is left by it.
 void ShowOpenNote(const BrowserServices &services, NV_RTFEdit &RTFObj, const QString &caption);
 
 } // namespace norvane

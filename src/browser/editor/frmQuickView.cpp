@@ -3,14 +3,15 @@
 #include "browser/editor/TitleStrip.h"
 #include "browser/editor/editor_icons.h"
 #include "browser/editor/preview_place.h"
+#include "browser/grid/BusyPointer.h"
 #include "platform/EventLoop.h"
 #include "platform/FileSystem.h"
 #include "platform/RuntimeError.h"
 #include "richtext/EditServices.h"
 #include "richtext/RichTextBox.h"
 
-#include <QGuiApplication>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSizeGrip>
 #include <QToolButton>
@@ -23,18 +24,24 @@ namespace {
 constexpr quint32 kNewNotePaper = 0xC0FFFF; // blue-green-red: a pale yellow
 /// Bytes of a body file: what is read in a moment while the user goes through a list.
 constexpr qint64 kLargestBody = qint64(16) << 20;
+constexpr int kEdge = 1; // pixels around it
+
+/// Part of the way from one colour to another.
+QColor between(const QColor &from, const QColor &to, double part)
+{
+    const auto mix = [part](int a, int b) { return static_cast<int>(a + (b - a) * part); };
+    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
+}
 
 } // namespace
 
 frmQuickView::frmQuickView(const BrowserServices &services, QWidget *browser)
-    : QFrame(browser, Qt::SubWindow), m_services(services), m_title(new TitleStrip(this)),
+    : QWidget(browser, Qt::SubWindow), m_services(services), m_title(new TitleStrip(this)),
       m_view(new RichTextBox(services.edit.files, this)), m_grip(new QSizeGrip(this))
 {
     setObjectName(QStringLiteral("frmQuickView"));
     setWindowTitle(tr("Note Preview"));
     setAccessibleName(tr("Note Preview"));
-    setFrameStyle(QFrame::Box | QFrame::Plain);
-    setAutoFillBackground(true);
 
     m_edit = m_title->addButton(QStringLiteral("ARButton2"), editorIcon(EditorIcon::Edit),
                                 tr("Edit current note in 'Note Editor'"));
@@ -50,8 +57,14 @@ frmQuickView::frmQuickView(const BrowserServices &services, QWidget *browser)
     m_view->setAccessibleName(tr("Note"));
     m_view->setLocked(true);
     m_view->setBorderStyle(0);
+    // The grip stands under the scroll bar, not on it.
+    auto *underScrollBar = new QWidget;
+    underScrollBar->setBackgroundRole(QPalette::Base);
+    underScrollBar->setAutoFillBackground(true);
+    underScrollBar->setFixedHeight(m_grip->sizeHint().height());
+    m_view->addScrollBarWidget(underScrollBar, Qt::AlignBottom);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(1, 1, 1, 1);
+    layout->setContentsMargins(kEdge, kEdge, kEdge, kEdge);
     layout->setSpacing(0);
     layout->addWidget(m_title);
     layout->addWidget(m_view, 1);
@@ -96,7 +109,7 @@ void frmQuickView::showNote(const QString &title, int ID, const QString &bodyFil
     m_id = ID;
     m_edit->setEnabled(true);
     m_open->setEnabled(true);
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const BusyPointer busy;
     m_view->setBackColor(BackColor);
     if (m_services.edit.files.exists(bodyFile)) {
         loadBody(bodyFile);
@@ -105,8 +118,7 @@ void frmQuickView::showNote(const QString &title, int ID, const QString &bodyFil
         m_view->setBackColor(kNewNotePaper);
     }
     m_view->verticalScrollBar()->setValue(scrolled);
-    QGuiApplication::restoreOverrideCursor();
-    m_services.events.yield();
+    m_services.events.yield(); // the form may be gone now
 }
 
 void frmQuickView::showNothing()
@@ -151,16 +163,23 @@ void frmQuickView::keepInside(int clientWidth, int statusBarTop)
 
 void frmQuickView::showEvent(QShowEvent *event)
 {
-    QFrame::showEvent(event);
+    QWidget::showEvent(event);
     move(withinReach(geometry(), parentWidget()->size()));
     raise();
 }
 
+void frmQuickView::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(),
+                     between(palette().color(QPalette::Window), palette().color(QPalette::WindowText), 0.45));
+}
+
 void frmQuickView::resizeEvent(QResizeEvent *event)
 {
-    QFrame::resizeEvent(event);
+    QWidget::resizeEvent(event);
     const QSize grip = m_grip->sizeHint();
-    m_grip->setGeometry(width() - grip.width() - 1, height() - grip.height() - 1, grip.width(),
+    m_grip->setGeometry(width() - grip.width() - kEdge, height() - grip.height() - kEdge, grip.width(),
                         grip.height());
     m_grip->raise();
 }

@@ -4,7 +4,7 @@
 #include "shell/Forms.h"
 #include "watcher/NotePreview.h"
 
-#include <QFrame>
+#include <QWidget>
 
 class QSizeGrip;
 class QToolButton;
@@ -19,7 +19,7 @@ class TitleStrip;
 /// settings.
 ///
 /// The browser owns it, fills it, and keeps the flag that it is open.
-class frmQuickView : public QFrame, public Form, public NotePreview
+class frmQuickView : public QWidget, public Form, public NotePreview
 {
     Q_OBJECT
 
@@ -59,6 +59,7 @@ signals:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

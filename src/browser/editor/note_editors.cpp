@@ -2,27 +2,17 @@
 
 #include "browser/BrowserServices.h"
 #include "browser/editor/frmEditor.h"
+#include "browser/grid/BusyPointer.h"
 #include "platform/EventLoop.h"
 #include "shell/windows/mdiMain.h"
 
-#include <QGuiApplication>
 #include <QMdiSubWindow>
 #include <QPointer>
-#include <algorithm>
 #include <memory>
 
 namespace norvane {
 
 namespace {
-
-/// The hourglass, as long as it lives.
-class BusyPointer
-{
-public:
-    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-    Q_DISABLE_COPY_MOVE(BusyPointer)
-};
 
 QVector<frmEditor *> editors(const FormList &forms)
 {
