@@ -1,4 +1,5 @@
 #include "FakeTrayHost.h"
+#include "error_of.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeEventLoop.h"
 #include "fakes/FakeFileSystem.h"
@@ -7,7 +8,6 @@
 #include "fakes/FakeWindowSystem.h"
 #include "fakes/MemorySettings.h"
 #include "options/HotKeyModel.h"
-#include "platform/RuntimeError.h"
 #include "platform/errors.h"
 #include "platform/sqlite/SqliteEngine.h"
 #include "shell/windows/ShellForms.h"
@@ -113,12 +113,7 @@ TEST_F(ShellWindowsTest, AHotKeyThatNoKeyCanBeIsAnErrorOfTheStart)
 {
     settings.save(u"HotKeys"_s, u"Attach.1"_s, u"99999999999"_s);
     shell.loadFrame();
-    try {
-        shell.showBrowser();
-        FAIL() << "no error";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.number(), kErrorOverflow);
-    }
+    EXPECT_EQ(errorOf([this] { shell.showBrowser(); }), kErrorOverflow);
 }
 
 TEST_F(ShellWindowsTest, TogglesTheFrame)

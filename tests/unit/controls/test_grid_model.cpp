@@ -1,5 +1,5 @@
 #include "controls/grid/GridModel.h"
-#include "platform/RuntimeError.h"
+#include "error_of.h"
 
 #include <gtest/gtest.h>
 
@@ -47,15 +47,6 @@ protected:
         for (int row = 1; row <= grid.Rows(); ++row)
             rows += grid.CellSelected(row, 2) ? grid.RowKey(row) : u"-"_qs;
         return rows;
-    }
-    static int errorOf(const std::function<void()> &act)
-    {
-        try {
-            act();
-        } catch (const RuntimeError &error) {
-            return error.number();
-        }
-        return 0;
     }
 
     Model grid;

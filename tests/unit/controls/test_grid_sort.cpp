@@ -1,5 +1,5 @@
 #include "controls/grid/cShellSortTGridCells.h"
-#include "platform/RuntimeError.h"
+#include "error_of.h"
 
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
@@ -257,17 +257,9 @@ TEST_F(GridSort, SwapsTwoEqualRowsButNotByDay)
 
 TEST_F(GridSort, RaisesWhatCannotBeCompared)
 {
-    const auto numberOf = [](const std::function<void()> &act) {
-        try {
-            act();
-        } catch (const RuntimeError &error) {
-            return error.number();
-        }
-        return 0;
-    };
     fill({{3, u"two"_qs, 1}, {1, 1, u"x"_qs}});
     setKey(1, 1, 1, kSortNumeric);
-    EXPECT_EQ(numberOf([this] { sort.SortItems(cells, rows); }), 13);
+    EXPECT_EQ(errorOf([this] { sort.SortItems(cells, rows); }), 13);
     EXPECT_EQ(rows[0].key, u"1"_qs) << "nothing has moved";
     EXPECT_EQ(variantOf(cells.value(3, 1)), QVariant(1));
     // A text that no comparison comes to harms nobody.
@@ -275,13 +267,13 @@ TEST_F(GridSort, RaisesWhatCannotBeCompared)
     setKey(2, 2, 1, kSortNumeric);
     EXPECT_EQ(sorted(), (QStringList{u"3"_qs, u"2"_qs, u"1"_qs}));
     fill({{1, 1, 1}, {u"x"_qs, 1, 1}});
-    EXPECT_EQ(numberOf([this] { sort.SortItems(cells, rows); }), 13);
+    EXPECT_EQ(errorOf([this] { sort.SortItems(cells, rows); }), 13);
     fill({{u"x"_qs}});
     setKey(1, 1, 1, kSortNumeric);
-    EXPECT_EQ(numberOf([this] { sort.SortItems(cells, rows); }), 0) << "one row is not compared";
+    EXPECT_EQ(errorOf([this] { sort.SortItems(cells, rows); }), 0) << "one row is not compared";
     fill({{1, 2}});
     setKey(1, 5, 1, kSortText);
-    EXPECT_EQ(numberOf([this] { sort.SortItems(cells, rows); }), 9);
+    EXPECT_EQ(errorOf([this] { sort.SortItems(cells, rows); }), 9);
 }
 
 TEST_F(GridSort, HasEightKeys)

@@ -1,8 +1,8 @@
+#include "error_of.h"
 #include "fakes/FakeHotKeys.h"
 #include "fakes/MemorySettings.h"
 #include "options/HotKeyModel.h"
 #include "options/hot_key_text.h"
-#include "platform/RuntimeError.h"
 #include "platform/errors.h"
 
 #include <gmock/gmock.h>
@@ -69,12 +69,7 @@ TEST(HotKeyRecords, LoadWithDefaultsAndComeBackAsSaved)
 
     settings.save(u"HotKeys"_s, u"Main.0"_s, u"5"_s);
     settings.save(u"HotKeys"_s, u"Delete.1"_s, u"99999999999"_s);
-    try {
-        loaded.load(settings);
-        FAIL() << "no error";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.number(), kErrorOverflow);
-    }
+    EXPECT_EQ(errorOf([&] { loaded.load(settings); }), kErrorOverflow);
     EXPECT_EQ(loaded, records) << "they are as they were";
 }
 
