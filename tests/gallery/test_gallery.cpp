@@ -1,14 +1,11 @@
 #include "Office.h"
 #include "file_bytes.h"
-#include "richtext/PictureStore.h"
-#include "richtext/document_builder.h"
-#include "richtext/document_reader.h"
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/writer.h"
 #include "sample_documents.h"
+#include "through_text_document.h"
 
 #include <QDir>
-#include <QTextDocument>
 #include <gtest/gtest.h>
 
 using namespace norvane;
@@ -16,15 +13,6 @@ using namespace norvane;
 namespace {
 
 const QString kTextFormat = QStringLiteral("txt:Text (encoded):UTF8");
-
-rtf::Document throughTextDocument(const rtf::Document &document)
-{
-    QTextDocument text;
-    QTextCursor cursor(&text);
-    PictureStore pictures;
-    buildDocument(document, cursor, pictures, Extent::WholeDocument);
-    return readDocument(text);
-}
 
 std::string differenceOf(const QString &left, const QString &right)
 {

@@ -1,11 +1,9 @@
 #include "fakes/FakeFileSystem.h"
-#include "richtext/PictureStore.h"
 #include "richtext/RichTextBox.h"
-#include "richtext/document_builder.h"
-#include "richtext/document_reader.h"
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/writer.h"
 #include "sample_documents.h"
+#include "through_text_document.h"
 
 #include <gtest/gtest.h>
 
@@ -15,11 +13,7 @@ TEST(DocumentRoundTrip, ATextDocumentGivesBackWhatItWasFilledWith)
 {
     for (quint32 seed = 1; seed <= 150; ++seed) {
         const rtf::Document document = rtf::sampleDocument(seed);
-        QTextDocument text;
-        QTextCursor cursor(&text);
-        PictureStore pictures;
-        buildDocument(document, cursor, pictures, Extent::WholeDocument);
-        ASSERT_EQ(firstDifference(readDocument(text), document).toStdString(), "") << seed;
+        ASSERT_EQ(firstDifference(throughTextDocument(document), document).toStdString(), "") << seed;
     }
 }
 
