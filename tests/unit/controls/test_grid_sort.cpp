@@ -240,21 +240,6 @@ TEST_F(GridSort, ReadsTheFieldOfItsType)
     EXPECT_EQ(sorted().last(), u"1"_qs);
 }
 
-TEST_F(GridSort, SwapsTwoEqualRowsButNotByDay)
-{
-    setKey(1, 1, 1, kSortTextNoCase);
-    fill({{u"abc"_qs, u"ABC"_qs}});
-    EXPECT_EQ(sorted(), (QStringList{u"2"_qs, u"1"_qs}));
-    fill({{u"abc"_qs, u"abd"_qs}});
-    EXPECT_EQ(sorted(), (QStringList{u"1"_qs, u"2"_qs}));
-    setKey(1, 1, 1, kSortText);
-    fill({{u"ABC"_qs, u"abc"_qs}});
-    EXPECT_EQ(sorted(), (QStringList{u"1"_qs, u"2"_qs}));
-    setKey(1, 1, 1, kSortDateDay);
-    fill({{day(2004, 1, 1, 8), day(2004, 1, 1, 9)}});
-    EXPECT_EQ(sorted(), (QStringList{u"1"_qs, u"2"_qs}));
-}
-
 TEST_F(GridSort, RaisesWhatCannotBeCompared)
 {
     fill({{3, u"two"_qs, 1}, {1, 1, u"x"_qs}});

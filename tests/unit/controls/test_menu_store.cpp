@@ -248,21 +248,6 @@ TEST_F(MenuStore, TakesAsManyItemsAsMayBe)
     EXPECT_EQ(errorOf([&] { read(other, written(menu)); }), u"Invalid number of Menu items");
 }
 
-TEST_F(MenuStore, RestoresParentsThatDoNotExist)
-{
-    menu.AddItem(u"a"_s);
-    menu.AddItem(u"b"_s, {}, 0, 1);
-    menu.Store(u"K"_s);
-    QByteArray stream = written(menu);
-    for (const char *parent : {"02000000", "05000000", "FFFFFFFF", "FFFFFF7F"}) {
-        stream.replace(stream.size() - 14, 4, QByteArray::fromHex(parent));
-        PopupMenuModel other;
-        read(other, stream);
-        other.Restore(u"K"_s);
-        EXPECT_EQ(other.itemsOf(other.rootMenu()), (QVector<int>{1, 2})) << parent;
-    }
-}
-
 TEST(Windows1252, HasAByteForEachOfItsCharacters)
 {
     EXPECT_EQ(toWindows1252(u"\u20ac\u201e\u0178\u00ff\u0081A\u03a9\U0001F600").toHex(),
