@@ -12,14 +12,11 @@
 #include "platform/errors.h"
 #include "richtext/NV_RTFEdit.h"
 #include "sticky/NoteStrip.h"
-#include "sticky/PinButton.h"
-#include "sticky/note_commands.h"
 #include "sticky/note_menu.h"
 #include "store/NoteRescue.h"
 #include "store/NoteStore.h"
 #include "store/note_row.h"
 #include "watcher/NoteGridView.h"
-#include "watcher/NoteViews.h"
 #include "watcher/WatchSettings.h"
 #include "watcher/clsClips.h"
 #include "watcher/note_forms.h"
@@ -27,11 +24,9 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
 #include <algorithm>
-#include <cmath>
 
 namespace norvane {
 
@@ -51,28 +46,6 @@ public:
     BusyPointer(const BusyPointer &) = delete;
     BusyPointer &operator=(const BusyPointer &) = delete;
 };
-
-Qt::CursorShape pointerOf(NoteGrip grip)
-{
-    switch (grip) {
-    case NoteGrip::Left:
-    case NoteGrip::Right:
-        return Qt::SizeHorCursor;
-    case NoteGrip::Top:
-    case NoteGrip::Bottom:
-        return Qt::SizeVerCursor;
-    case NoteGrip::TopLeft:
-    case NoteGrip::BottomRight:
-        return Qt::SizeFDiagCursor;
-    case NoteGrip::TopRight:
-    case NoteGrip::BottomLeft:
-        return Qt::SizeBDiagCursor;
-    case NoteGrip::None:
-    case NoteGrip::Move:
-        break;
-    }
-    return Qt::ArrowCursor;
-}
 
 } // namespace
 
@@ -121,68 +94,6 @@ frmSticky::frmSticky(const StickyServices &services)
 frmSticky::~frmSticky()
 {
     m_services.forms.remove(this);
-}
-
-void frmSticky::makeActions()
-{
-    m_save = new QAction(tr("&Save"), this);
-    m_save->setObjectName(QStringLiteral("mnuFile_Save"));
-    m_save->setShortcut(QKeySequence::Save);
-    m_save->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    m_save->setEnabled(false);
-    connect(m_save, &QAction::triggered, this, &frmSticky::SaveNote);
-    addAction(m_save);
-
-    // Keys that the note takes, and to which it does nothing.
-    const std::pair<QString, QKeySequence> idle[] = {{QStringLiteral("mnuFile_New"), QKeySequence::New},
-                                                     {QStringLiteral("mnuFile_Open"), QKeySequence::Open},
-                                                     {QStringLiteral("mnuFile_Print"), QKeySequence::Print}};
-    for (const auto &[name, key] : idle) {
-        auto *action = new QAction(this);
-        action->setObjectName(name);
-        action->setShortcut(key);
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        addAction(action);
-    }
-
-    m_close = new QAction(tr("&Close (Detach)"), this);
-    m_close->setObjectName(QStringLiteral("mnuFile_Close"));
-    connect(m_close, &QAction::triggered, this, &frmSticky::mnuFile_Close_Click);
-    addAction(m_close);
-}
-
-void frmSticky::makeMenu()
-{
-    m_menu.setHwndOwner(this);
-    m_menu.setImageList(&m_services.menuImages);
-    m_menu.setGradientHighlight(true);
-    m_menu.setTag(QStringLiteral("File_Menu"));
-    fillNoteMenu(m_menu, m_services.closeKey());
-    const std::pair<QString, NoteViews::View> entries[] = {
-        {note_menu::kMail, NoteViews::View::Mail},
-        {note_menu::kImportNote, NoteViews::View::OpenNote},
-        {note_menu::kExportOutlook, NoteViews::View::Outlook},
-        {note_menu::kProperties, NoteViews::View::Properties},
-    };
-    for (const auto &[key, view] : entries)
-        m_menu.setEnabled(m_menu.IndexForKey(key), m_services.views.has(view));
-    m_menu.CreateSubClass();
-    // Commands may outlast the note: not before the click is done with.
-    connect(
-        &m_menu, &NVPopupMenu::Click, this,
-        [this](int itemNumber) { runNoteCommand(*this, m_services, m_menu.ItemKey(itemNumber)); },
-        Qt::QueuedConnection);
-    connect(m_strip->pin(), &PinButton::clicked, this, &frmSticky::popUpMenu);
-}
-
-void frmSticky::popUpMenu()
-{
-    const QPointer<frmSticky> self(this);
-    const QPoint below(0, kNoteEdge + m_strip->thickness());
-    const QPointF corner = m_services.twips.fromPixels(QRect(below, QSize())).topLeft();
-    m_menu.ShowPopupMenu(0, std::floor(corner.y()));
-    if (self)
-        m_services.events.yield();
 }
 
 QFont frmSticky::formFont()
@@ -353,56 +264,6 @@ void frmSticky::closeEvent(QCloseEvent *event)
     // A window manager's close command detaches, like the note's own.
     event->ignore();
     mnuFile_Close_Click();
-}
-
-void frmSticky::mousePressEvent(QMouseEvent *event)
-{
-    const QPoint point = event->position().toPoint();
-    // What the text and its tool bar have no use for comes here too, and takes hold of nothing.
-    if (event->button() != Qt::LeftButton || m_text->geometry().contains(point))
-        return;
-    m_grip = noteGripAt(point, size());
-    if (m_grip == NoteGrip::None)
-        m_grip = NoteGrip::Move;
-    m_dragStart = event->globalPosition().toPoint();
-    m_dragRect = m_place;
-    geometryEdited();
-}
-
-void frmSticky::mouseMoveEvent(QMouseEvent *event)
-{
-    if (m_grip == NoteGrip::None) {
-        showGrip(noteGripAt(event->position().toPoint(), size()));
-        return;
-    }
-    const QPoint pointer = insideTarget(event->globalPosition().toPoint());
-    moveTo(draggedNote(m_dragRect, m_grip, pointer - m_dragStart));
-}
-
-/// The nearest point of the target: a note that was dragged out of it could never be seen again.
-QPoint frmSticky::insideTarget(const QPoint &point) const
-{
-    const QRect target = m_services.windows.clientRect(fields.ParentHwnd);
-    if (target.isEmpty())
-        return point;
-    return {std::clamp(point.x(), target.left(), target.right()),
-            std::clamp(point.y(), target.top(), target.bottom())};
-}
-
-void frmSticky::mouseReleaseEvent(QMouseEvent *event)
-{
-    if (event->button() == Qt::LeftButton)
-        m_grip = NoteGrip::None;
-}
-
-void frmSticky::leaveEvent(QEvent *)
-{
-    unsetCursor();
-}
-
-void frmSticky::showGrip(NoteGrip grip)
-{
-    setCursor(pointerOf(grip));
 }
 
 // ---- Saving and the end ----

@@ -38,7 +38,7 @@ public:
     void captureDesktop();
     void clearDocument();
     void importNote();
-    void importDocument();
+    void importDocument() { m_note->Text1()->openDocument(); }
     void exportDocument();
     void deleteNote();
     void exportToOutlook() { m_services.views.exportToOutlook(m_note->Text1()->Text()); }
@@ -131,39 +131,12 @@ void NoteCommand::clearDocument()
     NV_RTFEdit &text = *m_note->Text1();
     text.setText({});
     text.setFont(frmSticky::formFont());
-    text.setSelAlignment(0);
-    text.setSelBold(false);
-    text.setSelFontSize(frmSticky::formFont().pointSizeF());
-    text.setSelBullet(false);
-    text.setSelColor(0);
-    text.setSelItalic(false);
-    text.setSelUnderline(false);
-    text.setMousePointer(0);
+    text.resetLook(frmSticky::formFont().pointSizeF());
 }
 
 void NoteCommand::importNote()
 {
     m_services.views.showOpenNote(*m_note->Text1(), frmSticky::tr("Import into '%1'").arg(m_note->caption()));
-}
-
-void NoteCommand::importDocument()
-{
-    const QString path = m_prompts.openFile(
-        frmSticky::tr("Open"),
-        frmSticky::tr("Rich Text Format (RTF)|*.rtf|Plain Text (TXT)|*.txt", "kinds of files"));
-    if (path.isEmpty() || !m_note)
-        return;
-    const QString extension = documentExtension(path);
-    if (extension != u"TXT" && extension != u"RTF") {
-        tell(frmSticky::tr("Unknown File Format"));
-        return;
-    }
-    try {
-        m_note->Text1()->LoadFile(path,
-                                  extension == u"TXT" ? RichTextBox::kPlainText : RichTextBox::kRichText);
-    } catch (const RuntimeError &error) {
-        tell(error.description());
-    }
 }
 
 void NoteCommand::exportDocument()

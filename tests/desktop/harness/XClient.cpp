@@ -14,6 +14,7 @@ namespace norvane::test {
 namespace {
 
 constexpr int kLookAgainMs = 20;
+constexpr int kListedWindows = 12;
 constexpr int kBetweenKeysMs = 8; // as fast as a person can be
 
 /// Lets the event loop run.
@@ -379,6 +380,25 @@ void XClient::click(const QPoint &position, int number)
     moveMouse(position);
     button(number, true);
     button(number, false);
+}
+
+QString XClient::whatIsThere() const
+{
+    QString lines =
+        QStringLiteral("active window 0x%1, workspace %2\n").arg(activeWindow(), 0, 16).arg(currentDesktop());
+    for (const xcb_window_t client : clients().mid(0, kListedWindows))
+        lines += QStringLiteral("  0x%1 \"%2\" [%3] %4 on %5, for 0x%6%7\n")
+                     .arg(client, 0, 16)
+                     .arg(title(client), wmClass(client), text(geometry(client)))
+                     .arg(desktopOf(client))
+                     .arg(transientFor(client), 0, 16)
+                     .arg(isViewable(client) ? QString() : QStringLiteral(" hidden"));
+    return lines;
+}
+
+QString text(const QRect &rect)
+{
+    return QStringLiteral("%1,%2 %3x%4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
 }
 
 void XClient::paintRoot(quint32 rgb)

@@ -1,8 +1,8 @@
 #include "browser/frmMain.h"
+#include "error_of.h"
 #include "fakes/FakeHotKeys.h"
 #include "fakes/FakeTrayHost.h"
 #include "options/HotKeyModel.h"
-#include "platform/RuntimeError.h"
 #include "platform/errors.h"
 #include "shell/forms/ShellForms.h"
 #include "shell/windows/StatusPanel.h"
@@ -101,12 +101,7 @@ TEST_F(ShellWindowsTest, AHotKeyThatNoKeyCanBeIsAnErrorOfTheStart)
 {
     settings.save(u"HotKeys"_s, u"Attach.1"_s, u"99999999999"_s);
     shellForms.loadFrame();
-    try {
-        shellForms.showBrowser();
-        FAIL() << "no error";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.number(), kErrorOverflow);
-    }
+    EXPECT_EQ(errorOf([this] { shellForms.showBrowser(); }), kErrorOverflow);
 }
 
 TEST_F(ShellWindowsTest, TogglesTheFrame)

@@ -1,4 +1,4 @@
-#include "faults/NotificationService.h"
+#include "harness/NotificationService.h"
 
 #include <QUuid>
 
