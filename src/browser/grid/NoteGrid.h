@@ -98,8 +98,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    friend class NoteGridCommand;
-
     void makeColumns();
     void makeMenu();
     void startSort();

@@ -164,7 +164,12 @@ void NoteGridCommand::toggleActive()
     const bool isActive = !note->field(active).toBool();
     note->setField(active, isActive);
     showActive(*m_list->grid(), m_row, isActive);
-    note->update();
+    try {
+        note->update();
+    } catch (const RuntimeError &) {
+        showActive(*m_list->grid(), m_row, !isActive);
+        throw;
+    }
     m_services.store.requeryNoteIndex();
     refresh(); // which requeries a ready result set, too
     if (StickyNote *open = noteOf(m_services.forms, m_id.toInt()))
