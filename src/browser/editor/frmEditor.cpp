@@ -39,7 +39,7 @@ frmEditor::frmEditor(const BrowserServices &services, NoteRescue &rescue, Kind k
     : m_services(services), m_rescue(rescue), m_kind(kind), m_title(new TitleStrip(this)),
       m_text(new NV_RTFEdit(services.edit, this)), m_location(new StatusPanel(QStringLiteral("Panel1")))
 {
-    setObjectName(formName());
+    setObjectName(frmEditor::formName());
     setWindowTitle(tr("Norvane Editor"));
     SetFormIcon(this);
 
@@ -64,7 +64,7 @@ frmEditor::frmEditor(const BrowserServices &services, NoteRescue &rescue, Kind k
     setDirty(false);
     connect(m_text, &NV_RTFEdit::Change, this, &frmEditor::textChanged);
     connect(m_text, &NV_RTFEdit::SaveMe, this, &frmEditor::save);
-    resize(sizeHint());
+    resize(frmEditor::sizeHint());
     m_services.forms.add(this);
 }
 
@@ -111,21 +111,22 @@ WindowHandle frmEditor::hWnd() const
     return isWindow() ? static_cast<WindowHandle>(winId()) : kNoWindow;
 }
 
-/// What stands on the screen for this window; nullptr when it does so itself.
-QWidget *frmEditor::frameWindow() const
+/// What stands on the screen for this window: that of the frame around it, or it itself.
+QWidget *frmEditor::outerWindow()
 {
-    return qobject_cast<QMdiSubWindow *>(parentWidget());
+    auto *child = qobject_cast<QMdiSubWindow *>(parentWidget());
+    return child ? child : static_cast<QWidget *>(this);
 }
 
 void frmEditor::bringUp()
 {
-    QWidget *window = frameWindow() ? frameWindow() : this;
-    if (window->isMinimized())
-        window->showNormal();
+    QWidget *onScreen = outerWindow();
+    if (onScreen->isMinimized())
+        onScreen->showNormal();
     show();
-    window->show();
-    window->raise();
-    window->activateWindow();
+    onScreen->show();
+    onScreen->raise();
+    onScreen->activateWindow();
     m_text->SetFocus();
 }
 
@@ -191,7 +192,7 @@ void frmEditor::save()
 
 bool frmEditor::mayClose()
 {
-    if (!isDirty() || m_settled == m_changes)
+    if (!isDirty() || m_left)
         return true;
     if (m_asking)
         return false;
@@ -204,12 +205,16 @@ bool frmEditor::mayClose()
     if (!self)
         return true;
     m_asking = false;
-    return answer == Prompts::kYes || m_left;
+    if (m_left) { // everything ended meanwhile
+        outerWindow()->deleteLater();
+        return true;
+    }
+    return answer == Prompts::kYes;
 }
 
 bool frmEditor::closeWindow()
 {
-    return frameWindow() ? frameWindow()->close() : close();
+    return outerWindow()->close();
 }
 
 void frmEditor::closeEvent(QCloseEvent *event)
@@ -246,9 +251,10 @@ void frmEditor::leave()
         return;
     m_left = true;
     m_services.forms.remove(this);
-    QWidget *window = frameWindow() ? frameWindow() : this;
-    window->hide();
-    window->deleteLater();
+    outerWindow()->hide();
+    // Behind a question there is a close event that is not done with the window.
+    if (!m_asking)
+        outerWindow()->deleteLater();
 }
 
 } // namespace norvane

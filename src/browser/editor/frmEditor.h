@@ -57,7 +57,7 @@ public:
     /// Asks, if there are unsaved changes, whether to close without them. The window stays in any case.
     /// @return false when the answer was No
     bool mayClose();
-    /// Unsaved changes up to now are not to be asked for again, nor rescued.
+    /// Unsaved changes up to now are not to be rescued.
     void dropChanges() { m_settled = m_changes; }
     /// Writes unsaved changes to a rescue file, once. Raises nothing.
     void rescueChanges();
@@ -77,7 +77,7 @@ private:
     void setDirty(bool dirty);
     void save();
     void leave();
-    QWidget *frameWindow() const;
+    QWidget *outerWindow();
 
     const BrowserServices &m_services;
     NoteRescue &m_rescue;

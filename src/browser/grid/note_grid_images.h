@@ -7,8 +7,8 @@
 
 namespace norvane {
 
-/// `ilsIcons`: the icons of a list of notes and of its menu, by the numbers of NoteIcon. They are the
-/// desktop's, or else drawings in the desktop's colours; those of notes are always drawings.
+/// `ilsIcons`: the icons of a list of notes and of its menu, by the numbers of NoteIcon. They are drawings
+/// in the desktop's colours, except for the folder where the desktop's theme has one.
 class NoteGridImages : public ImageList
 {
 public:

@@ -112,8 +112,10 @@ QString typeNameOf(const QString &location)
 QString typeKeyOf(const QString &location)
 {
     const QString path = withName(location);
-    if (path.isEmpty() || path == QStringLiteral("/"))
-        return path;
+    if (path.isEmpty())
+        return {};
+    if (path == QStringLiteral("/"))
+        return QStringLiteral("top");
     if (isAddress(path))
         return QStringLiteral("http:");
     const bool inProgramFolder = isInProgramFolder(path) && !path.endsWith(u'/');

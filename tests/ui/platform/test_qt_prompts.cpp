@@ -165,6 +165,20 @@ TEST(QtPrompts, FileIsChosenOrEmpty)
     EXPECT_EQ(prompts.openFile(QStringLiteral("Open"), filter), file);
 }
 
+TEST(QtPrompts, SavingProposesAName)
+{
+    QtPrompts prompts;
+    const QTemporaryDir folder;
+    WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
+        EXPECT_EQ(QFileInfo(shown->selectedFiles().value(0)).fileName(), QStringLiteral("Plum cake.RTF"));
+        shown->setDirectory(folder.path());
+        QMetaObject::invokeMethod(shown, "accept");
+    });
+    EXPECT_EQ(prompts.saveFile(QStringLiteral("Save as"), QStringLiteral("Rich Text Format (*.RTF)|*.rtf"),
+                               QStringLiteral("RTF"), QStringLiteral("Plum cake")),
+              folder.filePath(QStringLiteral("Plum cake.RTF")));
+}
+
 TEST(QtPrompts, FontKeepsWhatNobodyTouched)
 {
     QtPrompts prompts;

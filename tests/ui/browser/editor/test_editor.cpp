@@ -230,9 +230,31 @@ TEST_F(Editor, allAreAskedBeforeAnythingIsUnloaded)
     EXPECT_TRUE(EditorsMayClose(forms));
     editor = opened[1];
     type(u"more"_s); // the end did not come, and the user went on
+    editor = opened[2];
+    prompts.boxes.clear();
+    click(u"cmdExit"_s);
+    EXPECT_EQ(prompts.boxes.size(), 1) << "an answer of then is none for now";
     for (frmEditor *each : opened)
         each->unload();
     EXPECT_EQ(rescued().size(), 1);
+}
+
+TEST_F(Editor, mayBeUnloadedWhileItAsks)
+{
+    const int ID = addNote(u"Letters"_s);
+    frame->show();
+    prompts.duringBox = [this](const auto &) {
+        editor->unload();
+        finishUnloading();
+    };
+    for (const bool inFrame : {false, true}) {
+        isFrameVisible = inFrame;
+        open(ID);
+        type(u"precious"_s);
+        editor->closeWindow();
+        EXPECT_FALSE(isOpen());
+    }
+    EXPECT_EQ(rescued().size(), 2);
 }
 
 TEST_F(Editor, manyAtOnceAreEachTheirOwnAndTheLastWriterWins)

@@ -1,7 +1,5 @@
 #include "NoteGridWindow.h"
 
-#include "shell/settings_keys.h"
-
 using namespace norvane;
 using namespace norvane::tests;
 

@@ -1,5 +1,6 @@
 #include "platform/linux/type_names.h"
 
+#include <QHash>
 #include <QStringList>
 #include <gtest/gtest.h>
 
