@@ -80,8 +80,9 @@ FullDesk &desk()
 /// Until the dialog is on the screen, painted.
 void openProperties(benchmark::State &state)
 {
+    const BrowserServices &services = desk().services;
     for (auto _ : state) {
-        frmProperty dialog(desk().services, kNotes / 2);
+        frmProperty dialog(services, kNotes / 2);
         dialog.show();
         QCoreApplication::processEvents();
         dialog.hide();
