@@ -4,6 +4,7 @@
 #include "browser/SideStrip.h"
 #include "browser/editor/frmQuickView.h"
 #include "browser/grid/NoteGrid.h"
+#include "controls/BusyPointer.h"
 #include "platform/EventLoop.h"
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
@@ -21,7 +22,6 @@
 
 #include <QCloseEvent>
 #include <QDir>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QMdiSubWindow>
 #include <QStatusBar>
@@ -40,16 +40,6 @@ constexpr int kID = 7;
 
 /// What the status bar has beside the category bar, at least.
 constexpr double kStatusTwips = 1440 + 350;
-
-/// The waiting pointer, as long as this lives.
-class Hourglass
-{
-public:
-    Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    Hourglass(const Hourglass &) = delete;
-    Hourglass &operator=(const Hourglass &) = delete;
-    ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
-};
 
 double stored(const SettingsStore &settings, const settings::Key &key)
 {
@@ -128,7 +118,10 @@ void frmMain::connectParts()
         if (m_grid->Redraw())
             rowChanged(row);
     });
-    connect(m_grid, &NoteGrid::Working, m_rowPanel, &StatusPanel::setPanelText);
+    connect(m_grid, &NoteGrid::Working, this, [this](const QString &text) {
+        m_rowPanel->setPanelText(text);
+        m_rowPanel->repaint(); // nothing else is painted until the list is read
+    });
     connect(m_grid, &NoteGrid::CatBarMouseUp, this,
             [this](int, int shift) { showCategoryMenu(QCursor::pos(), shift != 0); });
     connect(m_categoryBar, &CategoryBar::tabClick, this, &frmMain::tabClick);
@@ -284,7 +277,7 @@ void frmMain::RefreshPreviewWindow(int Row)
         m_preview->showNothing();
         return;
     }
-    const Hourglass hourglass;
+    const BusyPointer busy;
     const int id = numericPrefixInt(m_grid->GetCelText(Row, kID));
     try {
         const auto note = m_services.store.database()->openRecordset(
@@ -342,7 +335,7 @@ int frmMain::selectedCategory() const
 
 void frmMain::tabClick()
 {
-    const Hourglass hourglass;
+    const BusyPointer busy;
     m_grid->FilterCategory = m_categoryBar->filter();
     m_grid->FilterCategoryText = u' ' + m_categoryBar->filterName();
     m_services.events.yield();
@@ -407,7 +400,7 @@ void frmMain::sideButton(const QString &name)
         const bool hasLocation = !m_grid->GetCelText(m_grid->Row(), kLocation).trimmed().isEmpty();
         m_grid->RunGridMenu(hasLocation ? QStringLiteral("OPEN") : QStringLiteral("EDIT"));
     } else if (name == u"ARButton1") {
-        const Hourglass hourglass;
+        const BusyPointer busy;
         m_services.views.showSearch(m_categoryBar->isVisible() ? m_categoryBar->filter() : 0);
     } else if (name == u"ARButton2") {
         m_services.views.showNewNote();

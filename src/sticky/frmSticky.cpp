@@ -1,5 +1,6 @@
 #include "sticky/frmSticky.h"
 
+#include "controls/BusyPointer.h"
 #include "options/HotKeyRecords.h"
 #include "platform/Clock.h"
 #include "platform/EventLoop.h"
@@ -36,16 +37,6 @@ constexpr quint32 kDefaultPaper = 0xC0FFFF; // blue-green-red: a pale yellow
 constexpr double kFontSize = 9.75;          // points
 constexpr QSizeF kDesignTwips(8475, 5400);  // until the stored size replaces it
 constexpr int kRichText = 0;                // format of LoadFile and SaveFile
-
-/// The hourglass, as long as it lives.
-class BusyPointer
-{
-public:
-    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-    BusyPointer(const BusyPointer &) = delete;
-    BusyPointer &operator=(const BusyPointer &) = delete;
-};
 
 } // namespace
 

@@ -20,6 +20,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <limits>
 
 namespace norvane {
@@ -189,11 +190,12 @@ void frmNewNote::Command1_Click()
              .URL = m_location->text(),
              .CAT_ID = m_category->CAT_ID(),
              .ACTIVE = m_active->isEnabled() && m_active->isChecked()});
+    // The note is there: a browser that fails to show it must not lead to a second one.
+    const auto done = qScopeGuard([this] { unload(); });
     if (isVisible()) {
         m_services.browser.Refresh_Grid();
         m_services.browser.refreshAround();
     }
-    unload();
 }
 
 void frmNewNote::okClicked()

@@ -50,7 +50,8 @@ public:
     void SetCatItem(int CAT_ID);
 
     /// What "&OK" does: writes the row and unloads. Works without the dialog being shown, and then leaves
-    /// the browser as it is. Raises what the engine raises, with nothing written and the dialog loaded.
+    /// the browser as it is. Raises what the engine raises: with the dialog still loaded when the note was
+    /// not made, unloaded when only the browser could not show it.
     void Command1_Click();
 
     // Form

@@ -151,7 +151,8 @@ frmProperty::frmProperty(const BrowserServices &services, QVector<int> IDs, Exte
     makeControls();
     arrange();
     connectControls();
-    setSaveEnabled(false);
+    // For several notes there is something to be saved from the start: what is always written.
+    setSaveEnabled(!isSingle());
     m_category->fill(services.store);
     services.forms.add(this);
 }

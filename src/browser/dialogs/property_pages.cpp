@@ -75,9 +75,9 @@ QFrame *line()
 
 void frmProperty::makeControls()
 {
-    m_picture = new QLabel;
+    m_picture = new QLabel(this);
     m_picture->setObjectName(QStringLiteral("Picture1"));
-    m_type = new QLabel;
+    m_type = new QLabel(this);
     m_type->setObjectName(QStringLiteral("Label2"));
     m_type->setTextFormat(Qt::PlainText);
     m_type->setWordWrap(true);
@@ -111,6 +111,8 @@ void frmProperty::makeControls()
     if (isSingle())
         return;
 
+    m_picture->hide();
+    m_type->hide();
     for (QWidget *control : std::initializer_list<QWidget *>{m_name, m_location, m_browseLocation})
         control->setEnabled(false);
     for (QCheckBox *box : {m_active, m_autoSave, m_playSound, m_showToolbar})

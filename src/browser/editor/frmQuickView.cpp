@@ -3,7 +3,7 @@
 #include "browser/editor/TitleStrip.h"
 #include "browser/editor/editor_icons.h"
 #include "browser/editor/preview_place.h"
-#include "browser/grid/BusyPointer.h"
+#include "controls/BusyPointer.h"
 #include "platform/EventLoop.h"
 #include "platform/FileSystem.h"
 #include "platform/RuntimeError.h"

@@ -2,7 +2,7 @@
 
 #include "browser/BrowserServices.h"
 #include "browser/editor/frmEditor.h"
-#include "browser/grid/BusyPointer.h"
+#include "controls/BusyPointer.h"
 #include "platform/EventLoop.h"
 #include "shell/windows/mdiMain.h"
 

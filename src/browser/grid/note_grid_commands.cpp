@@ -1,11 +1,11 @@
 #include "browser/grid/note_grid_commands.h"
 
-#include "browser/grid/BusyPointer.h"
 #include "browser/grid/NoteGrid.h"
 #include "browser/grid/note_columns.h"
 #include "browser/grid/note_grid_menu.h"
 #include "browser/grid/note_row_texts.h"
 #include "browser/grid/note_rows.h"
+#include "controls/BusyPointer.h"
 #include "controls/gridview/vbalGrid.h"
 #include "platform/EventLoop.h"
 #include "platform/FileSystem.h"
