@@ -38,6 +38,9 @@ constexpr int kTitle = 2;
 constexpr int kLocation = 5;
 constexpr int kID = 7;
 
+/// Between a new preview and the corner of the list, pixels: room for its scroll bars.
+constexpr int kPreviewMargin = 28;
+
 /// What the status bar has beside the category bar, at least.
 constexpr double kStatusTwips = 1440 + 350;
 
@@ -255,8 +258,10 @@ void frmMain::togglePreview()
             [this] { m_grid->RunGridMenu(QStringLiteral("EDIT")); });
     connect(m_preview, &frmQuickView::openRequested, this,
             [this] { m_grid->RunGridMenu(QStringLiteral("OPEN")); });
+    m_isPreviewNew = settings::read(m_services.settings, settings::kPreviewWidth, {}).isEmpty();
     m_preview->show();
     keepPreviewInside();
+    m_isPreviewNew = m_isPreviewNew && !isVisible(); // the browser has no size of its own before it is shown
     RefreshPreviewWindow(m_grid->Row());
     m_grid->SetFocus();
 }
@@ -295,8 +300,21 @@ void frmMain::RefreshPreviewWindow(int Row)
 
 void frmMain::keepPreviewInside()
 {
-    if (m_preview && !m_window->isMinimized())
-        m_preview->keepInside(width(), findChild<QStatusBar *>()->y());
+    if (!m_preview || m_window->isMinimized())
+        return;
+    if (m_isPreviewNew) {
+        // Where it covers the fewest rows, until the user gives it a place.
+        const QPoint corner = m_grid->geometry().bottomRight() - QPoint(kPreviewMargin, kPreviewMargin);
+        m_preview->move(corner.x() - m_preview->width(), corner.y() - m_preview->height());
+    }
+    m_preview->keepInside(width(), findChild<QStatusBar *>()->y());
+}
+
+void frmMain::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    keepPreviewInside();
+    m_isPreviewNew = false;
 }
 
 void frmMain::resizeEvent(QResizeEvent *event)

@@ -79,6 +79,7 @@ public:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void layOut();
@@ -107,6 +108,7 @@ private:
     CategoryMenu m_categoryMenu;
     QPointer<frmQuickView> m_preview;
     bool m_previewOpen = false;
+    bool m_isPreviewNew = false; ///< it has never had a place
     int m_toldError = 0;
 };
 
