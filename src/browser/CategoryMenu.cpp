@@ -27,11 +27,12 @@ public:
     ~PopUp() { delete m_menu.data(); }
 
     QMenu &menu() { return *m_menu; }
-    QAction *add(QMenu &menu, const QString &name, const QString &caption, std::function<void()> command)
+    QAction *add(QMenu &menu, const QString &name, const QString &caption,
+                 const std::function<void()> &command)
     {
         QAction *entry = menu.addAction(caption);
         entry->setObjectName(name);
-        m_commands.insert(entry, std::move(command));
+        m_commands.insert(entry, command);
         return entry;
     }
     /// Nothing when none was chosen, or the menu has gone with its owner.
