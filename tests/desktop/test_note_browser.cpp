@@ -9,6 +9,7 @@ namespace {
 
 /// More pixels than a text cursor that stands in one picture of two, and less than a word.
 constexpr int kCursorPixels = 60;
+constexpr int kLeastWidth = 800;
 /// Fewer pixels than an editor covers, more than a preview.
 constexpr int kEditorPixels = 20000;
 
@@ -23,7 +24,7 @@ protected:
         xcb_window_t browser = 0;
         waitFor([&] {
             browser = active(QStringLiteral("Norvane"));
-            return browser != 0;
+            return browser != 0 && x().geometry(browser).width() > kLeastWidth; // and no splash
         });
         return browser;
     }

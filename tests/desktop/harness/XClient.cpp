@@ -51,13 +51,14 @@ constexpr xcb_keysym_t kShift = 0xffe1;
 xcb_keysym_t namedKey(const QString &name)
 {
     static const QHash<QString, xcb_keysym_t> names{
-        {QStringLiteral("ctrl"), 0xffe3},     {QStringLiteral("alt"), 0xffe9},
-        {QStringLiteral("shift"), kShift},    {QStringLiteral("Return"), 0xff0d},
-        {QStringLiteral("Escape"), 0xff1b},   {QStringLiteral("Tab"), 0xff09},
-        {QStringLiteral("Left"), 0xff51},     {QStringLiteral("Up"), 0xff52},
-        {QStringLiteral("Right"), 0xff53},    {QStringLiteral("Down"), 0xff54},
-        {QStringLiteral("End"), 0xff57},      {QStringLiteral("Home"), 0xff50},
-        {QStringLiteral("BackSpace"), 0xff08}};
+        {QStringLiteral("ctrl"), 0xffe3},      {QStringLiteral("alt"), 0xffe9},
+        {QStringLiteral("shift"), kShift},     {QStringLiteral("Return"), 0xff0d},
+        {QStringLiteral("Escape"), 0xff1b},    {QStringLiteral("Tab"), 0xff09},
+        {QStringLiteral("Left"), 0xff51},      {QStringLiteral("Up"), 0xff52},
+        {QStringLiteral("Insert"), 0xff63},    {QStringLiteral("Delete"), 0xffff},
+        {QStringLiteral("Right"), 0xff53},     {QStringLiteral("Down"), 0xff54},
+        {QStringLiteral("End"), 0xff57},       {QStringLiteral("Home"), 0xff50},
+        {QStringLiteral("BackSpace"), 0xff08}, {QStringLiteral("Menu"), 0xff67}};
     const auto found = names.find(name);
     return found != names.end() ? *found : static_cast<xcb_keysym_t>(name.at(0).unicode());
 }
