@@ -38,17 +38,6 @@ QByteArray generatedRtf(qsizetype size)
     return rtf + "\\par}";
 }
 
-class NoFiles final : public FileSystem
-{
-public:
-    bool exists(const QString &) const override { return false; }
-    qint64 size(const QString &) const override { return 0; }
-    QByteArray read(const QString &) const override { return {}; }
-    void write(const QString &, const QByteArray &) override {}
-    void makeFolder(const QString &) override {}
-    void remove(const QString &) override {}
-};
-
 void readRtf(benchmark::State &state)
 {
     const QByteArray rtf = generatedRtf(state.range(0));
@@ -91,7 +80,7 @@ double statusInMegabytes(const QByteArray &line)
 void memoryOfDocument(benchmark::State &state)
 {
     const QByteArray rtf = generatedRtf(state.range(0));
-    NoFiles files;
+    fakes::FakeFileSystem files;
     for ([[maybe_unused]] auto unused : state) {
         QFile reset(QStringLiteral("/proc/self/clear_refs"));
         if (reset.open(QIODevice::WriteOnly))
@@ -111,7 +100,7 @@ void memoryOfDocument(benchmark::State &state)
 void loadIntoBox(benchmark::State &state)
 {
     const QByteArray rtf = generatedRtf(state.range(0));
-    NoFiles files;
+    fakes::FakeFileSystem files;
     for ([[maybe_unused]] auto unused : state) {
         RichTextBox box(files);
         box.resize(340, 250);

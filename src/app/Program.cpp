@@ -1,5 +1,7 @@
 #include "app/Program.h"
 
+#include "browser/editor/note_editors.h"
+#include "browser/frmMain.h"
 #include "platform/RuntimeError.h"
 #include "platform/linux/ExitGuard.h"
 #include "platform/linux/wayland_session.h"
@@ -8,7 +10,6 @@
 #include "shell/lifecycle/StartUp.h"
 #include "shell/tray_menu.h"
 #include "shell/windows/TrayIcon.h"
-#include "shell/windows/frmMain.h"
 #include "shell/windows/mdiMain.h"
 #include "watcher/open_location.h"
 
@@ -49,7 +50,7 @@ Program::Watching::Watching(Program &program)
                 .rescue = program.m_rescue,
                 .edit = program.m_edit,
                 .capture = program.m_backends.capture,
-                .views = program.m_views,
+                .views = program.m_noteWindows,
                 .menuImages = program.m_menuImages,
                 .closeKey = [&program] { return program.m_hotKeys.text(HotKeyId::Detach); },
                 .twips = program.m_twips,
@@ -84,32 +85,39 @@ WatchParts Program::watchParts(StickyFactory &stickies)
 Program::Program()
     : m_state(*m_backends.engine, m_backends.files), m_twips(screenTwips()),
       m_location(m_backends.windows, m_backends.shellWindows, m_backends.processes, m_state.watch),
-      m_hotKeys(m_backends.hotKeys),
-      m_windows({.forms = m_state.forms,
-                 .store = m_state.store,
+      m_hotKeys(m_backends.hotKeys), m_edit({.files = m_backends.files,
+                                             .shell = m_backends.shell,
+                                             .prompts = m_backends.prompts,
+                                             .printing = m_backends.printing,
+                                             .clock = m_backends.clock,
+                                             .state = m_state.edit}),
+      m_views(m_windows), m_noteWindows(m_browser, m_rescue, m_windows),
+      m_browser({.store = m_state.store,
+                 .forms = m_state.forms,
                  .settings = m_backends.settings,
+                 .shell = m_backends.shell,
                  .clock = m_backends.clock,
+                 .sound = m_backends.sound,
                  .events = m_backends.events,
                  .windows = m_backends.windows,
-                 .sound = m_backends.sound,
+                 .timer = m_backends.timer,
+                 .watch = m_state.watch,
+                 .edit = m_edit,
+                 .browser = m_views,
+                 .views = m_noteWindows,
+                 .isFrameVisible = [this] { return m_windows.isFrameVisible(); },
+                 .twips = m_twips}),
+      m_windows({.services = m_browser,
                  .trayHost = m_backends.trayHost,
                  .hotKeys = m_hotKeys,
-                 .twips = m_twips,
                  .version = QVersionNumber::fromString(QCoreApplication::applicationVersion())}),
-      m_views(m_windows),
       m_rescue(m_state.store, m_backends.files, m_backends.clock, m_backends.notifier,
                [this](const QString &text) { m_windows.showNotice(text, kLongNoticeMs); }),
-      m_edit({.files = m_backends.files,
-              .shell = m_backends.shell,
-              .prompts = m_backends.prompts,
-              .printing = m_backends.printing,
-              .clock = m_backends.clock,
-              .state = m_state.edit}),
       m_menuImages(sharedMenuImages()), m_shutDown({.store = m_state.store,
                                                     .watch = m_state.watch,
                                                     .timer = m_backends.timer,
                                                     .forms = m_state.forms,
-                                                    .unloadPreview = {},
+                                                    .unloadPreview = [this] { m_windows.unloadPreview(); },
                                                     // Not quit(), which any window may decline.
                                                     .endProcess = [] { QCoreApplication::exit(); }}),
       m_firstNotices(m_backends.settings, m_backends.notifier,
@@ -145,13 +153,18 @@ int Program::run(const QStringList &arguments)
     // The display may go, or the session end, without time for the windows.
     const ExitGuard guard([this] {
         m_shutDown.saveAndClose();
+        RescueEditors(m_state.forms);
         m_backends.settings.flush();
     });
     EndSignals endSignals;
     connect(&endSignals, &EndSignals::endAsked, this, &Program::end);
     qApp->installEventFilter(this);
     connect(
-        qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { saveDirtyNotes(m_state.forms); },
+        qGuiApp, &QGuiApplication::commitDataRequest, this,
+        [this] {
+            saveDirtyNotes(m_state.forms);
+            RescueEditors(m_state.forms);
+        },
         Qt::DirectConnection);
     connectWindows();
     fillTray();
@@ -183,7 +196,13 @@ void Program::end()
 
 void Program::connectWindows()
 {
-    connect(&m_windows, &ShellForms::shutDownRequested, this, &Program::end, Qt::QueuedConnection);
+    connect(
+        &m_windows, &ShellForms::shutDownRequested, this,
+        [this] {
+            if (EditorsMayClose(m_state.forms))
+                end();
+        },
+        Qt::QueuedConnection);
     connect(&m_windows, &ShellForms::openPageRequested, this, &Program::openPage);
     connect(&m_backends.hotKeys, &HotKeys::pressed, this,
             [this, owner = m_windows.browser()->hWnd()](WindowHandle window, int id) {

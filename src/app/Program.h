@@ -1,15 +1,17 @@
 #pragma once
 
 #include "app/Backends.h"
+#include "app/NoteWindows.h"
 #include "app/ProgramViews.h"
+#include "browser/BrowserServices.h"
 #include "controls/menuview/menu_images.h"
 #include "options/HotKeyModel.h"
 #include "richtext/EditServices.h"
 #include "shell/AccessibilityOffer.h"
 #include "shell/FirstNotices.h"
+#include "shell/forms/ShellForms.h"
 #include "shell/lifecycle/SharedState.h"
 #include "shell/lifecycle/ShutDown.h"
-#include "shell/windows/ShellForms.h"
 #include "sticky/frmStickyFactory.h"
 #include "store/NoteRescue.h"
 #include "watcher/AttachWindow.h"
@@ -67,10 +69,13 @@ private:
     Twips m_twips;
     WindowLocation m_location;
     HotKeyModel m_hotKeys;
-    ShellForms m_windows;
-    ProgramViews m_views;
-    NoteRescue m_rescue;
+    // These know one another; they are used when all are made.
     EditServices m_edit;
+    ProgramViews m_views;
+    NoteWindows m_noteWindows;
+    BrowserServices m_browser;
+    ShellForms m_windows;
+    NoteRescue m_rescue;
     IconList m_menuImages;
     ShutDown m_shutDown;
     FirstNotices m_firstNotices;

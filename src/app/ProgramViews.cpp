@@ -1,8 +1,9 @@
 #include "app/ProgramViews.h"
 
-#include "shell/windows/ShellForms.h"
+#include "browser/frmMain.h"
+#include "browser/grid/NoteGrid.h"
+#include "shell/forms/ShellForms.h"
 #include "shell/windows/TrayIcon.h"
-#include "shell/windows/frmMain.h"
 
 namespace norvane {
 
@@ -18,14 +19,29 @@ void ProgramViews::show(const QString &text)
 
 void ProgramViews::Refresh_Grid()
 {
-    if (frmMain *browser = m_forms.browser())
+    if (frmMain *browser = m_forms.browser()) {
         browser->trayIcon()->noteChange();
+        browser->Refresh_Grid();
+    }
+}
+
+void ProgramViews::refreshAround()
+{
+    if (frmMain *browser = m_forms.browser())
+        browser->GRD_Refresh(0);
+}
+
+void ProgramViews::refreshPreview()
+{
+    frmMain *browser = m_forms.browser();
+    if (browser && browser->PreviewOpen())
+        browser->RefreshPreviewWindow(browser->grid()->Row());
 }
 
 int ProgramViews::category() const
 {
     const frmMain *browser = m_forms.browser();
-    return browser ? browser->selectedCategory() : 0;
+    return browser ? browser->grid()->FilterCategory : 0;
 }
 
 } // namespace norvane

@@ -40,15 +40,21 @@ public:
 
     /// Shows a box and waits for the answer. Closing the box answers OK or No.
     virtual Answer messageBox(const QString &text, int style, const QString &title) = 0;
+    /// Asks for a line of text. Empty when cancelled.
+    /// @param start what stands there when the box opens
+    virtual QString inputBox(const QString &text, const QString &title, const QString &start) = 0;
     /// Lets the user choose a folder that exists. Native path; empty when cancelled.
     virtual QString chooseFolder(const QString &title, const QString &start) = 0;
     /// Lets the user choose a file that exists. Native path; empty when cancelled.
     /// @param filter kinds of files, each with its pattern: "Plain Text (TXT)|*.txt|All|*.*"
-    virtual QString openFile(const QString &title, const QString &filter) = 0;
+    /// @param start  folder that is shown first; the home folder where it is empty or not there
+    virtual QString openFile(const QString &title, const QString &filter, const QString &start = {}) = 0;
     /// Lets the user name a file to write, and asks before one that exists. Native path; empty when
     /// cancelled.
     /// @param extension of a name that is given without one: "rtf"
-    virtual QString saveFile(const QString &title, const QString &filter, const QString &extension) = 0;
+    /// @param name      is proposed; without a folder
+    virtual QString saveFile(const QString &title, const QString &filter, const QString &extension,
+                             const QString &name = {}) = 0;
     /// Lets the user choose a colour, in blue-green-red byte order. Nothing when cancelled.
     virtual std::optional<quint32> chooseColor(quint32 start) = 0;
     /// Lets the user choose a font with its effects and colour. Nothing when cancelled.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace norvane {
 
@@ -36,6 +37,12 @@ public:
     /// "Application"; a folder told as such by its text: "File Folder"). Touches no disk. Empty
     /// when nothing can be told.
     virtual QString typeName(const QString &path) const = 0;
+    /// What typeName() goes by: all paths with the same key have the same type. Quickly told, so that
+    /// whoever asks for many may remember.
+    virtual QString typeKey(const QString &path) const = 0;
+    /// The names that the icon of a path or extension (".HTM") may have in the desktop's theme, the best
+    /// one first. By the text alone, too.
+    virtual QStringList iconNames(const QString &path) const = 0;
 
     /// The folder that the program keeps its data in; native, no separator at the end.
     virtual QString programFolder() const = 0;

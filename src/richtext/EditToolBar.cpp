@@ -118,7 +118,7 @@ void EditToolBar::setPictures(const QColor &ink)
     }
     // The toolkit's button for what has no room has a picture for light ground only.
     if (auto *more = findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button")))
-        more->setIcon(ownPicture(QStringLiteral("more"), ink));
+        more->setIcon(ownPicture(QStringLiteral("edit-more"), ink));
 }
 
 void EditToolBar::addButton(const ToolButton &tool)

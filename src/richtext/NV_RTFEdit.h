@@ -123,6 +123,13 @@ public:
     /// the document the look of links, which is an edit; switching it off leaves their look.
     bool AutoURLDetect() const { return mAutoURLDetect; }
     void setAutoURLDetect(bool on);
+    /// Runs the command of `C_OPEN`: a dialog for a file, rich or plain text by its extension, which takes
+    /// the document's place. A file of another kind and one that cannot be read are told to the user.
+    void openDocument();
+    /// Gives the selection, and what is typed next where there is none, the look of a new document:
+    /// upright, black, at the left and in no list; the pointer becomes the usual one.
+    /// @param points  size of the font
+    void resetLook(double points);
     /// Runs the `mnu_Paste` command.
     void Command_Pate() { mnu_Paste(); }
     /// Runs the `mnu_Print` command: a printer dialog, and the selection or the whole document.
@@ -169,7 +176,6 @@ private:
     /// Runs a command that asks something: not before the event that brought it is done with.
     void askLater(void (NV_RTFEdit::*command)());
     void newDocument();
-    void openDocument();
     void chooseColor();
     void toggleBullet();
     void mnu_Cut();

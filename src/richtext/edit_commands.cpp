@@ -93,9 +93,14 @@ void NV_RTFEdit::newDocument()
     if (answer != Prompts::kYes || !self || Locked())
         return;
     setText({});
+    resetLook(kNewDocumentSize);
+}
+
+void NV_RTFEdit::resetLook(double points)
+{
     setSelAlignment(0);
     setSelBold(false);
-    setSelFontSize(kNewDocumentSize);
+    setSelFontSize(points);
     setSelBullet(false);
     setSelColor(0);
     setSelItalic(false);

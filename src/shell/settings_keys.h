@@ -42,8 +42,24 @@ inline constexpr Key kBrowserHeight{u"NoteBrowser", u"Height", u"7000"};
 /// 0 as it was placed, 1 minimised, 2 maximised. Written and never read.
 inline constexpr Key kBrowserWindowState{u"NoteBrowser", u"WindowState", u""};
 inline constexpr Key kShowCategoryBar{u"NoteBrowser", u"ShowCategoryBar", u"1"};
+/// Style of the category bar: 0 tabs, 2 flat buttons.
+inline constexpr Key kCategoryBarStyle{u"NoteBrowser", u"CategoryBarStyle", u"0"};
 /// Number of the selected category tab, from 1.
 inline constexpr Key kLastCategory{u"NoteBrowser", u"LastCategory", u"1"};
+
+// Widths of the columns of a list of notes, pixels.
+inline constexpr Key kColumnTitleWidth{u"NoteBrowser", u"ColumnTitleWidth", u"250"};
+inline constexpr Key kColumnDateCreatedWidth{u"NoteBrowser", u"ColumnDateCreatedWidth", u"90"};
+inline constexpr Key kColumnLastUpdateWidth{u"NoteBrowser", u"ColumnLastUpdateWidth", u"90"};
+inline constexpr Key kColumnLocationWidth{u"NoteBrowser", u"ColumnLocationWidth", u"250"};
+inline constexpr Key kColumnTypeWidth{u"NoteBrowser", u"ColumnTypeWidth", u"120"};
+inline constexpr Key kColumnCategoryWidth{u"NoteBrowser", u"ColumnCategoryWidth", u"120"};
+
+// Place of the preview in the browser, twips.
+inline constexpr Key kPreviewTop{u"Preview", u"Top", u"0"};
+inline constexpr Key kPreviewLeft{u"Preview", u"Left", u"0"};
+inline constexpr Key kPreviewWidth{u"Preview", u"Width", u"0"};
+inline constexpr Key kPreviewHeight{u"Preview", u"Height", u"0"};
 
 /// The stored text, or the key's default.
 inline QString read(const SettingsStore &store, const Key &key)

@@ -1,5 +1,6 @@
 #include "sticky/frmSticky.h"
 
+#include "controls/BusyPointer.h"
 #include "options/HotKeyRecords.h"
 #include "platform/Clock.h"
 #include "platform/EventLoop.h"
@@ -12,25 +13,21 @@
 #include "platform/errors.h"
 #include "richtext/NV_RTFEdit.h"
 #include "sticky/NoteStrip.h"
-#include "sticky/PinButton.h"
-#include "sticky/note_commands.h"
 #include "sticky/note_menu.h"
 #include "store/NoteRescue.h"
 #include "store/NoteStore.h"
 #include "store/note_row.h"
 #include "watcher/NoteGridView.h"
-#include "watcher/NoteViews.h"
 #include "watcher/WatchSettings.h"
 #include "watcher/clsClips.h"
+#include "watcher/note_forms.h"
 
 #include <QAction>
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
 #include <algorithm>
-#include <cmath>
 
 namespace norvane {
 
@@ -40,38 +37,6 @@ constexpr quint32 kDefaultPaper = 0xC0FFFF; // blue-green-red: a pale yellow
 constexpr double kFontSize = 9.75;          // points
 constexpr QSizeF kDesignTwips(8475, 5400);  // until the stored size replaces it
 constexpr int kRichText = 0;                // format of LoadFile and SaveFile
-
-/// The hourglass, as long as it lives.
-class BusyPointer
-{
-public:
-    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-    BusyPointer(const BusyPointer &) = delete;
-    BusyPointer &operator=(const BusyPointer &) = delete;
-};
-
-Qt::CursorShape pointerOf(NoteGrip grip)
-{
-    switch (grip) {
-    case NoteGrip::Left:
-    case NoteGrip::Right:
-        return Qt::SizeHorCursor;
-    case NoteGrip::Top:
-    case NoteGrip::Bottom:
-        return Qt::SizeVerCursor;
-    case NoteGrip::TopLeft:
-    case NoteGrip::BottomRight:
-        return Qt::SizeFDiagCursor;
-    case NoteGrip::TopRight:
-    case NoteGrip::BottomLeft:
-        return Qt::SizeBDiagCursor;
-    case NoteGrip::None:
-    case NoteGrip::Move:
-        break;
-    }
-    return Qt::ArrowCursor;
-}
 
 } // namespace
 
@@ -120,68 +85,6 @@ frmSticky::frmSticky(const StickyServices &services)
 frmSticky::~frmSticky()
 {
     m_services.forms.remove(this);
-}
-
-void frmSticky::makeActions()
-{
-    m_save = new QAction(tr("&Save"), this);
-    m_save->setObjectName(QStringLiteral("mnuFile_Save"));
-    m_save->setShortcut(QKeySequence::Save);
-    m_save->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    m_save->setEnabled(false);
-    connect(m_save, &QAction::triggered, this, &frmSticky::SaveNote);
-    addAction(m_save);
-
-    // Keys that the note takes, and to which it does nothing.
-    const std::pair<QString, QKeySequence> idle[] = {{QStringLiteral("mnuFile_New"), QKeySequence::New},
-                                                     {QStringLiteral("mnuFile_Open"), QKeySequence::Open},
-                                                     {QStringLiteral("mnuFile_Print"), QKeySequence::Print}};
-    for (const auto &[name, key] : idle) {
-        auto *action = new QAction(this);
-        action->setObjectName(name);
-        action->setShortcut(key);
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        addAction(action);
-    }
-
-    m_close = new QAction(tr("&Close (Detach)"), this);
-    m_close->setObjectName(QStringLiteral("mnuFile_Close"));
-    connect(m_close, &QAction::triggered, this, &frmSticky::mnuFile_Close_Click);
-    addAction(m_close);
-}
-
-void frmSticky::makeMenu()
-{
-    m_menu.setHwndOwner(this);
-    m_menu.setImageList(&m_services.menuImages);
-    m_menu.setGradientHighlight(true);
-    m_menu.setTag(QStringLiteral("File_Menu"));
-    fillNoteMenu(m_menu, m_services.closeKey());
-    const std::pair<QString, NoteViews::View> entries[] = {
-        {note_menu::kMail, NoteViews::View::Mail},
-        {note_menu::kImportNote, NoteViews::View::OpenNote},
-        {note_menu::kExportOutlook, NoteViews::View::Outlook},
-        {note_menu::kProperties, NoteViews::View::Properties},
-    };
-    for (const auto &[key, view] : entries)
-        m_menu.setEnabled(m_menu.IndexForKey(key), m_services.views.has(view));
-    m_menu.CreateSubClass();
-    // Commands may outlast the note: not before the click is done with.
-    connect(
-        &m_menu, &NVPopupMenu::Click, this,
-        [this](int itemNumber) { runNoteCommand(*this, m_services, m_menu.ItemKey(itemNumber)); },
-        Qt::QueuedConnection);
-    connect(m_strip->pin(), &PinButton::clicked, this, &frmSticky::popUpMenu);
-}
-
-void frmSticky::popUpMenu()
-{
-    const QPointer<frmSticky> self(this);
-    const QPoint below(0, kNoteEdge + m_strip->thickness());
-    const QPointF corner = m_services.twips.fromPixels(QRect(below, QSize())).topLeft();
-    m_menu.ShowPopupMenu(0, std::floor(corner.y()));
-    if (self)
-        m_services.events.yield();
 }
 
 QFont frmSticky::formFont()
@@ -354,56 +257,6 @@ void frmSticky::closeEvent(QCloseEvent *event)
     mnuFile_Close_Click();
 }
 
-void frmSticky::mousePressEvent(QMouseEvent *event)
-{
-    const QPoint point = event->position().toPoint();
-    // What the text and its tool bar have no use for comes here too, and takes hold of nothing.
-    if (event->button() != Qt::LeftButton || m_text->geometry().contains(point))
-        return;
-    m_grip = noteGripAt(point, size());
-    if (m_grip == NoteGrip::None)
-        m_grip = NoteGrip::Move;
-    m_dragStart = event->globalPosition().toPoint();
-    m_dragRect = m_place;
-    geometryEdited();
-}
-
-void frmSticky::mouseMoveEvent(QMouseEvent *event)
-{
-    if (m_grip == NoteGrip::None) {
-        showGrip(noteGripAt(event->position().toPoint(), size()));
-        return;
-    }
-    const QPoint pointer = insideTarget(event->globalPosition().toPoint());
-    moveTo(draggedNote(m_dragRect, m_grip, pointer - m_dragStart));
-}
-
-/// The nearest point of the target: a note that was dragged out of it could never be seen again.
-QPoint frmSticky::insideTarget(const QPoint &point) const
-{
-    const QRect target = m_services.windows.clientRect(fields.ParentHwnd);
-    if (target.isEmpty())
-        return point;
-    return {std::clamp(point.x(), target.left(), target.right()),
-            std::clamp(point.y(), target.top(), target.bottom())};
-}
-
-void frmSticky::mouseReleaseEvent(QMouseEvent *event)
-{
-    if (event->button() == Qt::LeftButton)
-        m_grip = NoteGrip::None;
-}
-
-void frmSticky::leaveEvent(QEvent *)
-{
-    unsetCursor();
-}
-
-void frmSticky::showGrip(NoteGrip grip)
-{
-    setCursor(pointerOf(grip));
-}
-
 // ---- Saving and the end ----
 
 void frmSticky::writeRow()
@@ -426,9 +279,12 @@ int frmSticky::save()
         m_services.store.requeryNoteIndex();
         m_services.grid.Refresh_Grid();
         writeBody();
-        // A dialog that opens meanwhile may outlast the note.
+        // Dialogs that open in what follows may outlast the note.
         const QPointer<frmSticky> self(this);
-        m_services.events.yield();
+        const StickyServices &services = m_services;
+        if (isPreviewed(services.forms, fields.ID))
+            services.grid.refreshPreview();
+        services.events.yield();
         // What was typed meanwhile is not in the file.
         if (self && m_changes == saved)
             resetSaveState();

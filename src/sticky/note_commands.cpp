@@ -1,12 +1,10 @@
 #include "sticky/note_commands.h"
 
 #include "platform/EventLoop.h"
-#include "platform/FileSystem.h"
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
 #include "platform/ScreenCapture.h"
 #include "platform/WindowSystem.h"
-#include "platform/errors.h"
 #include "richtext/NV_RTFEdit.h"
 #include "richtext/commands/document_kind.h"
 #include "shell/internal_error.h"
@@ -16,6 +14,7 @@
 #include "store/NoteStore.h"
 #include "watcher/NoteGridView.h"
 #include "watcher/NoteViews.h"
+#include "watcher/delete_note.h"
 #include "watcher/note_forms.h"
 
 #include <QPointer>
@@ -39,7 +38,7 @@ public:
     void captureDesktop();
     void clearDocument();
     void importNote();
-    void importDocument();
+    void importDocument() { m_note->Text1()->openDocument(); }
     void exportDocument();
     void deleteNote();
     void exportToOutlook() { m_services.views.exportToOutlook(m_note->Text1()->Text()); }
@@ -68,7 +67,6 @@ private:
         }
     }
     void pastePicture(bool taken);
-    void removeRow();
 
     QPointer<frmSticky> m_note;
     const StickyServices &m_services;
@@ -133,39 +131,12 @@ void NoteCommand::clearDocument()
     NV_RTFEdit &text = *m_note->Text1();
     text.setText({});
     text.setFont(frmSticky::formFont());
-    text.setSelAlignment(0);
-    text.setSelBold(false);
-    text.setSelFontSize(frmSticky::formFont().pointSizeF());
-    text.setSelBullet(false);
-    text.setSelColor(0);
-    text.setSelItalic(false);
-    text.setSelUnderline(false);
-    text.setMousePointer(0);
+    text.resetLook(frmSticky::formFont().pointSizeF());
 }
 
 void NoteCommand::importNote()
 {
     m_services.views.showOpenNote(*m_note->Text1(), frmSticky::tr("Import into '%1'").arg(m_note->caption()));
-}
-
-void NoteCommand::importDocument()
-{
-    const QString path = m_prompts.openFile(
-        frmSticky::tr("Open"),
-        frmSticky::tr("Rich Text Format (RTF)|*.rtf|Plain Text (TXT)|*.txt", "kinds of files"));
-    if (path.isEmpty() || !m_note)
-        return;
-    const QString extension = documentExtension(path);
-    if (extension != u"TXT" && extension != u"RTF") {
-        tell(frmSticky::tr("Unknown File Format"));
-        return;
-    }
-    try {
-        m_note->Text1()->LoadFile(path,
-                                  extension == u"TXT" ? RichTextBox::kPlainText : RichTextBox::kRichText);
-    } catch (const RuntimeError &error) {
-        tell(error.description());
-    }
 }
 
 void NoteCommand::exportDocument()
@@ -186,23 +157,6 @@ void NoteCommand::exportDocument()
     }
 }
 
-/// A row that somebody else has deleted is no fault.
-void NoteCommand::removeRow()
-{
-    dao::Recordset *notes = m_services.store.NoteSet();
-    if (!notes)
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
-    const QString condition = QStringLiteral("ID=%1").arg(m_id);
-    notes->findFirst(condition);
-    if (notes->noMatch()) {
-        m_services.store.requeryNoteSet(); // the note is younger than the recordset
-        notes = m_services.store.NoteSet();
-        notes->findFirst(condition);
-    }
-    if (!notes->noMatch())
-        notes->remove();
-}
-
 void NoteCommand::deleteNote()
 {
     const QString question = frmSticky::tr("Are you sure you want to delete '%1'?").arg(m_note->caption());
@@ -211,18 +165,14 @@ void NoteCommand::deleteNote()
     // Whatever became of the window while the question stood, it is the note that is to go.
     NoteStore &store = m_services.store;
     try {
-        removeRow();
+        deleteNoteRow(store, m_id);
     } catch (const RuntimeError &error) {
         tell(error.description()); // as long as the row is there, its text is
         return;
     }
     step([&] { store.requeryNoteIndex(); });
     step([&] { m_services.grid.Refresh_Grid(); });
-    step([&] {
-        const QString body = store.bodyFile(m_id);
-        if (store.files().exists(body))
-            store.files().remove(body);
-    });
+    step([&] { deleteNoteBody(store, m_id); });
     if (StickyNote *open = noteOf(m_services.forms, m_id))
         open->unload();
 }

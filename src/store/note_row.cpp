@@ -20,16 +20,20 @@ int longTwips(double twips)
     return static_cast<int>(roundHalfEven(twips));
 }
 
-} // namespace
-
-void SaveNoteRow(const NoteStore &store, int ID, const NoteRowValues &values)
+std::unique_ptr<dao::Recordset> openRow(const NoteStore &store, const QString &columns, int ID)
 {
     dao::Database *database = store.database();
     if (!database)
         throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."),
                            QStringLiteral("SaveNote"));
-    const std::unique_ptr<dao::Recordset> row =
-        database->openRecordset(QStringLiteral("select * from Memos where ID=") + QString::number(ID));
+    return database->openRecordset(QStringLiteral("select %1 from Memos where ID=%2").arg(columns).arg(ID));
+}
+
+} // namespace
+
+void SaveNoteRow(const NoteStore &store, int ID, const NoteRowValues &values)
+{
+    const std::unique_ptr<dao::Recordset> row = openRow(store, QStringLiteral("*"), ID);
     row->edit();
     row->setField(QStringLiteral("LastUpdate"), values.LastUpdate);
     row->setField(QStringLiteral("Wintop"), longTwips(values.place.top()));
@@ -37,6 +41,18 @@ void SaveNoteRow(const NoteStore &store, int ID, const NoteRowValues &values)
     row->setField(QStringLiteral("winWidth"), longTwips(values.place.width()));
     row->setField(QStringLiteral("winHeight"), longTwips(values.place.height()));
     row->setField(QStringLiteral("NoteText"), values.NoteText);
+    row->update();
+    row->close();
+}
+
+void SaveNoteText(const NoteStore &store, int ID, const QString &NoteText, const QDateTime &LastUpdate)
+{
+    const std::unique_ptr<dao::Recordset> row = openRow(store, QStringLiteral("ID,NoteText,LastUpdate"), ID);
+    if (row->eof())
+        return;
+    row->edit();
+    row->setField(QStringLiteral("NoteText"), NoteText);
+    row->setField(QStringLiteral("LastUpdate"), LastUpdate);
     row->update();
     row->close();
 }

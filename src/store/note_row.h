@@ -20,4 +20,9 @@ struct NoteRowValues
 /// the place fits no 32-bit number, and what the engine raises. Requeries nothing.
 void SaveNoteRow(const NoteStore &store, int ID, const NoteRowValues &values);
 
+/// Writes the text of a note and when it was changed, and nothing else; a row that is gone stays so.
+/// Raises 91 when no database is open, and what the engine raises. Requeries nothing.
+/// @param NoteText the plain text
+void SaveNoteText(const NoteStore &store, int ID, const QString &NoteText, const QDateTime &LastUpdate);
+
 } // namespace norvane

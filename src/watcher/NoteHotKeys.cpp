@@ -1,16 +1,15 @@
 #include "watcher/NoteHotKeys.h"
 
-#include "platform/FileSystem.h"
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
 #include "platform/WindowSystem.h"
-#include "platform/dao.h"
 #include "platform/errors.h"
 #include "store/NoteStore.h"
 #include "watcher/AttachWindow.h"
 #include "watcher/NoteGridView.h"
 #include "watcher/Notices.h"
 #include "watcher/StickyNote.h"
+#include "watcher/delete_note.h"
 #include "watcher/note_forms.h"
 #include "watcher/window_location.h"
 
@@ -61,8 +60,6 @@ void NoteHotKeys::deleteNote(WindowHandle target)
     if (!m_store.database())
         throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
     const int id = note->fields.ID;
-    const auto row = m_store.database()->openRecordset(QStringLiteral("Select ID from Memos Where ID=") +
-                                                       QString::number(id));
     const Prompts::Answer answer = m_prompts.messageBox(
         QStringLiteral("Are you sure you want to delete '") + note->caption() + QStringLiteral("'?"),
         Prompts::kYesNo | Prompts::kQuestion | Prompts::kSystemModal, QStringLiteral("Norvane"));
@@ -72,13 +69,11 @@ void NoteHotKeys::deleteNote(WindowHandle target)
     // The note may have gone with its window while the question stood; its row has not.
     if (StickyNote *open = noteOf(m_forms, id))
         open->unload();
-    row->remove();
+    deleteNoteRow(m_store, id);
     m_store.requeryNoteIndex();
     if (m_grid)
         m_grid->Refresh_Grid();
-    const QString body = m_store.bodyFile(id);
-    if (m_store.files().exists(body))
-        m_store.files().remove(body);
+    deleteNoteBody(m_store, id);
 }
 
 } // namespace norvane

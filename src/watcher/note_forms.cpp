@@ -1,7 +1,10 @@
 #include "watcher/note_forms.h"
 
 #include "shell/Forms.h"
+#include "watcher/NotePreview.h"
 #include "watcher/StickyNote.h"
+
+#include <algorithm>
 
 namespace norvane {
 
@@ -29,6 +32,15 @@ StickyNote *noteOn(const FormList &forms, WindowHandle target)
 StickyNote *noteOf(const FormList &forms, int ID)
 {
     return firstNote(forms, [&](const StickyFields &fields) { return fields.ID == ID; });
+}
+
+bool isPreviewed(const FormList &forms, int ID)
+{
+    const QVector<Form *> previews = forms.named(QStringLiteral("frmQuickView"));
+    return std::any_of(previews.begin(), previews.end(), [&](const Form *form) {
+        const auto *preview = dynamic_cast<const NotePreview *>(form);
+        return preview && preview->previewedNote() == ID;
+    });
 }
 
 } // namespace norvane

@@ -12,5 +12,7 @@ class StickyNote;
 StickyNote *noteOn(const FormList &forms, WindowHandle target);
 /// The open note of a row of Memos; nullptr if it is not open.
 StickyNote *noteOf(const FormList &forms, int ID);
+/// Whether a preview is open and shows the note of that row.
+bool isPreviewed(const FormList &forms, int ID);
 
 } // namespace norvane

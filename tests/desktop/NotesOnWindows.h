@@ -1,19 +1,16 @@
 #pragma once
 
+#include "file_bytes.h"
 #include "harness/RunningNorvane.h"
 #include "harness/WindowLog.h"
 
 #include <QDir>
-#include <QFile>
 #include <gtest/gtest.h>
 
 namespace norvane::test {
 
 /// Long enough for several looks at the desktop: what has not come by then does not come.
 inline constexpr int kSeveralTicksMs = 1500;
-
-/// More pixels than a text cursor that stands in one picture of two, and less than a word.
-inline constexpr int kTextCursor = 60;
 
 inline const QRect kLeft(20, 40, 620, 560);
 inline const QRect kRight(650, 40, 620, 560);
@@ -31,7 +28,8 @@ protected:
     void TearDown() override
     {
         if (HasFailure())
-            std::fputs(qPrintable(whatIsThere()), stderr);
+            std::fprintf(stderr, "%s%s\n%s", qPrintable(x().whatIsThere()), texts().c_str(),
+                         qPrintable(m_norvane.errorOutput()));
         if (m_norvane.process() == nullptr)
             return;
         EXPECT_TRUE(m_norvane.isRunning() ? m_norvane.end() : m_norvane.hasEndedWell())
@@ -71,11 +69,10 @@ protected:
 
     xcb_window_t openEditor(const QRect &rect)
     {
-        QFile file(m_desktop.home() + QStringLiteral("/draft.txt"));
-        if (!file.open(QIODevice::WriteOnly) || file.write("A text file.\n") < 0)
+        const QString file = m_desktop.home() + QStringLiteral("/draft.txt");
+        if (!putBytes(file, "A text file.\n"))
             return 0;
-        file.close();
-        m_desktop.run(QStringLiteral("mousepad"), {QStringLiteral("--disable-server"), file.fileName()});
+        m_desktop.run(QStringLiteral("mousepad"), {QStringLiteral("--disable-server"), file});
         return window(QStringLiteral("draft.txt"), QStringLiteral("mousepad"), rect);
     }
 
@@ -101,11 +98,6 @@ protected:
         return m_norvane.query(QStringLiteral("select ID, NoteText from Memos order by ID")).toStdString();
     }
 
-    std::string wholeRow() const
-    {
-        return m_norvane.query(QStringLiteral("select * from Memos where ID=1")).toStdString();
-    }
-
     bool isInside(xcb_window_t note, xcb_window_t target)
     {
         return x().geometryInShadow(target).contains(x().geometry(note));
@@ -117,33 +109,7 @@ protected:
         return !waitFor([&] { return m_norvane.noteOn(target) != note; }, kSeveralTicksMs);
     }
 
-    static std::string text(const QRect &rect)
-    {
-        return QStringLiteral("%1,%2 %3x%4")
-            .arg(rect.x())
-            .arg(rect.y())
-            .arg(rect.width())
-            .arg(rect.height())
-            .toStdString();
-    }
-
-    QString whatIsThere()
-    {
-        QString lines = QStringLiteral("active window 0x%1, workspace %2\n")
-                            .arg(x().activeWindow(), 0, 16)
-                            .arg(x().currentDesktop());
-        const QVector<xcb_window_t> clients = x().clients();
-        for (const xcb_window_t client : clients) {
-            lines += QStringLiteral("0x%1 \"%2\" [%3] %4 on %5, for 0x%6%7\n")
-                         .arg(client, 0, 16)
-                         .arg(x().title(client), x().wmClass(client),
-                              QString::fromStdString(text(x().geometry(client))))
-                         .arg(x().desktopOf(client))
-                         .arg(x().transientFor(client), 0, 16)
-                         .arg(x().isViewable(client) ? QString() : QStringLiteral(" hidden"));
-        }
-        return lines + QString::fromStdString(texts()) + QLatin1Char('\n') + m_norvane.errorOutput();
-    }
+    static std::string text(const QRect &rect) { return test::text(rect).toStdString(); }
 
     VirtualDesktop m_desktop;
     RunningNorvane m_norvane{m_desktop, QStringLiteral(NORVANE_PROGRAM)};

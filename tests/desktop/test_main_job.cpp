@@ -11,9 +11,7 @@ namespace {
 void doMainJobWith(Target &target)
 {
     VirtualDesktop desktop;
-    VirtualDesktop::Options options;
-    options.tray = true;
-    ASSERT_TRUE(desktop.start(options)) << qPrintable(desktop.error());
+    ASSERT_TRUE(desktop.start({.tray = true})) << qPrintable(desktop.error());
     MainJob job(desktop, target, QStringLiteral(NORVANE_PROGRAM));
     EXPECT_TRUE(job.run()) << qPrintable(job.report());
 }

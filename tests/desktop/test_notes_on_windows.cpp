@@ -7,39 +7,6 @@ using namespace norvane::test;
 
 namespace {
 
-TEST_F(NotesOnWindows, TwoProgramsEachHaveTheirOwn)
-{
-    const xcb_window_t folder = openFolder(QStringLiteral("letters"), kLeft);
-    const xcb_window_t editor = openEditor(kRight);
-    ASSERT_TRUE(folder != 0 && editor != 0 && startNorvane());
-
-    const QString folderText = QStringLiteral("Sort these before winter.");
-    const QString editorText = QStringLiteral("Second draft, ask Ada.");
-    const xcb_window_t first = writeNote(folder, folderText);
-    const xcb_window_t second = writeNote(editor, editorText);
-    ASSERT_TRUE(first != 0 && second != 0);
-    EXPECT_NE(first, second);
-    EXPECT_EQ(m_norvane.noteOn(folder), first);
-    EXPECT_EQ(m_norvane.noteOn(editor), second);
-    EXPECT_TRUE(isInside(first, folder));
-    EXPECT_TRUE(isInside(second, editor));
-    EXPECT_EQ(texts(), "1|" + folderText.toStdString() + "\n2|" + editorText.toStdString());
-
-    // Detached by its key.
-    ASSERT_TRUE(m_norvane.bringToFront(folder));
-    x().press(QStringLiteral("ctrl+alt+d"));
-    EXPECT_TRUE(waitFor([&] { return m_norvane.noteOn(folder) == 0; }));
-    EXPECT_TRUE(stays(second, editor));
-
-    // Gone with its window.
-    ASSERT_NE(m_norvane.attach(folder), 0u);
-    x().closeWindow(editor);
-    EXPECT_TRUE(waitFor([&] { return !x().exists(editor) && !x().exists(second); }));
-    EXPECT_TRUE(stays(m_norvane.noteOn(folder), folder));
-    EXPECT_EQ(m_norvane.body(1).count(folderText.toLatin1()), 1);
-    EXPECT_EQ(m_norvane.body(2).count(editorText.toLatin1()), 1);
-}
-
 TEST_F(NotesOnWindows, StayOnTheWorkspaceOfTheirTarget)
 {
     const xcb_window_t folder = openFolder(QStringLiteral("letters"), kLeft);
@@ -83,45 +50,6 @@ TEST_F(NotesOnWindows, StayOnTheWorkspaceOfTheirTarget)
     EXPECT_EQ(text(m_norvane.placeIn(editor, note)), place);
     EXPECT_EQ(m_log->lifeOf(note).shown.size(), 1) << qPrintable(m_log->text(note));
     EXPECT_EQ(x().desktopOf(editor), 1);
-}
-
-TEST_F(NotesOnWindows, SaveThemselvesOrNotWhenTheirTargetCloses)
-{
-    const QString first = QStringLiteral("Second draft, ask Ada.");
-    xcb_window_t editor = openEditor(kRight);
-    ASSERT_TRUE(editor != 0 && startNorvane());
-    xcb_window_t note = m_norvane.attach(editor);
-    ASSERT_TRUE(note != 0 && m_norvane.typeInto(note, first));
-    m_norvane.settledPictureOf(note);
-    EXPECT_EQ(texts(), "1|");
-
-    // With `AutoSave`.
-    x().closeWindow(editor);
-    EXPECT_TRUE(waitFor([&] { return !x().exists(editor) && !x().exists(note); }));
-    EXPECT_EQ(texts(), "1|" + first.toStdString());
-    const QByteArray body = m_norvane.body(1);
-    EXPECT_EQ(body.count(first.toLatin1()), 1);
-
-    // Without.
-    ASSERT_TRUE(m_norvane.end());
-    m_norvane.query(QStringLiteral("update Memos set AutoSave = 0"));
-    const std::string row = wholeRow();
-    editor = openEditor(kRight);
-    ASSERT_TRUE(editor != 0 && startNorvane());
-    ASSERT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }));
-    note = m_norvane.noteOn(editor);
-    const QImage look = m_norvane.settledPictureOf(note);
-    ASSERT_TRUE(m_norvane.typeInto(note, QStringLiteral(" Nobody keeps this.")));
-    x().closeWindow(editor);
-    EXPECT_TRUE(waitFor([&] { return !x().exists(editor) && !x().exists(note); }));
-    EXPECT_FALSE(waitFor([&] { return !m_norvane.shownWindows().isEmpty(); }, kSeveralTicksMs));
-    EXPECT_EQ(wholeRow(), row);
-    EXPECT_EQ(m_norvane.body(1).toStdString(), body.toStdString());
-    EXPECT_FALSE(QDir(m_norvane.notesFolder() + QStringLiteral("/Rescued")).exists());
-
-    editor = openEditor(kRight);
-    ASSERT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }));
-    EXPECT_LT(differentPixels(m_norvane.settledPictureOf(m_norvane.noteOn(editor)), look), kTextCursor);
 }
 
 struct Browser

@@ -1,3 +1,4 @@
+#include "harness/NotificationService.h"
 #include "harness/VirtualDesktop.h"
 #include "platform/linux/DBusNotifier.h"
 #include "platform/linux/LinuxTrayHost.h"
@@ -6,11 +7,10 @@
 #include <QObject>
 #include <QSignalSpy>
 #include <QThread>
-#include <QVariantMap>
-#include <atomic>
 #include <gtest/gtest.h>
 
 using namespace norvane;
+using norvane::test::NotificationService;
 using norvane::test::VirtualDesktop;
 using norvane::test::waitFor;
 using Kind = TrayHost::Kind;
@@ -37,24 +37,6 @@ signals:
 
 private:
     bool m_hasHost = false;
-};
-
-class Notifications : public QObject
-{
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
-
-public:
-    std::atomic<int> shown = 0;
-    QString body; ///< to be read after shown has changed
-
-public slots:
-    uint Notify(const QString &, uint, const QString &, const QString &, const QString &text,
-                const QStringList &, const QVariantMap &, int)
-    {
-        body = text;
-        return static_cast<uint>(++shown);
-    }
 };
 
 /// A service on a connection and thread of its own: the program asks it while it waits.
@@ -85,7 +67,6 @@ public:
         QMetaObject::invokeMethod(
             m_object, [&] { function(m_object); }, Qt::BlockingQueuedConnection);
     }
-    Object &object() { return *m_object; }
 
 private:
     QThread m_thread;
@@ -98,10 +79,8 @@ private:
 TEST(DesktopServices, AreFoundWheneverTheyCome)
 {
     VirtualDesktop desktop;
-    VirtualDesktop::Options options;
-    options.accessibility = false;
-    ASSERT_TRUE(desktop.start(options)) << desktop.error().toStdString();
-    const QString bus = desktop.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+    ASSERT_TRUE(desktop.start({.accessibility = false})) << desktop.error().toStdString();
+    const QString bus = desktop.sessionBus();
     qputenv("DISPLAY", desktop.display().toLocal8Bit());
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus.toLocal8Bit());
 
@@ -117,13 +96,11 @@ TEST(DesktopServices, AreFoundWheneverTheyCome)
     ASSERT_TRUE(waitFor([&] { return answers == 1; }));
     EXPECT_FALSE(taken);
 
-    Service<Notifications> notifications(bus, QStringLiteral("org.freedesktop.Notifications"),
-                                         QStringLiteral("/org/freedesktop/Notifications"));
+    const NotificationService notifications(bus);
     notifier.notify(QStringLiteral("Title"), QStringLiteral("a < b"), done);
     ASSERT_TRUE(waitFor([&] { return answers == 2; }));
     EXPECT_TRUE(taken);
-    EXPECT_EQ(notifications.object().shown, 1);
-    EXPECT_EQ(notifications.object().body, QStringLiteral("a &lt; b"));
+    EXPECT_EQ(notifications.texts(), QStringList(QStringLiteral("a &lt; b")));
 
     LinuxTrayHost late;
     QSignalSpy lateAppeared(&late, &TrayHost::appeared);

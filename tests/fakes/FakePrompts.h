@@ -4,6 +4,7 @@
 
 #include <QPair>
 #include <QQueue>
+#include <QStringList>
 #include <QVector>
 #include <functional>
 #include <optional>
@@ -33,16 +34,20 @@ public:
         QString title;
         QString filter;
         QString extension;
+        QString name;
     };
 
     QVector<Box> boxes;
     QVector<FolderRequest> folderRequests;
     QQueue<Answer> answers; ///< for questions with Yes and No, in their order
+    QQueue<QString> inputs;
+    QStringList inputRequests; ///< "text|title|start"
     QQueue<QString> folders;
     QQueue<QString> files;
     QQueue<std::optional<quint32>> colors;
     QQueue<std::optional<FontChoice>> fonts;
     QVector<QPair<QString, QString>> fileRequests; ///< title and filter
+    QStringList fileStarts;                        ///< their start folders
     QVector<SaveRequest> saveRequests;
     QVector<quint32> colorRequests;
     QVector<FontChoice> fontRequests;
@@ -59,21 +64,29 @@ public:
         return answers.isEmpty() ? kNo : answers.dequeue();
     }
 
+    QString inputBox(const QString &text, const QString &title, const QString &start) override
+    {
+        inputRequests.append(text + u'|' + title + u'|' + start);
+        return inputs.isEmpty() ? QString() : inputs.dequeue();
+    }
+
     QString chooseFolder(const QString &title, const QString &start) override
     {
         folderRequests.append({title, start});
         return folders.isEmpty() ? QString() : folders.dequeue();
     }
 
-    QString openFile(const QString &title, const QString &filter) override
+    QString openFile(const QString &title, const QString &filter, const QString &start) override
     {
         fileRequests.append({title, filter});
+        fileStarts.append(start);
         return files.isEmpty() ? QString() : files.dequeue();
     }
 
-    QString saveFile(const QString &title, const QString &filter, const QString &extension) override
+    QString saveFile(const QString &title, const QString &filter, const QString &extension,
+                     const QString &name) override
     {
-        saveRequests.append({title, filter, extension});
+        saveRequests.append({title, filter, extension, name});
         return files.isEmpty() ? QString() : files.dequeue();
     }
 

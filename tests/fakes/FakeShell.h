@@ -39,6 +39,13 @@ public:
         return path.mid(dot + 1).toUpper() + QStringLiteral(" File");
     }
 
+    QString typeKey(const QString &path) const override { return path; }
+
+    QStringList iconNames(const QString &path) const override
+    {
+        return {QStringLiteral("icon-of-") + path.section(u'.', -1).toLower()};
+    }
+
     QString programFolder() const override { return folder; }
 };
 

@@ -12,9 +12,13 @@ class FakeSound : public Sound
 public:
     QStringList played;
     int beeps = 0;
+    int stops = 0;
+    QString folder = QStringLiteral("/usr/share/sounds");
 
     void play(const QString &waveFile) override { played.append(waveFile); }
     void beep() override { ++beeps; }
+    void stop() override { ++stops; }
+    QString soundFolder() const override { return folder; }
 };
 
 } // namespace norvane::fakes

@@ -3,113 +3,25 @@
 namespace norvane {
 namespace {
 
-constexpr const char *kPieces[] = {"{",
-                                   "}",
-                                   "\\",
-                                   "\\'",
-                                   "\\*",
-                                   ";",
-                                   " ",
-                                   "\r\n",
-                                   "\\\n",
-                                   "\\~",
-                                   "\\par ",
-                                   "\\pard ",
-                                   "\\plain ",
-                                   "\\u-1 ",
-                                   "\\u55357 ",
-                                   "\\u56832 ",
-                                   "\\u61623 ",
-                                   "\\uc0 ",
-                                   "\\uc9 ",
-                                   "\\bin9 ",
-                                   "\\bin999999999 ",
-                                   "{\\*\\x ",
-                                   "{\\x ",
-                                   "{\\upr{",
-                                   "{\\*\\ud ",
-                                   "{\\pict\\pngblip ",
-                                   "{\\*\\shppict",
-                                   "{\\nonshppict ",
-                                   "\\picwgoal99999 ",
-                                   "\\piccropl50 ",
-                                   "\\picscalex7 ",
-                                   "{\\pntext ",
-                                   "{\\listtext ",
-                                   "{\\*\\pn\\pnlvlblt ",
-                                   "{\\*\\pn\\pnlvlbody\\pndec ",
-                                   "{\\pntxtb ",
-                                   "{\\pntxta ",
-                                   "\\ls1 ",
-                                   "\\ls2\\ilvl7 ",
-                                   "{\\*\\listtable",
-                                   "{\\list",
-                                   "{\\listlevel",
-                                   "\\listid1 ",
-                                   "{\\leveltext\\'02\\'00.;}",
-                                   "{\\*\\listoverridetable",
-                                   "{\\listoverride",
-                                   "{\\object\\objemb",
-                                   "{\\*\\objclass ",
-                                   "{\\*\\objdata ",
-                                   "{\\result ",
-                                   "{\\field",
-                                   "{\\*\\fldinst HYPERLINK \"a\"}",
-                                   "{\\*\\fldinst PAGE}",
-                                   "{\\*\\fldinst SYMBOL 183}",
-                                   "{\\fldrslt ",
-                                   "{\\fonttbl ",
-                                   "\\f1\\fcharset128 ",
-                                   "\\f2\\fcharset2 Symbol;",
-                                   "{\\colortbl",
-                                   "\\red9\\blue300;",
-                                   "\\cf1 ",
-                                   "\\f2 ",
-                                   "\\f9 ",
-                                   "\\fs0 ",
-                                   "\\outl ",
-                                   "\\outl0 ",
-                                   "\\lang1031 ",
-                                   "\\trowd\\cellx100\\cellx90 ",
-                                   "\\trowd\\clmgf\\cellx9\\clmrg\\cellx99 ",
-                                   "\\clvmrg\\cellx500 ",
-                                   "\\intbl ",
-                                   "\\itap2 ",
-                                   "\\itap9 ",
-                                   "\\cell ",
-                                   "\\row ",
-                                   "\\nestcell ",
-                                   "{\\*\\nesttableprops\\trowd\\cellx5\\nestrow}",
-                                   "{\\nonesttables\\par}",
-                                   "\\brdrt\\brdrs\\brdrw5 ",
-                                   "\\clbrdrb\\brdrdb ",
-                                   "\\cbpat1 ",
-                                   "\\sect\\sectd ",
-                                   "\\page ",
-                                   "{\\header ",
-                                   "{\\footnote ",
-                                   "\\chftn ",
-                                   "{\\*\\bkmkstart a}",
-                                   "{\\stylesheet{\\s1 A;}}",
-                                   "\\s1 ",
-                                   "\\keepn ",
-                                   "{\\info{\\title T}}",
-                                   "\\paperw5 ",
-                                   "\xE9",
-                                   "\x83",
-                                   "\\'83",
-                                   "\\'e9",
-                                   "\x01",
-                                   "\\tab ",
-                                   "\\line ",
-                                   "\\v ",
-                                   "\\protect ",
-                                   "\\super ",
-                                   "\\up6 ",
-                                   "\\caps\\scaps ",
-                                   "\\rtlpar\\ql ",
-                                   "\\tqr\\tx50 ",
-                                   "\\sl-5\\slmult0 "};
+/// What is put between bytes, with a bar behind each.
+const QList<QByteArray> kPieces =
+    QByteArray("{|}|\\|\\'|\\*|;| |\r\n|\\\n|\\~|\\par |\\pard |\\plain |\\u-1 |\\u55357 |\\u56832 |"
+               "\\u61623 |\\uc0 |\\uc9 |\\bin9 |\\bin999999999 |{\\*\\x |{\\x |{\\upr{|{\\*\\ud |"
+               "{\\pict\\pngblip |{\\*\\shppict|{\\nonshppict |\\picwgoal99999 |\\piccropl50 |\\picscalex7 |"
+               "{\\pntext |{\\listtext |{\\*\\pn\\pnlvlblt |{\\*\\pn\\pnlvlbody\\pndec |{\\pntxtb |"
+               "{\\pntxta |\\ls1 |\\ls2\\ilvl7 |{\\*\\listtable|{\\list|{\\listlevel|\\listid1 |"
+               "{\\leveltext\\'02\\'00.;}|{\\*\\listoverridetable|{\\listoverride|{\\object\\objemb|"
+               "{\\*\\objclass |{\\*\\objdata |{\\result |{\\field|{\\*\\fldinst HYPERLINK \"a\"}|"
+               "{\\*\\fldinst PAGE}|{\\*\\fldinst SYMBOL 183}|{\\fldrslt |{\\fonttbl |\\f1\\fcharset128 |"
+               "\\f2\\fcharset2 Symbol;|{\\colortbl|\\red9\\blue300;|\\cf1 |\\f2 |\\f9 |\\fs0 |\\outl |"
+               "\\outl0 |\\lang1031 |\\trowd\\cellx100\\cellx90 |\\trowd\\clmgf\\cellx9\\clmrg\\cellx99 |"
+               "\\clvmrg\\cellx500 |\\intbl |\\itap2 |\\itap9 |\\cell |\\row |\\nestcell |"
+               "{\\*\\nesttableprops\\trowd\\cellx5\\nestrow}|{\\nonesttables\\par}|\\brdrt\\brdrs\\brdrw5 |"
+               "\\clbrdrb\\brdrdb |\\cbpat1 |\\sect\\sectd |\\page |{\\header |{\\footnote |\\chftn |"
+               "{\\*\\bkmkstart a}|{\\stylesheet{\\s1 A;}}|\\s1 |\\keepn |{\\info{\\title T}}|\\paperw5 |"
+               "\xE9|\x83|\\'83|\\'e9|\x01|\\tab |\\line |\\v |\\protect |\\super |\\up6 |\\caps\\scaps |"
+               "\\rtlpar\\ql |\\tqr\\tx50 |\\sl-5\\slmult0 ")
+        .split('|');
 
 constexpr int kMaximumSize = 60'000;
 
@@ -169,7 +81,7 @@ void Mutator::change(QByteArray &rtf)
         break;
     }
     default:
-        rtf.insert(at, kPieces[m_random.bounded(int(std::size(kPieces)))]);
+        rtf.insert(at, kPieces.at(m_random.bounded(int(kPieces.size()))));
         break;
     }
 }

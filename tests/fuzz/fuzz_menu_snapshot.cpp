@@ -1,44 +1,22 @@
 // Reads damaged files of stored menus, as long as it is told to. Whatever comes in: nothing breaks, a
 // refusal is an error 9 with words, and what was read can be restored, changed, written and read again
 // as the same.
-//
-//   fuzz_menu_snapshot [--seconds N] [--seed N] [--findings FOLDER]
 
+#include "Fuzzing.h"
 #include "controls/menu/PopupMenuModel.h"
 #include "controls/menustore/cStoreMenu.h"
 #include "platform/RuntimeError.h"
 
 #include <QBuffer>
-#include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QDir>
-#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QtEndian>
-#include <cstdio>
-
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/common_interface_defs.h>
-#endif
 
 using namespace norvane;
 
 namespace {
 
-constexpr qint64 kMaximumMilliseconds = 2'000;
 constexpr int kMaximumSize = 60'000;
-
-QByteArray currentInput;
-QString findingsFolder;
-
-void keepFinding(const char *kind)
-{
-    QDir().mkpath(findingsFolder);
-    QFile file(findingsFolder + u'/' + QLatin1StringView(kind) + QStringLiteral(".menus"));
-    if (file.open(QIODevice::WriteOnly))
-        file.write(currentInput);
-    std::fprintf(stderr, "kept in %s\n", qPrintable(file.fileName()));
-}
 
 QByteArray written(PopupMenuModel &menu)
 {
@@ -66,7 +44,7 @@ QByteArray faultOfItems(const PopupMenuModel &menu)
     return listed == menu.Count() ? QByteArray() : QByteArray("an item is in no menu, or in two");
 }
 
-QByteArray faultOf(const QByteArray &input)
+QByteArray faultOf(const QByteArray &input, bool)
 {
     PopupMenuModel menu;
     QBuffer file;
@@ -116,26 +94,7 @@ QByteArray faultOf(const QByteArray &input)
     return {};
 }
 
-bool tryInput(const QByteArray &input)
-{
-    currentInput = input;
-    QElapsedTimer timer;
-    timer.start();
-    const QByteArray fault = faultOf(input);
-    if (!fault.isEmpty()) {
-        std::fprintf(stderr, "fuzz_menu_snapshot: %s\n", fault.constData());
-        keepFinding("changes");
-        return false;
-    }
-    if (timer.elapsed() > kMaximumMilliseconds) {
-        std::fprintf(stderr, "fuzz_menu_snapshot: %lld ms\n", static_cast<long long>(timer.elapsed()));
-        keepFinding("slow");
-        return false;
-    }
-    return true;
-}
-
-QList<QByteArray> corpus()
+QList<QByteArray> corpusOf(const QStringList &)
 {
     QList<QByteArray> files;
     PopupMenuModel menu;
@@ -161,7 +120,7 @@ QList<QByteArray> corpus()
 class Damage
 {
 public:
-    explicit Damage(quint32 seed) : m_random(seed), m_files(corpus()) {}
+    Damage(const QList<QByteArray> &corpus, quint32 seed) : m_random(seed), m_files(corpus) {}
 
     QByteArray next()
     {
@@ -222,31 +181,9 @@ private:
 
 int main(int argc, char **argv)
 {
-    QCoreApplication application(argc, argv);
-    QCommandLineParser options;
-    const QCommandLineOption seconds(QStringLiteral("seconds"), {}, QStringLiteral("n"), QStringLiteral("5"));
-    const QCommandLineOption seed(QStringLiteral("seed"), {}, QStringLiteral("n"), QStringLiteral("1"));
-    const QCommandLineOption findings(QStringLiteral("findings"), {}, QStringLiteral("folder"),
-                                      QStringLiteral("findings"));
-    options.addOptions({seconds, seed, findings});
-    options.process(application);
-    findingsFolder = options.value(findings);
-#if defined(__SANITIZE_ADDRESS__)
-    __sanitizer_set_death_callback([] { keepFinding("breaks"); });
-#endif
-
-    Damage damage(options.value(seed).toUInt());
-    const qint64 milliseconds = options.value(seconds).toLongLong() * 1000;
-    QElapsedTimer timer;
-    timer.start();
-    quint64 count = 0;
-    for (; timer.elapsed() < milliseconds; ++count) {
-        if (!tryInput(damage.next())) {
-            std::fprintf(stderr, "fuzz_menu_snapshot: after %llu inputs of seed %s\n",
-                         static_cast<unsigned long long>(count), qPrintable(options.value(seed)));
-            return 1;
-        }
-    }
-    std::printf("fuzz_menu_snapshot: %llu inputs, nothing found\n", static_cast<unsigned long long>(count));
-    return 0;
+    const QCoreApplication application(argc, argv);
+    const auto damage = [](const QList<QByteArray> &corpus, quint32 seed) {
+        return [damage = Damage(corpus, seed)]() mutable { return damage.next(); };
+    };
+    return runFuzzing({"fuzz_menu_snapshot", ".menus", corpusOf, damage, faultOf});
 }

@@ -4,12 +4,12 @@
 //   norvane_gallery SOURCES OUTPUT
 
 #include "Office.h"
-#include "platform/FileSystem.h"
+#include "fakes/FakeFileSystem.h"
+#include "file_bytes.h"
 #include "richtext/RichTextBox.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QProcess>
@@ -25,23 +25,6 @@ constexpr int kMaximumHeight = 1'600;
 constexpr int kResolution = 96;
 constexpr int kTwipsPerPixel = 15;
 constexpr int kBorder = 12;
-
-class NoFiles final : public FileSystem
-{
-public:
-    bool exists(const QString &) const override { return false; }
-    qint64 size(const QString &) const override { return 0; }
-    QByteArray read(const QString &) const override { return {}; }
-    void write(const QString &, const QByteArray &) override {}
-    void makeFolder(const QString &) override {}
-    void remove(const QString &) override {}
-};
-
-QByteArray contentOf(const QString &name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// The page that a document is for, in pixels.
 struct Page
@@ -64,7 +47,7 @@ struct Page
 QImage shownByUs(const QByteArray &rtf)
 {
     const int width = Page(rtf).textWidth;
-    NoFiles files;
+    fakes::FakeFileSystem files;
     RichTextBox box(files);
     box.setBackColor(0xFFFFFF);
     box.document()->setDocumentMargin(0);
@@ -159,7 +142,7 @@ int main(int argc, char **argv)
         return fail(fault);
     for (const QString &document : std::as_const(documents)) {
         const QString base = QFileInfo(document).completeBaseName();
-        const QByteArray rtf = contentOf(document);
+        const QByteArray rtf = bytesOf(document);
         const QImage ours = shownByUs(rtf);
         const QImage theirs = shownByOffice(work.filePath(base + QStringLiteral(".pdf")), Page(rtf));
         const QString picture = output.filePath(base + QStringLiteral(".png"));

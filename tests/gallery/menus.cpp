@@ -1,17 +1,13 @@
-// Pictures for looking at: the shapes of a popup menu, in a light and a dark palette, at the scale of
-// the screen (QT_SCALE_FACTOR=2 for a sharp one).
-//
-//   norvane_menu_gallery OUTPUT
+// Pictures for looking at: the shapes of a popup menu.
 
 #include "controls/menuview/MenuWindow.h"
 #include "controls/menuview/NVPopupMenu.h"
 #include "controls/menuview/menu_images.h"
+#include "looks.h"
 #include "sticky/note_menu.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QPainter>
-#include <QStyleFactory>
 #include <QTimer>
 #include <cstdio>
 #include <functional>
@@ -23,17 +19,6 @@ namespace {
 constexpr int kBorder = 12;
 /// The same in every picture, so that the sub menu of "Import/Export" finds room.
 constexpr QPoint kCorner(40, 40);
-
-QPalette darkPalette()
-{
-    QPalette palette(QColor(53, 53, 56), QColor(45, 45, 48));
-    palette.setColor(QPalette::Base, QColor(35, 35, 38));
-    palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, QColor(128, 128, 128));
-    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(128, 128, 128));
-    return palette;
-}
 
 /// A menu with all that its windows show.
 QPixmap pictureOf(MenuWindow &first)
@@ -167,23 +152,6 @@ private:
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    if (QApplication::arguments().size() != 2) {
-        std::fputs("usage: norvane_menu_gallery OUTPUT\n", stderr);
-        return 1;
-    }
-    const QString output = QApplication::arguments().at(1);
-    const QString scale = QString::number(qRound(application.devicePixelRatio() * 100));
-    const std::pair<QString, QPalette> palettes[] = {{QStringLiteral("light"), QApplication::palette()},
-                                                     {QStringLiteral("dark"), darkPalette()}};
-    bool isDone = true;
-    for (const auto &[name, palette] : palettes) {
-        QApplication::setPalette(palette);
-        const QString folder = QStringLiteral("%1/menus-%2-%3").arg(output, name, scale);
-        isDone = QDir().mkpath(folder) && Gallery(folder).run() && isDone;
-    }
-    return isDone ? 0 : 1;
+    return norvane::gallery::takePictures(argc, argv, QStringLiteral("menus"),
+                                          [](const QString &folder) { return Gallery(folder).run(); });
 }

@@ -1,14 +1,11 @@
 #include "Office.h"
-#include "richtext/PictureStore.h"
-#include "richtext/document_builder.h"
-#include "richtext/document_reader.h"
+#include "file_bytes.h"
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/writer.h"
 #include "sample_documents.h"
+#include "through_text_document.h"
 
 #include <QDir>
-#include <QFile>
-#include <QTextDocument>
 #include <gtest/gtest.h>
 
 using namespace norvane;
@@ -16,21 +13,6 @@ using namespace norvane;
 namespace {
 
 const QString kTextFormat = QStringLiteral("txt:Text (encoded):UTF8");
-
-QByteArray contentOf(const QString &name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-rtf::Document throughTextDocument(const rtf::Document &document)
-{
-    QTextDocument text;
-    QTextCursor cursor(&text);
-    PictureStore pictures;
-    buildDocument(document, cursor, pictures, Extent::WholeDocument);
-    return readDocument(text);
-}
 
 std::string differenceOf(const QString &left, const QString &right)
 {
@@ -81,7 +63,7 @@ protected:
             const QString name = QFileInfo(path).fileName();
             QFile file(shared->written.filePath(name));
             ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-            file.write(rtf::write(throughTextDocument(*rtf::read(contentOf(path)))));
+            file.write(rtf::write(throughTextDocument(*rtf::read(bytesOf(path)))));
             written.append(file.fileName());
             shared->names.append(QFileInfo(path).completeBaseName());
         }
@@ -115,7 +97,7 @@ TEST_F(Gallery, WeReadTheTextThatTheOtherProgramReads)
     ASSERT_GE(shared->names.size(), 10);
     for (const QString &name : std::as_const(shared->names)) {
         const rtf::Document document =
-            *rtf::read(contentOf(shared->read.filePath(name + QStringLiteral(".rtf"))));
+            *rtf::read(bytesOf(shared->read.filePath(name + QStringLiteral(".rtf"))));
         EXPECT_EQ(differenceOf(textOf(document), Office::exportedText(shared->read.path(), name)), "")
             << name.toStdString();
     }
@@ -179,7 +161,7 @@ TEST_F(Gallery, TheOtherProgramReadsGeneratedDocuments)
 TEST_F(Gallery, WhatWeWriteStaysAsItIs)
 {
     for (const QString &name : std::as_const(shared->names)) {
-        const QByteArray written = contentOf(shared->written.filePath(name + QStringLiteral(".rtf")));
+        const QByteArray written = bytesOf(shared->written.filePath(name + QStringLiteral(".rtf")));
         const rtf::Document document = *rtf::read(written);
         EXPECT_TRUE(rtf::write(document) == written) << name.toStdString();
         EXPECT_EQ(rtf::firstDifference(throughTextDocument(document), document).toStdString(), "")

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "browser/BrowserServices.h"
+#include "browser/grid/note_grid_images.h"
 #include "platform/dao.h"
 
 #include <QWidget>
 #include <memory>
 
+class QKeyEvent;
 class QLabel;
+class QMouseEvent;
 
 namespace norvane {
 
@@ -63,6 +66,9 @@ public:
     void ResetColumns();
     /// Gives the keyboard to the grid.
     void SetFocus();
+    /// What an empty list of all notes says besides: the key that attaches a note to the window in front,
+    /// "Ctrl+Alt+A". Empty for no word of it.
+    void setEmptyHint(const QString &attachKey);
 
     /// Runs the command of an entry of `GRDMNU`: "OPEN", "DELETE", …, in any case. A fault on the way ends
     /// the command without a word.
@@ -88,13 +94,40 @@ signals:
     /// What the browser's status panel "ROW" is to show while a long list is read.
     void Working(const QString &text);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    void makeColumns();
+    void makeMenu();
+    void startSort();
+    void connectGrid();
+    std::unique_ptr<dao::Recordset> openNotes();
+    void selectAgain(int row, int scroll);
+    void showEmptyLabel();
+
+    // NoteGridInput.cpp
+    void sortBy(int column);
+    void keepWidth(int position, int width);
+    void keyDown(QKeyEvent *event);
+    void mouseDown(const QMouseEvent *event);
+    void rowDoubleClicked(int row);
+    void showMenu(QPoint position);
+    void openLocation(const QString &location);
+    bool keyBelongsToUs(QEvent *event) const;
+
     const BrowserServices &m_services;
     dao::Database *m_database = nullptr;
     std::unique_ptr<dao::Recordset> m_rows;
+    NoteGridImages m_images; ///< `ilsIcons`
+    IconList m_headerImages; ///< `imgHeader`
+    FileIcons m_fileIcons;
+    QString m_attachKey;
     vbalGrid *m_grid = nullptr;
     QLabel *m_category = nullptr; ///< `lblCategory`
+    QLabel *m_empty = nullptr;    ///< stands over the grid while there are no rows
     std::unique_ptr<NVPopupMenu> m_menu;
+    bool m_isCategoryShown = false;
 };
 
 } // namespace norvane

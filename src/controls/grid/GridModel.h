@@ -115,22 +115,40 @@ public:
     /// The value by the column's format; empty when it is unset.
     QString CellFormattedText(int row, int column) const;
     qint16 CellTextAlign(int row, int column) const { return field(&GridCellColumn::align, row, column); }
-    void setCellTextAlign(int row, int column, qint16 align);
+    void setCellTextAlign(int row, int column, qint16 align)
+    {
+        setField(&GridCellColumn::align, row, column, align);
+    }
     qint32 CellIcon(int row, int column) const { return field(&GridCellColumn::icon, row, column); }
-    void setCellIcon(int row, int column, qint32 icon);
+    void setCellIcon(int row, int column, qint32 icon) { setField(&GridCellColumn::icon, row, column, icon); }
     qint32 CellExtraIcon(int row, int column) const { return field(&GridCellColumn::extraIcon, row, column); }
-    void setCellExtraIcon(int row, int column, qint32 icon);
+    void setCellExtraIcon(int row, int column, qint32 icon)
+    {
+        setField(&GridCellColumn::extraIcon, row, column, icon);
+    }
     qint32 CellBackColor(int row, int column) const { return field(&GridCellColumn::backColor, row, column); }
-    void setCellBackColor(int row, int column, qint32 color);
+    void setCellBackColor(int row, int column, qint32 color)
+    {
+        setField(&GridCellColumn::backColor, row, column, color);
+    }
     qint32 CellForeColor(int row, int column) const { return field(&GridCellColumn::foreColor, row, column); }
-    void setCellForeColor(int row, int column, qint32 color);
+    void setCellForeColor(int row, int column, qint32 color)
+    {
+        setField(&GridCellColumn::foreColor, row, column, color);
+    }
     static qint32 CellDefaultBackColor() { return kDefaultGridColor; }
     static qint32 CellDefaultForeColor() { return kDefaultGridColor; }
     /// Pixels.
     qint32 CellIndent(int row, int column) const { return field(&GridCellColumn::indent, row, column); }
-    void setCellIndent(int row, int column, qint32 indent);
+    void setCellIndent(int row, int column, qint32 indent)
+    {
+        setField(&GridCellColumn::indent, row, column, indent);
+    }
     const QVariant &CellItemData(int row, int column) const;
-    void setCellItemData(int row, int column, const QVariant &data);
+    void setCellItemData(int row, int column, const QVariant &data)
+    {
+        setField(&GridCellColumn::itemData, row, column, data);
+    }
     bool CellSelected(int row, int column) const
     {
         return field(&GridCellColumn::selected, row, column) != 0;
@@ -190,7 +208,10 @@ protected:
     virtual void changed(Change change, int row, int column) = 0;
 
     qint32 cellFont(int row, int column) const { return field(&GridCellColumn::font, row, column); }
-    void setCellFontIndex(int row, int column, qint32 font);
+    void setCellFontIndex(int row, int column, qint32 font)
+    {
+        setField(&GridCellColumn::font, row, column, font);
+    }
 
 private:
     template <class T> T field(LazyArray<T> GridCellColumn::*member, int row, int column) const
@@ -198,7 +219,12 @@ private:
         const std::size_t at = m_cells.place(row, column);
         return (m_cells.column(column).*member).at(at);
     }
-    template <class T> void setField(LazyArray<T> GridCellColumn::*member, int row, int column, T value);
+    template <class T> void setField(LazyArray<T> GridCellColumn::*member, int row, int column, T value)
+    {
+        const std::size_t at = m_cells.place(row, column);
+        (m_cells.column(column).*member).set(at, std::move(value));
+        changed(Change::Cell, row, column);
+    }
 
     const GridRow &rowRecord(int row) const;
     GridRow &rowRecord(int row);

@@ -114,10 +114,6 @@ QVariant variantOf(const CellValue &value)
 QString valueText(const CellValue &value)
 {
     switch (value.kind) {
-    case CellKind::Unset:
-        break;
-    case CellKind::Text:
-        return *value.text;
     case CellKind::Whole:
     case CellKind::Real:
         return QString::number(value.number, 'g', 15);
@@ -130,8 +126,11 @@ QString valueText(const CellValue &value)
     }
     case CellKind::Boolean:
         return value.number != 0 ? QStringLiteral("True") : QStringLiteral("False");
+    case CellKind::Text:
+    case CellKind::Unset:
+        break;
     }
-    return {};
+    return *value.text;
 }
 
 QString formattedValue(const CellValue &value, const QString &format)

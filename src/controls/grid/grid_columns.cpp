@@ -138,14 +138,6 @@ QVector<int> GridModel::visibleColumns() const
     return columns;
 }
 
-template <class T>
-void GridModel::setField(LazyArray<T> GridCellColumn::*member, int row, int column, T value)
-{
-    const std::size_t at = m_cells.place(row, column);
-    (m_cells.column(column).*member).set(at, std::move(value));
-    changed(Change::Cell, row, column);
-}
-
 void GridModel::setCellText(int row, int column, const QVariant &text)
 {
     m_cells.setValue(row, column, text);
@@ -157,50 +149,10 @@ QString GridModel::CellFormattedText(int row, int column) const
     return formattedValue(m_cells.value(row, column), columnRecord(column).format);
 }
 
-void GridModel::setCellTextAlign(int row, int column, qint16 align)
-{
-    setField(&GridCellColumn::align, row, column, align);
-}
-
-void GridModel::setCellIcon(int row, int column, qint32 icon)
-{
-    setField(&GridCellColumn::icon, row, column, icon);
-}
-
-void GridModel::setCellExtraIcon(int row, int column, qint32 icon)
-{
-    setField(&GridCellColumn::extraIcon, row, column, icon);
-}
-
-void GridModel::setCellBackColor(int row, int column, qint32 color)
-{
-    setField(&GridCellColumn::backColor, row, column, color);
-}
-
-void GridModel::setCellForeColor(int row, int column, qint32 color)
-{
-    setField(&GridCellColumn::foreColor, row, column, color);
-}
-
-void GridModel::setCellIndent(int row, int column, qint32 indent)
-{
-    setField(&GridCellColumn::indent, row, column, indent);
-}
-
-void GridModel::setCellFontIndex(int row, int column, qint32 font)
-{
-    setField(&GridCellColumn::font, row, column, font);
-}
-
 const QVariant &GridModel::CellItemData(int row, int column) const
 {
     const std::size_t at = m_cells.place(row, column);
     return m_cells.column(column).itemData.at(at);
-}
-
-void GridModel::setCellItemData(int row, int column, const QVariant &data)
-{
-    setField(&GridCellColumn::itemData, row, column, data);
 }
 
 CellContent GridModel::cellContent(int row, int column) const

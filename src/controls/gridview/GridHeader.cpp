@@ -118,9 +118,10 @@ void GridHeader::paintEvent(QPaintEvent *event)
                 room.setRight(arrow.rect.left() - kFlatPadding);
         }
         shown.rect = room;
-        if (!shown.icon.isNull()) {
+        const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+        // Where there is room for the arrow alone, a slice of an icon says nothing.
+        if (!shown.icon.isNull() && !(isSorted && room.width() < size)) {
             // An icon without text stands where the text would.
-            const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
             const bool onRight = m_grid->ColumnImageOnRight(place.column);
             if (shown.text.isEmpty() && !isSorted)
                 room = option(place.column).rect;

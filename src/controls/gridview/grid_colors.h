@@ -23,7 +23,7 @@ QColor cellPaper(qint32 color, const QColor &back);
 
 /// Contrasts: what text should have, and what a desktop's own pair of colours may have.
 inline constexpr double kGoodContrast = 4.5;
-inline constexpr double kLeastContrast = 2.5;
+inline constexpr double kLeastContrast = 2.2;
 
 /// The ink, or the nearest lighter or darker one that has the contrast to that paper.
 QColor readableInk(const QColor &ink, const QColor &paper, double least = kGoodContrast);

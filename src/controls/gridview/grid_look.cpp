@@ -65,39 +65,9 @@ void vbalGrid::setImageList(const ImageList *images)
     lookChanged();
 }
 
-void vbalGrid::setHeaderImageList(const ImageList *images)
-{
-    m_headerImages = images;
-    lookChanged();
-}
-
 void vbalGrid::setShellIcons(std::function<QIcon(const QString &)> icons)
 {
     m_shellIcons = std::move(icons);
-    lookChanged();
-}
-
-void vbalGrid::setGridLines(bool on)
-{
-    m_gridLines = on;
-    lookChanged();
-}
-
-void vbalGrid::setHighlightSelectedIcons(bool on)
-{
-    m_highlightSelectedIcons = on;
-    lookChanged();
-}
-
-void vbalGrid::setDrawFocusRectangle(bool on)
-{
-    m_drawFocusRectangle = on;
-    lookChanged();
-}
-
-void vbalGrid::setDisableIcons(bool on)
-{
-    m_disableIcons = on;
     lookChanged();
 }
 
@@ -106,36 +76,6 @@ void vbalGrid::setBackgroundPicture(const QPixmap &picture, int width, int heigh
     m_background = picture;
     const QSize own = picture.deviceIndependentSize().toSize();
     m_backgroundSize = {width > 0 ? width : own.width(), height > 0 ? height : own.height()};
-    lookChanged();
-}
-
-void vbalGrid::setBackColor(qint32 color)
-{
-    m_backColor = color;
-    lookChanged();
-}
-
-void vbalGrid::setForeColor(qint32 color)
-{
-    m_foreColor = color;
-    lookChanged();
-}
-
-void vbalGrid::setGridLineColor(qint32 color)
-{
-    m_lineColor = color;
-    lookChanged();
-}
-
-void vbalGrid::setHighlightBackColor(qint32 color)
-{
-    m_highlightBackColor = color;
-    lookChanged();
-}
-
-void vbalGrid::setHighlightForeColor(qint32 color)
-{
-    m_highlightForeColor = color;
     lookChanged();
 }
 
@@ -155,12 +95,6 @@ void vbalGrid::setHeaderHeight(int height)
 {
     m_headerHeight = std::max(0, height);
     resizeEvent(nullptr);
-}
-
-void vbalGrid::setHeaderFlat(bool on)
-{
-    m_headerFlat = on;
-    lookChanged();
 }
 
 QWidget *vbalGrid::headerWidget() const

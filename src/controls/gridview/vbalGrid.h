@@ -49,36 +49,36 @@ public:
     const ImageList *imageList() const { return m_images; }
     void setImageList(const ImageList *images);
     /// The same for the headers.
-    void setHeaderImageList(const ImageList *images);
+    void setHeaderImageList(const ImageList *images) { setLook(m_headerImages, images); }
     const ImageList *headerImageList() const { return m_headerImages; }
     /// Gives the desktop's icon of a path or extension, for the extra icon kShellIcon. It is asked while
     /// the grid is drawn.
     void setShellIcons(std::function<QIcon(const QString &)> icons);
     bool GridLines() const { return m_gridLines; }
-    void setGridLines(bool on);
+    void setGridLines(bool on) { setLook(m_gridLines, on); }
     /// Whether the icons of selected cells are drawn as selected.
     bool HighlightSelectedIcons() const { return m_highlightSelectedIcons; }
-    void setHighlightSelectedIcons(bool on);
+    void setHighlightSelectedIcons(bool on) { setLook(m_highlightSelectedIcons, on); }
     bool DrawFocusRectangle() const { return m_drawFocusRectangle; }
-    void setDrawFocusRectangle(bool on);
+    void setDrawFocusRectangle(bool on) { setLook(m_drawFocusRectangle, on); }
     /// Whether icons are greyed while the grid is disabled.
     bool DisableIcons() const { return m_disableIcons; }
-    void setDisableIcons(bool on);
+    void setDisableIcons(bool on) { setLook(m_disableIcons, on); }
     /// Tiled behind cells that have no colour of their own; the size 0 is the picture's.
     const QPixmap &BackgroundPicture() const { return m_background; }
     void setBackgroundPicture(const QPixmap &picture, int width = 0, int height = 0);
     int BackgroundPictureWidth() const { return m_background.isNull() ? 0 : m_backgroundSize.width(); }
     int BackgroundPictureHeight() const { return m_background.isNull() ? 0 : m_backgroundSize.height(); }
     qint32 BackColor() const { return m_backColor; }
-    void setBackColor(qint32 color);
+    void setBackColor(qint32 color) { setLook(m_backColor, color); }
     qint32 ForeColor() const { return m_foreColor; }
-    void setForeColor(qint32 color);
+    void setForeColor(qint32 color) { setLook(m_foreColor, color); }
     qint32 GridLineColor() const { return m_lineColor; }
-    void setGridLineColor(qint32 color);
+    void setGridLineColor(qint32 color) { setLook(m_lineColor, color); }
     qint32 HighlightBackColor() const { return m_highlightBackColor; }
-    void setHighlightBackColor(qint32 color);
+    void setHighlightBackColor(qint32 color) { setLook(m_highlightBackColor, color); }
     qint32 HighlightForeColor() const { return m_highlightForeColor; }
-    void setHighlightForeColor(qint32 color);
+    void setHighlightForeColor(qint32 color) { setLook(m_highlightForeColor, color); }
     /// Whether there is a frame around it.
     bool BorderStyle() const { return frameStyle() != 0; }
     void setBorderStyle(bool on);
@@ -91,7 +91,7 @@ public:
     int HeaderHeight() const { return m_headerHeight; }
     void setHeaderHeight(int height);
     bool HeaderFlat() const { return m_headerFlat; }
-    void setHeaderFlat(bool on);
+    void setHeaderFlat(bool on) { setLook(m_headerFlat, on); }
     /// Whether headers can be clicked.
     bool HeaderButtons() const { return m_headerButtons; }
     void setHeaderButtons(bool on) { m_headerButtons = on; }
@@ -201,6 +201,11 @@ private:
     // grid_look.cpp
     void fitRowHeights();
     void lookChanged();
+    template <class T> void setLook(T &member, T value)
+    {
+        member = value;
+        lookChanged();
+    }
 
     // grid_input.cpp
     bool moveByKey(QKeyEvent *event);

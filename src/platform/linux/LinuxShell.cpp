@@ -117,6 +117,16 @@ QString LinuxShell::typeName(const QString &path) const
     return typeNameOf(path);
 }
 
+QString LinuxShell::typeKey(const QString &path) const
+{
+    return typeKeyOf(path);
+}
+
+QStringList LinuxShell::iconNames(const QString &path) const
+{
+    return iconNamesOf(path);
+}
+
 QString LinuxShell::programFolder() const
 {
     const QString folder = m_folders.programFolder();

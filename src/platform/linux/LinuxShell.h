@@ -21,6 +21,8 @@ public:
     /// entries, scripts, archives of programs.
     bool runsProgram(const QString &location) const override;
     QString typeName(const QString &path) const override;
+    QString typeKey(const QString &path) const override;
+    QStringList iconNames(const QString &path) const override;
     /// $XDG_DATA_HOME/norvane; made, with its parents, where it does not exist.
     QString programFolder() const override;
 

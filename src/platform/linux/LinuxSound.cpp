@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxSound.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
@@ -32,7 +33,7 @@ LinuxSound::LinuxSound(std::function<void()> bell, QObject *parent) : QObject(pa
 
 LinuxSound::~LinuxSound()
 {
-    stop();
+    LinuxSound::stop();
     // The players are ended and awaited with the processes, which are children of this object.
 }
 
@@ -47,6 +48,13 @@ void LinuxSound::play(const QString &waveFile)
 void LinuxSound::beep()
 {
     m_bell();
+}
+
+QString LinuxSound::soundFolder() const
+{
+    const QString sounds = QStandardPaths::locate(QStandardPaths::GenericDataLocation,
+                                                  QStringLiteral("sounds"), QStandardPaths::LocateDirectory);
+    return sounds.isEmpty() ? QDir::homePath() : sounds;
 }
 
 void LinuxSound::playWith(std::size_t player, const QString &waveFile)

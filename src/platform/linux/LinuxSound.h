@@ -22,11 +22,12 @@ public:
 
     void play(const QString &waveFile) override;
     void beep() override;
+    void stop() override;
+    QString soundFolder() const override;
 
 private:
     /// Tries the players from the given place on.
     void playWith(std::size_t player, const QString &waveFile);
-    void stop();
 
     std::function<void()> m_bell;
     QProcess *m_process = nullptr; ///< the player at work; owned

@@ -45,6 +45,14 @@ QString extensionOf(const QString &path)
     return extension.contains(u' ') ? QString() : extension;
 }
 
+/// A bare extension (".HTM") as a name that has it; anything else as it is.
+QString withName(const QString &path)
+{
+    const bool isExtension =
+        path.size() > 1 && path.startsWith(u'.') && path.lastIndexOf(u'.') == 0 && !path.contains(u'/');
+    return isExtension ? u'x' + path : path;
+}
+
 bool isProgramType(const QMimeType &type)
 {
     static const QString executable = QStringLiteral("application/x-executable");
@@ -76,8 +84,9 @@ QString fileTypeName()
     return QStringLiteral("File");
 }
 
-QString typeNameOf(const QString &path)
+QString typeNameOf(const QString &location)
 {
+    const QString path = withName(location);
     if (path.isEmpty())
         return {};
     // The top of the file system is told as a folder; any other folder is a name like a file's.
@@ -98,6 +107,43 @@ QString typeNameOf(const QString &path)
     if (inProgramFolder && (type.isDefault() || type.inherits(QStringLiteral("application/x-executable"))))
         return applicationTypeName();
     return type.isDefault() ? extension.toUpper() + QStringLiteral(" File") : nameOf(type);
+}
+
+QString typeKeyOf(const QString &location)
+{
+    const QString path = withName(location);
+    if (path.isEmpty())
+        return {};
+    if (path == QStringLiteral("/"))
+        return QStringLiteral("top");
+    if (isAddress(path))
+        return QStringLiteral("http:");
+    const bool inProgramFolder = isInProgramFolder(path) && !path.endsWith(u'/');
+    const QString name = path.mid(path.lastIndexOf(u'/') + 1);
+    const QString extension = extensionOf(path);
+    QString key = inProgramFolder ? QStringLiteral("/bin/") : QStringLiteral("/");
+    if (extension.isEmpty())
+        return key;
+    // "README.txt" and "Makefile.in" are of kinds of their own; "x.tar.gz" is told by both extensions.
+    const bool mayBeSpecial = extension == QStringLiteral("txt") || extension == QStringLiteral("in") ||
+                              extension == QStringLiteral("am");
+    return key += mayBeSpecial ? name : name.mid(name.indexOf(u'.', 1));
+}
+
+QStringList iconNamesOf(const QString &location)
+{
+    const QString path = withName(location);
+    const QMimeDatabase database;
+    QMimeType type;
+    if (isAddress(path))
+        type = database.mimeTypeForName(QStringLiteral("text/html"));
+    else if (path == QStringLiteral("/"))
+        return {QStringLiteral("drive-harddisk"), QStringLiteral("folder")};
+    else if (typeNameOf(path) == applicationTypeName())
+        return {QStringLiteral("application-x-executable")};
+    else
+        type = database.mimeTypeForFile(path, QMimeDatabase::MatchExtension);
+    return {type.iconName(), type.genericIconName()};
 }
 
 } // namespace norvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace norvane {
 
@@ -13,7 +14,10 @@ bool isAddress(const QString &location);
 
 /// The name of the type of a path or address by its text alone, in the session's language where
 /// the shared MIME database has it. See Shell::typeName().
-QString typeNameOf(const QString &path);
+QString typeNameOf(const QString &location);
+/// See Shell::typeKey() and Shell::iconNames().
+QString typeKeyOf(const QString &location);
+QStringList iconNamesOf(const QString &location);
 
 /// What typeNameOf() calls a program.
 QString applicationTypeName();

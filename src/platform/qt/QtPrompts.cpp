@@ -6,6 +6,7 @@
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
 #include <functional>
@@ -37,6 +38,11 @@ QMessageBox::Icon iconOf(int style)
     default:
         return QMessageBox::NoIcon;
     }
+}
+
+QString existingFolder(const QString &start)
+{
+    return !start.isEmpty() && QDir(start).exists() ? start : QDir::homePath();
 }
 
 /// What the user chooses in a dialog; empty when cancelled.
@@ -111,10 +117,21 @@ Prompts::Answer QtPrompts::messageBox(const QString &text, int style, const QStr
     return pressed == QMessageBox::Yes ? kYes : kNo;
 }
 
+QString QtPrompts::inputBox(const QString &text, const QString &title, const QString &start)
+{
+    const QPointer<QInputDialog> box = new QInputDialog(QApplication::activeWindow());
+    box->setWindowTitle(title);
+    box->setLabelText(textForBox(text));
+    box->setTextValue(start);
+    const bool isAccepted = box->exec() == QDialog::Accepted;
+    const QString answer = isAccepted && box ? box->textValue() : QString();
+    delete box.data();
+    return answer;
+}
+
 QString QtPrompts::chooseFolder(const QString &title, const QString &start)
 {
-    const bool startExists = !start.isEmpty() && QDir(start).exists();
-    return chosenPath(title, startExists ? start : QDir::homePath(), [](QFileDialog &dialog) {
+    return chosenPath(title, existingFolder(start), [](QFileDialog &dialog) {
         dialog.setFileMode(QFileDialog::Directory);
         dialog.setOption(QFileDialog::ShowDirsOnly);
     });
@@ -126,6 +143,8 @@ QStringList nameFilters(const QString &filter)
     const QStringList parts = filter.split(u'|');
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         QString pattern = parts.at(i + 1);
+        if (pattern == QStringLiteral("*.*")) // all files; here it would be those with a dot in the name
+            pattern = QStringLiteral("*");
         if (pattern.toUpper() != pattern)
             pattern += u' ' + pattern.toUpper();
         filters += parts.at(i) + QStringLiteral(" (%1)").arg(pattern);
@@ -133,21 +152,24 @@ QStringList nameFilters(const QString &filter)
     return filters;
 }
 
-QString QtPrompts::openFile(const QString &title, const QString &filter)
+QString QtPrompts::openFile(const QString &title, const QString &filter, const QString &start)
 {
-    return chosenPath(title, QDir::homePath(), [&](QFileDialog &dialog) {
+    return chosenPath(title, existingFolder(start), [&](QFileDialog &dialog) {
         dialog.setFileMode(QFileDialog::ExistingFile);
         dialog.setNameFilters(nameFilters(filter));
     });
 }
 
-QString QtPrompts::saveFile(const QString &title, const QString &filter, const QString &extension)
+QString QtPrompts::saveFile(const QString &title, const QString &filter, const QString &extension,
+                            const QString &name)
 {
     return chosenPath(title, QDir::homePath(), [&](QFileDialog &dialog) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setFileMode(QFileDialog::AnyFile);
         dialog.setNameFilters(nameFilters(filter));
         dialog.setDefaultSuffix(extension);
+        if (!name.isEmpty())
+            dialog.selectFile(name);
     });
 }
 

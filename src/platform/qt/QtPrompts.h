@@ -10,9 +10,11 @@ class QtPrompts : public Prompts
 public:
     /// A question has No as its default button and as the answer to Escape.
     Answer messageBox(const QString &text, int style, const QString &title) override;
+    QString inputBox(const QString &text, const QString &title, const QString &start) override;
     QString chooseFolder(const QString &title, const QString &start) override;
-    QString openFile(const QString &title, const QString &filter) override;
-    QString saveFile(const QString &title, const QString &filter, const QString &extension) override;
+    QString openFile(const QString &title, const QString &filter, const QString &start = {}) override;
+    QString saveFile(const QString &title, const QString &filter, const QString &extension,
+                     const QString &name = {}) override;
     std::optional<quint32> chooseColor(quint32 start) override;
     std::optional<FontChoice> chooseFont(const FontChoice &start) override;
 };

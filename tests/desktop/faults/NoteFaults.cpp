@@ -2,29 +2,14 @@
 
 #include <QFile>
 #include <cstdio>
-#include <unistd.h>
 
 namespace norvane::test {
-
-namespace {
-
-constexpr int kListedWindows = 12;
-/// Pixels that a character changes on an average; a text cursor has about twenty.
-constexpr int kLeastInk = 8;
-
-} // namespace
 
 void NoteFaults::TearDown()
 {
     if (!HasFailure() || norvane.process() == nullptr)
         return;
-    XClient &x = desktop.x();
-    std::fprintf(stderr, "active window 0x%x; the windows:\n", x.activeWindow());
-    const QVector<xcb_window_t> clients = x.clients().mid(0, kListedWindows);
-    for (const xcb_window_t window : clients)
-        std::fprintf(stderr, "  0x%x on 0x%x: %s%s\n", window, x.transientFor(window),
-                     qPrintable(x.title(window)), x.isViewable(window) ? "" : " (hidden)");
-    std::fprintf(stderr, "the notes:\n%s\n%s\n",
+    std::fprintf(stderr, "%sthe notes:\n%s\n%s\n", qPrintable(desktop.x().whatIsThere()),
                  qPrintable(norvane.query(QStringLiteral("select ID,Active,WindowName,URL from Memos"))),
                  qPrintable(norvane.errorOutput()));
 }
@@ -37,9 +22,7 @@ void NoteFaults::startDesktop(const VirtualDesktop::Options &options)
 
 void NoteFaults::startPlainDesktop()
 {
-    VirtualDesktop::Options options;
-    options.accessibility = false;
-    startDesktop(options);
+    startDesktop({.accessibility = false});
 }
 
 bool NoteFaults::arm(RunningNorvane &program, const QStringList &arguments)
@@ -48,25 +31,18 @@ bool NoteFaults::arm(RunningNorvane &program, const QStringList &arguments)
            waitFor([&] { return program.isArmed() || !program.isRunning(); }, 60000) && program.isRunning();
 }
 
-bool NoteFaults::append(xcb_window_t note, const QString &text)
-{
-    XClient &x = desktop.x();
-    // A second click soon after the first would select a word.
-    if (x.activeWindow() != note)
-        x.click(x.geometry(note).center());
-    if (!waitFor([&] { return x.activeWindow() == note; }))
-        return false;
-    x.press(QStringLiteral("ctrl+End"));
-    const QImage before = norvane.pictureOf(note);
-    x.type(text);
-    return waitFor(
-        [&] { return differentPixels(norvane.pictureOf(note), before) > kLeastInk * text.trimmed().size(); });
-}
-
 xcb_window_t NoteFaults::noteThatComesTo(xcb_window_t target)
 {
     waitFor([&] { return norvane.noteOn(target) != 0; });
     return norvane.noteOn(target);
+}
+
+void FaultsAroundLetters::SetUp()
+{
+    ASSERT_NO_FATAL_FAILURE(startPlainDesktop());
+    ASSERT_TRUE(other.start());
+    window = other.open("Letters");
+    ASSERT_NE(window, 0u);
 }
 
 bool isWholeRtf(const QByteArray &bytes)
@@ -97,18 +73,6 @@ QString DatabaseCopy::query(const QString &statement) const
     shell.start(QStringLiteral("sqlite3"), {m_folder.filePath(QStringLiteral("copy")), statement});
     shell.waitForFinished();
     return QString::fromUtf8(shell.readAllStandardOutput() + shell.readAllStandardError()).trimmed();
-}
-
-double processorSeconds(qint64 processId)
-{
-    QFile file(QStringLiteral("/proc/%1/stat").arg(processId));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    // The name of the program may hold anything; the numbers begin behind its bracket.
-    const QByteArray all = file.readAll();
-    const QList<QByteArray> fields = all.mid(all.lastIndexOf(')') + 2).split(' ');
-    return (fields.value(11).toDouble() + fields.value(12).toDouble()) /
-           static_cast<double>(::sysconf(_SC_CLK_TCK));
 }
 
 void tellFigure(const char *name, double value)

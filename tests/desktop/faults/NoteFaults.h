@@ -22,12 +22,22 @@ protected:
     /// Starts Norvane and waits until it answers its keys.
     bool arm(RunningNorvane &norvane, const QStringList &arguments = {});
     /// Puts text at the end of a note, and waits until it shows.
-    bool append(xcb_window_t note, const QString &text);
+    bool append(xcb_window_t note, const QString &text) { return norvane.typeInto(note, text); }
     /// The note that comes by itself on a window; 0 when none does.
     xcb_window_t noteThatComesTo(xcb_window_t target);
 
     VirtualDesktop desktop;
     RunningNorvane norvane{desktop, QStringLiteral(NORVANE_PROGRAM)};
+};
+
+/// The same, with a program that has a window open; the desktop is a plain one.
+class FaultsAroundLetters : public NoteFaults
+{
+protected:
+    void SetUp() override;
+
+    OtherProgram other{desktop, QStringLiteral("letters")};
+    xcb_window_t window = 0;
 };
 
 /// Whether a file is rich text from its first brace to the brace that closes it, with nothing behind.
@@ -48,9 +58,6 @@ public:
 private:
     QTemporaryDir m_folder;
 };
-
-/// Seconds of processor time that a process has used so far.
-double processorSeconds(qint64 processId);
 
 /// Writes a figure into the test's record and on its output; nothing is asserted by it.
 void tellFigure(const char *name, double value);

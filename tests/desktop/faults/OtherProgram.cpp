@@ -59,19 +59,9 @@ xcb_window_t OtherProgram::openMany(int count, const QByteArray &title)
     return listed ? last : 0;
 }
 
-void OtherProgram::setTitle(xcb_window_t window, const QByteArray &title)
-{
-    tell("title " + QByteArray::number(window) + ' ' + title.toHex());
-}
-
 void OtherProgram::close(xcb_window_t window)
 {
     tell("close " + QByteArray::number(window));
-}
-
-void OtherProgram::flutter(xcb_window_t window, int rate)
-{
-    m_process->write("flutter " + QByteArray::number(window) + ' ' + QByteArray::number(rate) + '\n');
 }
 
 } // namespace norvane::test

@@ -31,13 +31,7 @@ public:
     xcb_window_t open(const QByteArray &title, const QByteArray &wmClass = kClass);
     /// Opens many windows. @return the last one
     xcb_window_t openMany(int count, const QByteArray &title);
-    void setTitle(xcb_window_t window, const QByteArray &title);
     void close(xcb_window_t window);
-
-    /// Changes a window's title @p rate times a second, to "Number 1" and on. The program does nothing
-    /// else any more.
-    void flutter(xcb_window_t window, int rate);
-    void end() { m_desktop.end(m_process); }
 
 private:
     /// @return the answer; empty when none came

@@ -13,24 +13,17 @@ extern "C" {
 
 namespace norvane::test {
 
+/// The library's callbacks carry a pointer to this. It runs in the event loop, by a notifier for each
+/// socket.
 struct SessionManager::Private
 {
     Private();
     ~Private();
 
-    void listen();
-    void accept(IceListenObj listener);
-    void read(IceConn connection);
-    void drop(IceConn connection);
-
-    // What the program of the session says.
-    static Status newClient(SmsConn client, SmPointer self, unsigned long *mask, SmsCallbacks *callbacks,
-                            char **reason);
+    static Status addClient(SmsConn, SmPointer self, unsigned long *mask, SmsCallbacks *callbacks, char **);
     static Status registerClient(SmsConn client, SmPointer self, char *previousId);
-    static void saveYourselfDone(SmsConn client, SmPointer self, Bool success);
-    static void saveYourselfPhase2(SmsConn client, SmPointer self);
-    static void interact(SmsConn client, SmPointer self, int type);
-    static void closeConnection(SmsConn client, SmPointer self, int count, char **reasons);
+    void accept(IceListenObj listener);
+    void drop(IceConn connection);
 
     int listenerCount = 0;
     IceListenObj *listeners = nullptr;
@@ -45,29 +38,23 @@ struct SessionManager::Private
 SessionManager::Private::Private()
 {
     std::array<char, 256> error{};
-    // The library's own handlers end the process.
-    IceSetIOErrorHandler([](IceConn) {});
-    if (SmsInitialize(
-            "norvane-test", "1", &newClient, this, [](char *) -> Bool { return True; }, int(error.size()),
-            error.data()) != 0)
-        listen();
-}
-
-void SessionManager::Private::listen()
-{
-    std::array<char, 256> error{};
-    if (IceListenForConnections(&listenerCount, &listeners, int(error.size()), error.data()) == 0)
+    const auto takeAnybody = [](char *) -> Bool { return True; };
+    IceSetIOErrorHandler([](IceConn) {}); // the library's own ends the process
+    if (SmsInitialize("norvane-test", "1", &addClient, this, takeAnybody, int(error.size()), error.data()) ==
+            0 ||
+        IceListenForConnections(&listenerCount, &listeners, int(error.size()), error.data()) == 0)
         return;
     char *names = IceComposeNetworkIdList(listenerCount, listeners);
     address = QString::fromLocal8Bit(names);
     std::free(names);
     for (int i = 0; i < listenerCount; ++i) {
         const IceListenObj listener = listeners[i];
-        IceSetHostBasedAuthProc(listener, [](char *) -> Bool { return True; });
-        listening.push_back(
-            std::make_unique<QSocketNotifier>(IceGetListenConnectionNumber(listener), QSocketNotifier::Read));
-        QObject::connect(listening.back().get(), &QSocketNotifier::activated, listening.back().get(),
+        IceSetHostBasedAuthProc(listener, takeAnybody);
+        auto notifier =
+            std::make_unique<QSocketNotifier>(IceGetListenConnectionNumber(listener), QSocketNotifier::Read);
+        QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(),
                          [this, listener] { accept(listener); });
+        listening.push_back(std::move(notifier));
     }
 }
 
@@ -88,14 +75,10 @@ void SessionManager::Private::accept(IceListenObj listener)
         return;
     auto *notifier = new QSocketNotifier(IceConnectionNumber(connection), QSocketNotifier::Read);
     connections.insert(connection, notifier);
-    QObject::connect(notifier, &QSocketNotifier::activated, notifier,
-                     [this, connection] { read(connection); });
-}
-
-void SessionManager::Private::read(IceConn connection)
-{
-    if (IceProcessMessages(connection, nullptr, nullptr) == IceProcessMessagesIOError)
-        drop(connection);
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [this, connection] {
+        if (IceProcessMessages(connection, nullptr, nullptr) == IceProcessMessagesIOError)
+            drop(connection);
+    });
 }
 
 void SessionManager::Private::drop(IceConn connection)
@@ -111,7 +94,8 @@ void SessionManager::Private::drop(IceConn connection)
     IceCloseConnection(connection);
 }
 
-Status SessionManager::Private::newClient(SmsConn, SmPointer self, unsigned long *mask,
+/// Answers what the toolkit asks; the library wants a callback for everything that a program may say.
+Status SessionManager::Private::addClient(SmsConn, SmPointer self, unsigned long *mask,
                                           SmsCallbacks *callbacks, char **)
 {
     *mask = SmsRegisterClientProcMask | SmsInteractRequestProcMask | SmsInteractDoneProcMask |
@@ -120,65 +104,46 @@ Status SessionManager::Private::newClient(SmsConn, SmPointer self, unsigned long
             SmsGetPropertiesProcMask;
     *callbacks = {};
     callbacks->register_client = {&registerClient, self};
-    callbacks->interact_request = {&interact, self};
+    callbacks->interact_request = {[](SmsConn who, SmPointer, int) { SmsInteract(who); }, self};
     callbacks->interact_done = {[](SmsConn, SmPointer, Bool) {}, self};
     callbacks->save_yourself_request = {[](SmsConn, SmPointer, int, Bool, int, Bool, Bool) {}, self};
-    callbacks->save_yourself_phase2_request = {&saveYourselfPhase2, self};
-    callbacks->save_yourself_done = {&saveYourselfDone, self};
-    callbacks->close_connection = {&closeConnection, self};
+    callbacks->save_yourself_phase2_request = {[](SmsConn who, SmPointer) { SmsSaveYourselfPhase2(who); },
+                                               self};
+    callbacks->save_yourself_done = {[](SmsConn who, SmPointer data, Bool success) {
+                                         auto *d = static_cast<Private *>(data);
+                                         d->saving = false;
+                                         d->saved = success != False;
+                                         SmsSaveComplete(who);
+                                     },
+                                     self};
+    callbacks->close_connection = {[](SmsConn who, SmPointer data, int count, char **reasons) {
+                                       SmFreeReasons(count, reasons);
+                                       static_cast<Private *>(data)->drop(SmsGetIceConnection(who));
+                                   },
+                                   self};
     callbacks->set_properties = {[](SmsConn, SmPointer, int count, SmProp **properties) {
                                      for (int i = 0; i < count; ++i)
                                          SmFreeProperty(properties[i]);
                                      std::free(properties);
                                  },
                                  self};
-    callbacks->delete_properties = {[](SmsConn, SmPointer, int count, char **names) {
-                                        for (int i = 0; i < count; ++i)
-                                            std::free(names[i]);
-                                        std::free(names);
-                                    },
-                                    self};
-    callbacks->get_properties = {
-        [](SmsConn connection, SmPointer) { SmsReturnProperties(connection, 0, nullptr); }, self};
+    callbacks->delete_properties = {[](SmsConn, SmPointer, int, char **) {}, self};
+    callbacks->get_properties = {[](SmsConn who, SmPointer) { SmsReturnProperties(who, 0, nullptr); }, self};
     return 1;
 }
 
 Status SessionManager::Private::registerClient(SmsConn client, SmPointer self, char *previousId)
 {
-    auto *d = static_cast<Private *>(self);
     std::free(previousId);
     char *id = SmsGenerateClientID(client);
     SmsRegisterClientReply(client, id);
     std::free(id);
     // A program that joins is asked for its state at once.
     SmsSaveYourself(client, SmSaveLocal, False, SmInteractStyleNone, False);
+    auto *d = static_cast<Private *>(self);
     d->client = client;
     d->saving = true;
     return 1;
-}
-
-void SessionManager::Private::saveYourselfDone(SmsConn client, SmPointer self, Bool success)
-{
-    auto *d = static_cast<Private *>(self);
-    d->saving = false;
-    d->saved = success != False;
-    SmsSaveComplete(client);
-}
-
-void SessionManager::Private::saveYourselfPhase2(SmsConn client, SmPointer)
-{
-    SmsSaveYourselfPhase2(client);
-}
-
-void SessionManager::Private::interact(SmsConn client, SmPointer, int)
-{
-    SmsInteract(client);
-}
-
-void SessionManager::Private::closeConnection(SmsConn client, SmPointer self, int count, char **reasons)
-{
-    SmFreeReasons(count, reasons);
-    static_cast<Private *>(self)->drop(SmsGetIceConnection(client));
 }
 
 SessionManager::SessionManager() : m_d(std::make_unique<Private>()) {}

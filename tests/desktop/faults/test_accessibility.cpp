@@ -1,18 +1,40 @@
-#include "faults/AccessibleTexts.h"
 #include "faults/NoteFaults.h"
 #include "harness/MainJob.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QDBusVariant>
 
 using namespace norvane::test;
 
 namespace {
 
+const QString kConnection = QStringLiteral("switch");
+
 /// Locations come over the accessibility bus, which may be switched off and may go.
 class Accessibility : public NoteFaults
 {
 protected:
-    QString sessionBus() const
+    void TearDown() override
     {
-        return desktop.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+        NoteFaults::TearDown();
+        QDBusConnection::disconnectFromBus(kConnection);
+    }
+
+    /// Asks the switch of the desktop's accessibility, or sets it.
+    QDBusMessage askSwitch(const QString &method, const QVariantList &value = {}) const
+    {
+        QDBusMessage message =
+            QDBusMessage::createMethodCall(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+                                           QStringLiteral("org.freedesktop.DBus.Properties"), method);
+        message.setArguments(QVariantList{QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled")} +
+                             value);
+        return QDBusConnection::connectToBus(desktop.sessionBus(), kConnection).call(message);
+    }
+    bool isSwitchedOn() const
+    {
+        return QDBusReply<QDBusVariant>(askSwitch(QStringLiteral("Get"))).value().variant().toBool();
     }
 
     /// The offer on the screen; 0 when there is none. It is the one window of Norvane that can be seen
@@ -27,8 +49,7 @@ protected:
 TEST_F(Accessibility, SwitchedOffIsOfferedOnce)
 {
     ASSERT_NO_FATAL_FAILURE(startPlainDesktop());
-    AccessibleTexts texts(sessionBus());
-    ASSERT_FALSE(texts.isSwitchedOn());
+    ASSERT_FALSE(isSwitchedOn());
     OtherProgram browser(desktop, QStringLiteral("browser"));
     OtherProgram letters(desktop, QStringLiteral("letters"));
     ASSERT_TRUE(browser.start() && letters.start());
@@ -43,23 +64,24 @@ TEST_F(Accessibility, SwitchedOffIsOfferedOnce)
     const xcb_window_t page = browser.open("Page", "firefox");
     ASSERT_TRUE(waitFor([&] { return offer() != 0; }));
     EXPECT_EQ(desktop.x().title(offer()), QStringLiteral("Norvane"));
-    EXPECT_FALSE(texts.isSwitchedOn()) << "switched on without being asked";
+    EXPECT_FALSE(isSwitchedOn()) << "switched on without being asked";
     const xcb_window_t box = offer();
     const xcb_window_t second = letters.open("Letters");
     EXPECT_NE(noteThatComesTo(second), 0u);
 
     ASSERT_TRUE(norvane.bringToFront(box));
     desktop.x().press(QStringLiteral("alt+y"));
-    EXPECT_TRUE(waitFor([&] { return texts.isSwitchedOn(); }));
+    EXPECT_TRUE(waitFor([&] { return isSwitchedOn(); }));
     EXPECT_TRUE(waitFor([&] { return !desktop.x().exists(box); }));
     browser.close(page);
     EXPECT_TRUE(norvane.end()) << qPrintable(norvane.errorOutput());
 
     // The answer is remembered: the switch is turned on again without a word.
-    ASSERT_TRUE(texts.switchOn(false));
+    askSwitch(QStringLiteral("Set"), {QVariant::fromValue(QDBusVariant(false))});
+    ASSERT_FALSE(isSwitchedOn());
     ASSERT_TRUE(arm(norvane));
     ASSERT_NE(browser.open("Page", "firefox"), 0u);
-    EXPECT_TRUE(waitFor([&] { return texts.isSwitchedOn(); }));
+    EXPECT_TRUE(waitFor([&] { return isSwitchedOn(); }));
     EXPECT_NE(noteThatComesTo(second), 0u);
     EXPECT_EQ(norvane.shownWindows().size(), 1) << "the note alone";
     EXPECT_TRUE(norvane.end()) << qPrintable(norvane.errorOutput());

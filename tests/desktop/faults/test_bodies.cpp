@@ -1,36 +1,17 @@
 #include "faults/NoteFaults.h"
-#include "faults/NotificationService.h"
+#include "file_bytes.h"
+#include "harness/NotificationService.h"
 
 #include <QDir>
-#include <QFile>
-#include <QUrl>
 #include <sys/resource.h>
 
+using namespace norvane;
 using namespace norvane::test;
 
 namespace {
 
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 /// What becomes of a note's files.
-class Bodies : public NoteFaults
-{
-protected:
-    void SetUp() override
-    {
-        ASSERT_NO_FATAL_FAILURE(startPlainDesktop());
-        ASSERT_TRUE(other.start());
-        window = other.open("Letters");
-        ASSERT_NE(window, 0u);
-    }
-
-    OtherProgram other{desktop, QStringLiteral("letters")};
-    xcb_window_t window = 0;
-};
+using Bodies = FaultsAroundLetters;
 
 /// Files of a process cannot grow beyond a number of bytes: to the process a full disk.
 bool limitFiles(qint64 process, rlim_t bytes)
@@ -41,8 +22,7 @@ bool limitFiles(qint64 process, rlim_t bytes)
 
 TEST_F(Bodies, AFullDiskHarmsNoFileAndLosesNoText)
 {
-    const QString bus = desktop.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
-    NotificationService notifications(bus);
+    NotificationService notifications(desktop.sessionBus());
     ASSERT_TRUE(notifications.isThere());
     // A disk that is full sends no signal, as the limit would.
     RunningNorvane limited(desktop, QStringLiteral("env"));
@@ -101,53 +81,6 @@ TEST_F(Bodies, AFullDiskHarmsNoFileAndLosesNoText)
     EXPECT_EQ(limited.body(1), saved);
     EXPECT_TRUE(DatabaseCopy(limited).isWhole());
     EXPECT_TRUE(limited.end()) << qPrintable(limited.errorOutput());
-}
-
-TEST_F(Bodies, AnOfficeReadsTheTextThatWasTyped)
-{
-    // What a keyboard of this desktop has not comes from a body that is there already.
-    const QString written = QStringLiteral("Grüße, 你好, שלום \U0001F600 {and} \\braces\n");
-    const QString typed = QStringLiteral("100% \\o/ {x} #1 \"quoted\" & 'more'\nLast line.");
-    ASSERT_TRUE(arm(norvane));
-    ASSERT_NE(norvane.attach(window), 0u);
-    other.close(window);
-    QByteArray rtf = "{\\rtf1\\ansi\\uc1 ";
-    for (const QChar unit : written) {
-        if (unit == u'\n')
-            rtf += "\\par ";
-        else if (unit == u'{' || unit == u'}' || unit == u'\\')
-            rtf += '\\' + QByteArray(1, unit.toLatin1());
-        else
-            rtf += "\\u" + QByteArray::number(static_cast<qint16>(unit.unicode())) + '?';
-    }
-    QFile body(norvane.notesFolder() + QStringLiteral("/Norvane_00000001"));
-    ASSERT_TRUE(body.open(QIODevice::WriteOnly));
-    body.write(rtf + "\\par }");
-    body.close();
-
-    window = other.open("Letters");
-    const xcb_window_t note = noteThatComesTo(window);
-    ASSERT_NE(note, 0u);
-    ASSERT_TRUE(append(note, typed));
-    desktop.x().press(QStringLiteral("ctrl+s"));
-    ASSERT_TRUE(waitFor([&] { return norvane.body(1).contains("Last line."); }));
-    EXPECT_EQ(norvane.query(QStringLiteral("select NoteText from Memos")).remove(u'\r').toStdString(),
-              (written + typed).toStdString());
-
-    const QString copy = desktop.home() + QStringLiteral("/body.rtf");
-    ASSERT_TRUE(QFile::copy(body.fileName(), copy));
-    const QUrl profile = QUrl::fromLocalFile(desktop.home() + QStringLiteral("/office"));
-    QProcess *office =
-        desktop.run(QStringLiteral("soffice"), {QStringLiteral("-env:UserInstallation=") + profile.toString(),
-                                                QStringLiteral("--headless"), QStringLiteral("--convert-to"),
-                                                QStringLiteral("txt:Text (encoded):UTF8"),
-                                                QStringLiteral("--outdir"), desktop.home(), copy});
-    ASSERT_NE(office, nullptr);
-    ASSERT_TRUE(waitFor([&] { return office->state() == QProcess::NotRunning; }, 180000));
-    QString found = QString::fromUtf8(bytesOf(desktop.home() + QStringLiteral("/body.txt")));
-    found.remove(QChar::ByteOrderMark).remove(u'\r');
-    EXPECT_EQ(found.trimmed().toStdString(), (written + typed).toStdString());
-    EXPECT_TRUE(norvane.end()) << qPrintable(norvane.errorOutput());
 }
 
 } // namespace

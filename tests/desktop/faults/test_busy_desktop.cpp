@@ -62,43 +62,6 @@ TEST_F(BusyDesktop, ThreeHundredWindows)
     EXPECT_TRUE(norvane.end()) << qPrintable(norvane.errorOutput());
 }
 
-TEST_F(BusyDesktop, TitlesThatNeverRest)
-{
-    constexpr int kRate = 200;
-    ASSERT_NO_FATAL_FAILURE(startDesktop({}));
-    OtherProgram ticker(desktop, QStringLiteral("ticker"));
-    OtherProgram browser(desktop, QStringLiteral("browser"));
-    OtherProgram letters(desktop, QStringLiteral("letters"));
-    ASSERT_TRUE(ticker.start() && browser.start() && letters.start());
-    const xcb_window_t plain = ticker.open("Ticker");
-    const xcb_window_t page = browser.open("Page", "firefox");
-    const xcb_window_t window = letters.open("Letters");
-    ASSERT_TRUE(plain != 0 && page != 0 && window != 0);
-    ASSERT_TRUE(arm(norvane));
-    const qint64 process = norvane.process()->processId();
-    const auto changesOf = [this](xcb_window_t one) { return desktop.x().title(one).mid(7).toInt(); };
-
-    const double before = processorSeconds(process);
-    QElapsedTimer time;
-    time.start();
-    ticker.flutter(plain, kRate);
-    browser.flutter(page, kRate);
-    const xcb_window_t note = norvane.attach(window);
-    ASSERT_NE(note, 0u);
-    EXPECT_TRUE(append(note, QStringLiteral("Calm in the storm.")));
-    ASSERT_TRUE(waitFor([&] { return changesOf(plain) > 2 * kRate && changesOf(page) > 2 * kRate; }));
-    const double seconds = static_cast<double>(time.elapsed()) / 1000;
-    tellFigure("titlesASecond", (changesOf(plain) + changesOf(page)) / seconds);
-    tellFigure("processorShareUnderThem", (processorSeconds(process) - before) / seconds);
-
-    ticker.end();
-    browser.end();
-    EXPECT_TRUE(comesToRest(process));
-    letters.close(window);
-    EXPECT_TRUE(waitFor([&] { return norvane.body(1).contains("Calm in the storm."); }));
-    EXPECT_TRUE(norvane.end()) << qPrintable(norvane.errorOutput());
-}
-
 TEST_F(BusyDesktop, AProgramThatHangsHoldsNobody)
 {
     ASSERT_NO_FATAL_FAILURE(startDesktop({}));

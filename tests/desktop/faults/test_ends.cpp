@@ -9,17 +9,9 @@ using namespace norvane::test;
 namespace {
 
 /// Norvane ends in the middle of things: what was typed must be in the row and in the body.
-class Ends : public NoteFaults
+class Ends : public FaultsAroundLetters
 {
 protected:
-    void SetUp() override
-    {
-        ASSERT_NO_FATAL_FAILURE(startPlainDesktop());
-        ASSERT_TRUE(other.start());
-        window = other.open("Letters");
-        ASSERT_NE(window, 0u);
-    }
-
     /// Types into the window's note, which is attached or comes by itself.
     bool type(RunningNorvane &program, const QString &text)
     {
@@ -48,8 +40,6 @@ protected:
         return waitFor([&] { return !program.isRunning(); });
     }
 
-    OtherProgram other{desktop, QStringLiteral("letters")};
-    xcb_window_t window = 0;
     QString typed;
 };
 

@@ -70,39 +70,4 @@ TEST_F(HostileTitles, GiveNotesThatComeAndGo)
     EXPECT_TRUE(norvane.end()) << qPrintable(norvane.errorOutput());
 }
 
-/// A location is compared as it is: it may match what it should not, or fail the comparison. In the
-/// second case nothing can be attached, which is told.
-TEST_F(HostileTitles, AQuoteInALocationHarmsNothing)
-{
-    ASSERT_NO_FATAL_FAILURE(startPlainDesktop());
-    ASSERT_TRUE(arm(norvane));
-    OtherProgram letters(desktop, QStringLiteral("letters"));
-    OtherProgram failing(desktop, QStringLiteral("a\"b"));
-    OtherProgram matching(desktop, QStringLiteral("a\" or 1=1 or URL=\"b"));
-    ASSERT_TRUE(letters.start() && failing.start() && matching.start());
-    const xcb_window_t window = letters.open("Letters");
-    const xcb_window_t note = norvane.attach(window);
-    ASSERT_NE(note, 0u);
-    ASSERT_TRUE(append(note, QStringLiteral("Kept.")));
-    const QString row = norvane.query(QStringLiteral("select * from Memos"));
-
-    const xcb_window_t odd = failing.open("Failing");
-    ASSERT_TRUE(norvane.bringToFront(odd));
-    desktop.x().press(QStringLiteral("ctrl+alt+a"));
-    EXPECT_TRUE(waitFor([&] { return norvane.shownWindows().size() > 1; })) << "nothing was told";
-    EXPECT_TRUE(waitFor([&] { return norvane.shownWindows().size() == 1; }));
-    const xcb_window_t other = matching.open("Matching");
-    ASSERT_TRUE(norvane.bringToFront(other));
-    desktop.x().press(QStringLiteral("ctrl+alt+a"));
-    EXPECT_EQ(norvane.noteOn(odd), 0u);
-    failing.close(odd);
-    matching.close(other);
-    EXPECT_EQ(norvane.query(QStringLiteral("select * from Memos")).toStdString(), row.toStdString());
-
-    letters.close(window);
-    EXPECT_TRUE(waitFor([&] { return norvane.body(1).contains("Kept."); }));
-    EXPECT_NE(noteThatComesTo(letters.open("Letters")), 0u);
-    EXPECT_TRUE(norvane.end()) << qPrintable(norvane.errorOutput());
-}
-
 } // namespace

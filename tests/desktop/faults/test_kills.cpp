@@ -14,9 +14,7 @@ constexpr int kRounds = 15;
 /// A round's kill comes within this time after its first save; milliseconds.
 constexpr int kLatestKill = 500;
 
-class Kills : public NoteFaults
-{
-};
+using Kills = FaultsAroundLetters;
 
 /// Types words into the note that has the keyboard and saves each.
 class Typist
@@ -49,12 +47,6 @@ private:
 
 TEST_F(Kills, LoseNoSaveThatWasOver)
 {
-    ASSERT_NO_FATAL_FAILURE(startPlainDesktop());
-    OtherProgram other(desktop, QStringLiteral("letters"));
-    ASSERT_TRUE(other.start());
-    const xcb_window_t window = other.open("Letters");
-    ASSERT_NE(window, 0u);
-
     Typist typist(desktop, norvane);
     int journals = 0;
     int rowsAhead = 0;

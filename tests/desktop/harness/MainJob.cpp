@@ -40,7 +40,9 @@ bool MainJob::step(const QString &name, const std::function<bool()> &seen, int t
     std::fputs(qPrintable(line), stdout);
     std::fflush(stdout);
     if (!held && m_norvane.process() != nullptr)
-        m_report += whatIsThere() + m_norvane.errorOutput();
+        m_report +=
+            QStringLiteral("  the note is at %1, was at %2; ").arg(text(noteInTarget()), text(m_place)) +
+            m_x.whatIsThere() + m_norvane.errorOutput();
     if (!m_pictures.isEmpty()) {
         QString file = name;
         file.replace(QLatin1Char(' '), QLatin1Char('-'));
@@ -49,26 +51,6 @@ bool MainJob::step(const QString &name, const std::function<bool()> &seen, int t
                                        QStringLiteral("%1").arg(++m_step, 2, 10, QLatin1Char('0')), file));
     }
     return held;
-}
-
-QString MainJob::whatIsThere() const
-{
-    const auto text = [](const QRect &rect) {
-        return QStringLiteral("%1,%2 %3x%4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
-    };
-    QString lines =
-        QStringLiteral("  the note is at %1, was at %2; active window 0x%3, target 0x%4, note 0x%5\n")
-            .arg(text(noteInTarget()), text(m_place))
-            .arg(m_x.activeWindow(), 0, 16)
-            .arg(m_window, 0, 16)
-            .arg(note(), 0, 16);
-    const QVector<xcb_window_t> clients = m_x.clients();
-    for (const xcb_window_t client : clients)
-        lines += QStringLiteral("  0x%1 %2 [%3] %4%5\n")
-                     .arg(client, 0, 16)
-                     .arg(m_x.title(client), m_x.wmClass(client), text(m_x.geometry(client)),
-                          m_x.isViewable(client) ? QString() : QStringLiteral(" hidden"));
-    return lines;
 }
 
 xcb_window_t MainJob::findTarget(int thing) const

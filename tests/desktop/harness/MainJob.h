@@ -59,7 +59,6 @@ private:
     bool detachAndAttach();
     bool endFromTray();
 
-    QString whatIsThere() const;
     xcb_window_t findTarget(int thing) const;
     /// The note on the target, as the desktop shows it; 0 if none.
     xcb_window_t note() const;

@@ -2,33 +2,64 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace norvane::test {
 
-QProcess *startFirefox(VirtualDesktop &desktop, const QString &profile, const QStringList &addresses)
+namespace {
+
+bool writeFile(const QString &path, const QByteArray &content)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+/// @return the folder of the profile; empty when it cannot be written
+QString makeFirefoxProfile(const VirtualDesktop &desktop, const QString &profile)
 {
     const QString folder = desktop.home() + QStringLiteral("/firefox-") + profile;
-    QDir().mkpath(folder);
-    QFile preferences(folder + QStringLiteral("/user.js"));
-    if (!preferences.open(QIODevice::WriteOnly))
+    const bool isMade =
+        writeFile(folder + QStringLiteral("/user.js"),
+                  "user_pref('browser.aboutwelcome.enabled', false);\n"
+                  "user_pref('browser.startup.homepage_override.mstone', 'ignore');\n"
+                  "user_pref('browser.shell.checkDefaultBrowser', false);\n"
+                  "user_pref('browser.sessionstore.resume_from_crash', false);\n"
+                  "user_pref('browser.tabs.warnOnClose', false);\n"
+                  "user_pref('browser.translations.enable', false);\n"
+                  "user_pref('browser.uitour.enabled', false);\n"
+                  "user_pref('browser.urlbar.suggest.searches', false);\n"
+                  "user_pref('datareporting.policy.dataSubmissionEnabled', false);\n"
+                  "user_pref('datareporting.policy.dataSubmissionPolicyBypassNotification', true);\n"
+                  "user_pref('termsofuse.bypassNotification', true);\n"
+                  "user_pref('toolkit.telemetry.reportingpolicy.firstRun', false);\n"
+                  "user_pref('trailhead.firstrun.didSeeAboutWelcome', true);\n"
+                  "user_pref('app.update.enabled', false);\n"
+                  "user_pref('network.captive-portal-service.enabled', false);\n"
+                  "user_pref('network.connectivity-service.enabled', false);\n");
+    return isMade ? folder : QString();
+}
+
+} // namespace
+
+bool makeFirefoxTheBrowser(const VirtualDesktop &desktop, const QString &profile)
+{
+    const QString folder = makeFirefoxProfile(desktop, profile);
+    const QByteArray entry =
+        "[Desktop Entry]\nType=Application\nName=Reader\nMimeType=x-scheme-handler/http;\n"
+        "Exec=firefox-esr --no-remote --new-instance --profile " +
+        folder.toLocal8Bit() + " %u\n";
+    return !folder.isEmpty() &&
+           writeFile(desktop.home() + QStringLiteral("/.local/share/applications/reader.desktop"), entry) &&
+           writeFile(desktop.home() + QStringLiteral("/.config/mimeapps.list"),
+                     "[Default Applications]\nx-scheme-handler/http=reader.desktop\n");
+}
+
+QProcess *startFirefox(VirtualDesktop &desktop, const QString &profile, const QStringList &addresses)
+{
+    const QString folder = makeFirefoxProfile(desktop, profile);
+    if (folder.isEmpty())
         return nullptr;
-    preferences.write("user_pref('browser.aboutwelcome.enabled', false);\n"
-                      "user_pref('browser.startup.homepage_override.mstone', 'ignore');\n"
-                      "user_pref('browser.shell.checkDefaultBrowser', false);\n"
-                      "user_pref('browser.sessionstore.resume_from_crash', false);\n"
-                      "user_pref('browser.tabs.warnOnClose', false);\n"
-                      "user_pref('browser.translations.enable', false);\n"
-                      "user_pref('browser.uitour.enabled', false);\n"
-                      "user_pref('browser.urlbar.suggest.searches', false);\n"
-                      "user_pref('datareporting.policy.dataSubmissionEnabled', false);\n"
-                      "user_pref('datareporting.policy.dataSubmissionPolicyBypassNotification', true);\n"
-                      "user_pref('termsofuse.bypassNotification', true);\n"
-                      "user_pref('toolkit.telemetry.reportingpolicy.firstRun', false);\n"
-                      "user_pref('trailhead.firstrun.didSeeAboutWelcome', true);\n"
-                      "user_pref('app.update.enabled', false);\n"
-                      "user_pref('network.captive-portal-service.enabled', false);\n"
-                      "user_pref('network.connectivity-service.enabled', false);\n");
-    preferences.close();
     QProcessEnvironment extra;
     extra.insert(QStringLiteral("MOZ_CRASHREPORTER_DISABLE"), QStringLiteral("1"));
     return desktop.run(QStringLiteral("firefox-esr"),

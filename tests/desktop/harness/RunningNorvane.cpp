@@ -1,9 +1,11 @@
 #include "RunningNorvane.h"
 
+#include "file_bytes.h"
+
 #include <QElapsedTimer>
-#include <QFile>
 #include <QMargins>
 #include <csignal>
+#include <ctime>
 
 namespace norvane::test {
 
@@ -28,10 +30,7 @@ constexpr int kLeastInk = 8;
 /// Whether a process has a handler of its own for a signal.
 bool handlesSignal(qint64 processId, int signal)
 {
-    QFile status(QStringLiteral("/proc/%1/status").arg(processId));
-    if (!status.open(QIODevice::ReadOnly))
-        return false;
-    const QList<QByteArray> lines = status.readAll().split('\n');
+    const QList<QByteArray> lines = bytesOf(QStringLiteral("/proc/%1/status").arg(processId)).split('\n');
     for (const QByteArray &line : lines) {
         if (line.startsWith("SigCgt:"))
             return (line.mid(7).trimmed().toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
@@ -177,16 +176,32 @@ bool RunningNorvane::drag(xcb_window_t note, const QPoint &way)
 bool RunningNorvane::typeInto(xcb_window_t note, const QString &text)
 {
     XClient &x = m_desktop.x();
-    x.click(x.geometry(note).center());
+    // A second click soon after the first would select a word.
+    if (x.activeWindow() != note)
+        x.click(x.geometry(note).center());
     if (!waitFor([&] { return x.activeWindow() == note; }))
         return false;
+    x.press(QStringLiteral("ctrl+End"));
     // The strip and the edge change with the keyboard, and the text cursor blinks.
     const auto paper = [&] {
         return pictureOf(note).copy(QRect({}, x.geometry(note).size()) - kAroundPaper);
     };
     const QImage before = paper();
     x.type(text);
-    return waitFor([&] { return differentPixels(paper(), before) > kLeastInk * text.size(); });
+    return waitFor([&] { return differentPixels(paper(), before) > kLeastInk * text.trimmed().size(); });
+}
+
+xcb_window_t RunningNorvane::windowTitled(const QString &part) const
+{
+    xcb_window_t found = 0;
+    waitFor([&] {
+        for (const xcb_window_t window : shownWindows()) {
+            if (m_desktop.x().title(window).contains(part))
+                found = window;
+        }
+        return found != 0 && m_desktop.x().activeWindow() == found;
+    });
+    return found;
 }
 
 QString RunningNorvane::notesFolder() const
@@ -201,8 +216,7 @@ QString RunningNorvane::databaseFile() const
 
 QByteArray RunningNorvane::body(int id) const
 {
-    QFile file(QStringLiteral("%1/Norvane_%2").arg(notesFolder()).arg(id, 8, 10, QLatin1Char('0')));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return bytesOf(QStringLiteral("%1/Norvane_%2").arg(notesFolder()).arg(id, 8, 10, QLatin1Char('0')));
 }
 
 QString RunningNorvane::query(const QString &statement) const
@@ -212,6 +226,15 @@ QString RunningNorvane::query(const QString &statement) const
                 {QStringLiteral("-cmd"), QStringLiteral(".timeout 5000"), databaseFile(), statement});
     shell.waitForFinished();
     return QString::fromUtf8(shell.readAllStandardOutput() + shell.readAllStandardError()).trimmed();
+}
+
+double processorSeconds(qint64 processId)
+{
+    clockid_t clock = 0;
+    timespec used{};
+    if (clock_getcpuclockid(static_cast<pid_t>(processId), &clock) != 0 || clock_gettime(clock, &used) != 0)
+        return -1;
+    return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) / 1e9;
 }
 
 qint64 differentPixels(const QImage &one, const QImage &other)

@@ -43,9 +43,11 @@ public:
     xcb_window_t attach(xcb_window_t target);
     /// Drags a note by its strip, in steps as a hand makes them; true when it is where it should be.
     bool drag(xcb_window_t note, const QPoint &way);
-    /// Clicks into a note and types; true when most of the text shows. What is behind may follow:
-    /// the toolkit sends the keys through the accessibility bus.
+    /// Types behind the text of a note; true when most of it shows. What is behind may follow: the
+    /// toolkit sends the keys through the accessibility bus.
     bool typeInto(xcb_window_t note, const QString &text);
+    /// A window of the program with that in its title, once it has the keyboard; 0 when none comes.
+    xcb_window_t windowTitled(const QString &part) const;
 
     /// Where the database and the bodies are, without a separator at the end.
     QString notesFolder() const;
@@ -61,6 +63,8 @@ private:
     QProcess *m_process = nullptr;
 };
 
+/// Seconds of processor time that a process has used so far; -1 when that cannot be told.
+double processorSeconds(qint64 processId);
 /// Pixels in which two pictures differ; all of them if the sizes do.
 qint64 differentPixels(const QImage &one, const QImage &other);
 /// Whether two pictures show the same but for the text cursor, which may stand in one of them.

@@ -1,6 +1,7 @@
 #include "VirtualDesktop.h"
 
 #include "ForeignWindows.h"
+#include "file_bytes.h"
 
 #include <QDir>
 #include <QFile>
@@ -174,8 +175,7 @@ bool VirtualDesktop::end(QProcess *process, int timeoutMs)
 
 QString VirtualDesktop::errorOutput(const QProcess *process) const
 {
-    QFile file(process->property("errors").toString());
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return QString::fromUtf8(bytesOf(process->property("errors").toString()));
 }
 
 void VirtualDesktop::killDisplay()

@@ -36,6 +36,8 @@ public:
     /// The home folder of everything that runs here; no separator at the end.
     QString home() const { return m_home.path(); }
     QProcessEnvironment environment() const { return m_environment; }
+    /// The address of the session bus.
+    QString sessionBus() const { return m_environment.value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")); }
 
     /// Starts a program on the desktop. The object owns it; nullptr when it did not start.
     QProcess *run(const QString &program, const QStringList &arguments = {},

@@ -14,6 +14,7 @@ namespace norvane::test {
 namespace {
 
 constexpr int kLookAgainMs = 20;
+constexpr int kListedWindows = 12;
 constexpr int kBetweenKeysMs = 8; // as fast as a person can be
 
 /// Lets the event loop run.
@@ -50,13 +51,14 @@ constexpr xcb_keysym_t kShift = 0xffe1;
 xcb_keysym_t namedKey(const QString &name)
 {
     static const QHash<QString, xcb_keysym_t> names{
-        {QStringLiteral("ctrl"), 0xffe3},     {QStringLiteral("alt"), 0xffe9},
-        {QStringLiteral("shift"), kShift},    {QStringLiteral("Return"), 0xff0d},
-        {QStringLiteral("Escape"), 0xff1b},   {QStringLiteral("Tab"), 0xff09},
-        {QStringLiteral("Left"), 0xff51},     {QStringLiteral("Up"), 0xff52},
-        {QStringLiteral("Right"), 0xff53},    {QStringLiteral("Down"), 0xff54},
-        {QStringLiteral("End"), 0xff57},      {QStringLiteral("Home"), 0xff50},
-        {QStringLiteral("BackSpace"), 0xff08}};
+        {QStringLiteral("ctrl"), 0xffe3},      {QStringLiteral("alt"), 0xffe9},
+        {QStringLiteral("shift"), kShift},     {QStringLiteral("Return"), 0xff0d},
+        {QStringLiteral("Escape"), 0xff1b},    {QStringLiteral("Tab"), 0xff09},
+        {QStringLiteral("Left"), 0xff51},      {QStringLiteral("Up"), 0xff52},
+        {QStringLiteral("Insert"), 0xff63},    {QStringLiteral("Delete"), 0xffff},
+        {QStringLiteral("Right"), 0xff53},     {QStringLiteral("Down"), 0xff54},
+        {QStringLiteral("End"), 0xff57},       {QStringLiteral("Home"), 0xff50},
+        {QStringLiteral("BackSpace"), 0xff08}, {QStringLiteral("Menu"), 0xff67}};
     const auto found = names.find(name);
     return found != names.end() ? *found : static_cast<xcb_keysym_t>(name.at(0).unicode());
 }
@@ -379,6 +381,25 @@ void XClient::click(const QPoint &position, int number)
     moveMouse(position);
     button(number, true);
     button(number, false);
+}
+
+QString XClient::whatIsThere() const
+{
+    QString lines =
+        QStringLiteral("active window 0x%1, workspace %2\n").arg(activeWindow(), 0, 16).arg(currentDesktop());
+    for (const xcb_window_t client : clients().mid(0, kListedWindows))
+        lines += QStringLiteral("  0x%1 \"%2\" [%3] %4 on %5, for 0x%6%7\n")
+                     .arg(client, 0, 16)
+                     .arg(title(client), wmClass(client), text(geometry(client)))
+                     .arg(desktopOf(client))
+                     .arg(transientFor(client), 0, 16)
+                     .arg(isViewable(client) ? QString() : QStringLiteral(" hidden"));
+    return lines;
+}
+
+QString text(const QRect &rect)
+{
+    return QStringLiteral("%1,%2 %3x%4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
 }
 
 void XClient::paintRoot(quint32 rgb)

@@ -74,6 +74,8 @@ public:
     void button(int number, bool down);
     void click(const QPoint &position, int number = 1);
 
+    /// The windows that the window manager lists, one a line, for a test that has failed.
+    QString whatIsThere() const;
     /// Gives the root window a colour, as a desktop has.
     void paintRoot(quint32 rgb);
     QImage screenshot() const;
@@ -82,5 +84,8 @@ private:
     struct Connection;
     std::unique_ptr<Connection> m_x;
 };
+
+/// "10,20 300x200"
+QString text(const QRect &rect);
 
 } // namespace norvane::test

@@ -31,9 +31,7 @@ int main(int argc, char **argv)
         if (arguments.size() > 3 && !arguments.mid(3).contains(target->name()))
             continue;
         VirtualDesktop desktop;
-        VirtualDesktop::Options options;
-        options.tray = true;
-        if (!desktop.start(options)) {
+        if (!desktop.start({.tray = true})) {
             std::fprintf(stderr, "%s\n", qPrintable(desktop.error()));
             return 1;
         }

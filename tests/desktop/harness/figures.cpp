@@ -3,6 +3,7 @@
 // 20 tracked windows, 10,000 notes. Times are taken from the X server's answers, CPU time from the
 // process clock of Norvane alone.
 
+#include "file_bytes.h"
 #include "harness/PageServer.h"
 #include "harness/Programs.h"
 #include "harness/RunningNorvane.h"
@@ -10,14 +11,12 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSet>
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 
+using namespace norvane;
 using namespace norvane::test;
 
 namespace {
@@ -28,24 +27,12 @@ constexpr int kRounds = 20;
 constexpr int kIdleMs = 60'000;
 constexpr double kNothingMuch = 0.002; ///< seconds of CPU in one second
 
-double cpuSeconds(const QProcess &process)
-{
-    clockid_t clock = 0;
-    timespec used{};
-    if (clock_getcpuclockid(static_cast<pid_t>(process.processId()), &clock) != 0 ||
-        clock_gettime(clock, &used) != 0)
-        return -1;
-    return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) / 1e9;
-}
-
 /// Proportional set size in megabytes; -1 when it cannot be read.
 double pssMegabytes(const QProcess &process)
 {
-    QFile file(QStringLiteral("/proc/%1/smaps_rollup").arg(process.processId()));
-    if (!file.open(QIODevice::ReadOnly))
-        return -1;
+    const QByteArray rollup = bytesOf(QStringLiteral("/proc/%1/smaps_rollup").arg(process.processId()));
     static const QRegularExpression pss(QStringLiteral("Pss:\\s+(\\d+) kB"));
-    const QRegularExpressionMatch match = pss.match(QString::fromLatin1(file.readAll()));
+    const QRegularExpressionMatch match = pss.match(QString::fromLatin1(rollup));
     return match.hasMatch() ? match.captured(1).toDouble() / 1024 : -1;
 }
 
@@ -140,7 +127,7 @@ private:
         while (now - before > kNothingMuch) {
             before = now;
             pass(1000);
-            now = cpuSeconds(*m_norvane.process());
+            now = processorSeconds(m_norvane.process()->processId());
         }
     }
 
@@ -148,7 +135,8 @@ private:
     {
         if (!start())
             return false;
-        std::printf("%-46s %.3f s\n", "CPU from start to an armed watcher", cpuSeconds(*m_norvane.process()));
+        std::printf("%-46s %.3f s\n", "CPU from start to an armed watcher",
+                    processorSeconds(m_norvane.process()->processId()));
         settle();
         std::printf("%-46s %.1f MB\n", "PSS after start", pssMegabytes(*m_norvane.process()));
         return m_norvane.end();
@@ -160,16 +148,16 @@ private:
             return false;
         settle();
         std::printf("%-46s %.3f s\n", "CPU from start, with 20 windows looked at",
-                    cpuSeconds(*m_norvane.process()));
+                    processorSeconds(m_norvane.process()->processId()));
         return true;
     }
 
     bool idle()
     {
-        const double before = cpuSeconds(*m_norvane.process());
+        const double before = processorSeconds(m_norvane.process()->processId());
         pass(kIdleMs);
         std::printf("%-46s %.4f s\n", "CPU in 60 s idle, 20 tracked windows",
-                    cpuSeconds(*m_norvane.process()) - before);
+                    processorSeconds(m_norvane.process()->processId()) - before);
         return true;
     }
 

@@ -1,8 +1,8 @@
 #include "MainJob.h"
 #include "PageServer.h"
+#include "file_bytes.h"
 
 #include <QDir>
-#include <QFile>
 
 namespace norvane::test {
 
@@ -91,9 +91,7 @@ public:
 private:
     void write(const VirtualDesktop &desktop, int thing) const
     {
-        QFile file(desktop.home() + QLatin1Char('/') + title(thing));
-        if (file.open(QIODevice::WriteOnly))
-            file.write("A text file.\n");
+        putBytes(desktop.home() + QLatin1Char('/') + title(thing), "A text file.\n");
     }
 };
 

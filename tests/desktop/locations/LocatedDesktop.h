@@ -14,12 +14,10 @@ class LocatedDesktop
 protected:
     void startDesktop(bool accessibility = true)
     {
-        VirtualDesktop::Options options;
-        options.accessibility = accessibility;
-        ASSERT_TRUE(m_desktop.start(options)) << m_desktop.error().toStdString();
+        ASSERT_TRUE(m_desktop.start({.accessibility = accessibility})) << m_desktop.error().toStdString();
         qputenv("DISPLAY", m_desktop.display().toLatin1());
         m_windows = std::make_unique<X11WindowSystem>();
-        const QString bus = m_desktop.environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+        const QString bus = m_desktop.sessionBus();
         m_shell = std::make_unique<LinuxShellWindows>(
             *m_windows, DesktopSession{bus, m_desktop.display(), m_desktop.home(), 1});
     }

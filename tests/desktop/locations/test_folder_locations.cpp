@@ -1,7 +1,6 @@
 #include "LocatedDesktop.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 
 using namespace norvane;
 using namespace norvane::test;
@@ -44,10 +43,6 @@ protected:
     const QString m_odd = QStringLiteral("/letters/100%20 für Öl #1");
 };
 
-class AnyFileManager : public FolderLocations
-{
-};
-
 } // namespace
 
 TEST_P(FolderLocations, FollowTheFolder)
@@ -70,24 +65,3 @@ TEST_P(FolderLocations, FollowTheFolder)
 INSTANTIATE_TEST_SUITE_P(Programs, FolderLocations,
                          testing::Values("thunar", "pcmanfm", "caja", "nautilus", "dolphin"),
                          [](const auto &program) { return std::string(program.param); });
-
-TEST_F(AnyFileManager, IsFoundAgainWhenTheAccessibilityBusComesBack)
-{
-    const QString letters = m_desktop.home() + QStringLiteral("/letters");
-    QProcess *program = startProgram(QStringLiteral("thunar"), letters);
-    const WindowHandle window = windowTitled(QStringLiteral("letters"));
-    ASSERT_TRUE(becomes(window, letters)) << told(window);
-
-    ASSERT_TRUE(m_desktop.stopAccessibility());
-    // What was known stays, and nothing waits.
-    QElapsedTimer timer;
-    timer.start();
-    EXPECT_TRUE(isKnown(window, letters));
-    EXPECT_LT(timer.elapsed(), 100);
-    m_desktop.end(program);
-
-    ASSERT_TRUE(m_desktop.startAccessibility());
-    startProgram(QStringLiteral("thunar"), m_desktop.home() + QStringLiteral("/a"));
-    const WindowHandle other = windowTitled(QStringLiteral("a - Thunar"));
-    EXPECT_TRUE(becomes(other, m_desktop.home() + QStringLiteral("/a"))) << told(other);
-}

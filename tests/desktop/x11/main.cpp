@@ -10,9 +10,7 @@ int main(int argc, char **argv)
     norvane::test::VirtualDesktop desktop;
     {
         QCoreApplication starting(argc, argv);
-        norvane::test::VirtualDesktop::Options options;
-        options.accessibility = false;
-        if (!desktop.start(options)) {
+        if (!desktop.start({.accessibility = false})) {
             std::fprintf(stderr, "%s\n", qPrintable(desktop.error()));
             return 1;
         }

@@ -11,9 +11,7 @@ using namespace norvane::test;
 TEST(ServerGone, LastAnswersStayAndNothingTurns)
 {
     VirtualDesktop desktop;
-    VirtualDesktop::Options options;
-    options.accessibility = false;
-    ASSERT_TRUE(desktop.start(options)) << desktop.error().toStdString();
+    ASSERT_TRUE(desktop.start({.accessibility = false})) << desktop.error().toStdString();
     qputenv("DISPLAY", desktop.display().toLatin1());
 
     X11WindowSystem windows;

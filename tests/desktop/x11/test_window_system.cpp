@@ -25,10 +25,8 @@ class WindowSystemTest : public testing::Test
 protected:
     static void SetUpTestSuite()
     {
-        VirtualDesktop::Options options;
-        options.accessibility = false;
         desktop = new VirtualDesktop;
-        ASSERT_TRUE(desktop->start(options)) << desktop->error().toStdString();
+        ASSERT_TRUE(desktop->start({.accessibility = false})) << desktop->error().toStdString();
         qputenv("DISPLAY", desktop->display().toLatin1());
     }
     static void TearDownTestSuite() { delete std::exchange(desktop, nullptr); }

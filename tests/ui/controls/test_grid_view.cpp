@@ -130,24 +130,6 @@ TEST_F(GridView, TellsWhereCellsAre)
     EXPECT_EQ(grid.CellFromPoint(cell.center()), (std::pair{1, 4}));
 }
 
-TEST_F(GridView, CopiesWholeCells)
-{
-    QFont bold = grid.font();
-    bold.setBold(true);
-    grid.CellDetails(2, 2, 12.5, kAlignRight, 1, 0xFF, 0xFF00, bold, 8, 0, u"data"_qs);
-    grid.setCell(1, 4, grid.Cell(2, 2));
-    const cGridCell copy = grid.Cell(1, 4);
-    EXPECT_EQ(copy.Text, QVariant(12.5));
-    EXPECT_EQ(copy.ItemData, QVariant(u"data"_qs));
-    EXPECT_EQ(copy.TextAlign, kAlignRight);
-    EXPECT_EQ(std::tuple(copy.IconIndex, copy.ExtraIconIndex, copy.Indent), std::tuple(1, 0, 8));
-    EXPECT_EQ(std::tuple(copy.BackColor, copy.ForeColor), std::tuple(0xFF, 0xFF00));
-    EXPECT_TRUE(copy.Font.bold());
-    grid.setCell(1, 4, grid.NewCellFormatObject());
-    EXPECT_FALSE(grid.CellFont(1, 4).bold());
-    EXPECT_EQ(grid.CellText(1, 4), QVariant());
-}
-
 TEST_F(GridView, SpeaksToScreenReaders)
 {
     addRows(20'000);

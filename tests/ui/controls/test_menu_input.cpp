@@ -61,9 +61,7 @@ TEST_F(MenuInput, WalksWithTheArrowsPastWhatIsOnlyLookedAt)
     EXPECT_EQ(highlighted({Qt::Key_Down, Qt::Key_Down}), 3) << "a disabled item can be reached";
     EXPECT_EQ(highlighted({Qt::Key_Up}), 5);
     EXPECT_EQ(highlighted({Qt::Key_Up, Qt::Key_Down}), 0) << "round the end";
-    EXPECT_EQ(highlighted({Qt::Key_Down, Qt::Key_Up}), 5);
     EXPECT_EQ(highlighted({Qt::Key_End, Qt::Key_Home}), 0);
-    EXPECT_EQ(highlighted({Qt::Key_PageDown}), 5);
     EXPECT_EQ(highlighted({Qt::Key_End, Qt::Key_PageUp}), 0);
     EXPECT_EQ(keys({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}), 0) << "but not chosen";
 }

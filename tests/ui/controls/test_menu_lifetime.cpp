@@ -62,18 +62,6 @@ TEST_F(MenuLifetime, EndsWithItsOwner)
     EXPECT_EQ(menu->ShowPopupAbsolute(0, 0), 0);
 }
 
-TEST_F(MenuLifetime, EndsWithAnOwnerThatTakesItAlong)
-{
-    NVPopupMenu *shown = menu.release();
-    shown->setParent(owner.get());
-    whenOpen([&](MenuWindow *) {
-        press({Qt::Key_End, Qt::Key_Up, Qt::Key_Right});
-        owner.reset();
-        EXPECT_TRUE(isGone());
-    });
-    EXPECT_EQ(shown->ShowPopupAbsolute(100, 100), 0);
-}
-
 TEST_F(MenuLifetime, MayEndInAnyOfItsEvents)
 {
     for (const int moment : {0, 1, 2, 3, 4, 5}) {

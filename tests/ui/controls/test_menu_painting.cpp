@@ -62,59 +62,6 @@ protected:
     QPalette palette;
 };
 
-TEST_F(MenuPainting, LeavesTheFirstColumnOutOfTheHighlightBesideAnIconOrACheck)
-{
-    add(u"plain"_s);
-    menu->setItemIcon(add(u"icon"_s), 0);
-    menu->setChecked(add(u"checked"_s), true);
-    for (const int row : {0, 1, 2}) {
-        shown([&](MenuWindow *window) { window->highlight(row); });
-        const int column = itemHeight() - 1;
-        EXPECT_EQ(rgb(row, column, 1), role(QPalette::Highlight));
-        EXPECT_EQ(rgb(row, -1, -1), role(QPalette::Highlight));
-        EXPECT_EQ(rgb(row, 0, 0) == role(QPalette::Highlight), row == 0);
-        EXPECT_NE(rgb(row, column - 1, 0) == role(QPalette::Highlight), row != 0);
-        EXPECT_EQ(rgb((row + 1) % 3, -1, 1), role(QPalette::Window));
-    }
-    EXPECT_EQ(rgb(1, itemHeight() / 2, itemHeight() / 2), qRgb(0, 255, 0));
-}
-
-TEST_F(MenuPainting, RunsTheGradientFromTheMenuToTheHighlight)
-{
-    add(u"x"_s);
-    menu->setGradientHighlight(true);
-    shown([](MenuWindow *window) { window->highlight(0); });
-    EXPECT_EQ(rgb(0, 0, 1), role(QPalette::Window));
-    EXPECT_EQ(rgb(0, -1, 1), role(QPalette::Highlight));
-    const QColor half = at(0, rects.at(0).width() / 2, 1);
-    EXPECT_GT(half.red(), qRed(role(QPalette::Highlight)));
-    EXPECT_LT(half.red(), qRed(role(QPalette::Window)));
-}
-
-TEST_F(MenuPainting, EtchesSeparatorsAndHeaders)
-{
-    add(u"x"_s);
-    add(u"-"_s);
-    add(u"-Title"_s);
-    add(u"-"_s);
-    shown();
-    EXPECT_EQ(rects.at(1).height(), 6);
-    EXPECT_EQ(rects.at(2).height(), itemHeight() * 3 / 4);
-    EXPECT_EQ(rgb(1, 5, 0), role(QPalette::Window));
-    EXPECT_LT(at(1, 5, 1).lightness(), at(1, 5, 2).lightness());
-    EXPECT_EQ(rgb(1, 5, 3), role(QPalette::Window));
-    EXPECT_LT(at(2, 1, rects.at(2).height() / 2 - 1).lightness(), QColor(role(QPalette::Window)).lightness());
-    const QRgb line = rgb(2, 1, (rects.at(2).height() - 1) / 2);
-    EXPECT_NE(line, role(QPalette::Window));
-
-    menu->setHeaderStyle(MenuHeaderStyle::Caption);
-    shown();
-    EXPECT_EQ(rgb(2, 0, 5), role(QPalette::Window)) << "the bar is inset by 1 and 2";
-    EXPECT_EQ(rgb(2, 5, 1), role(QPalette::Window));
-    EXPECT_NE(rgb(2, 1, 2), role(QPalette::Window));
-    EXPECT_EQ(rgb(2, 1, 2), rgb(2, -2, -3));
-}
-
 TEST_F(MenuPainting, GreysWhatIsDisabledWithALightEdgeUnlessTheKeyboardIsThere)
 {
     const QString solid(4, QChar(0x2588)); // blocks: there are whole pixels of the ink
@@ -139,25 +86,6 @@ TEST_F(MenuPainting, GreysWhatIsDisabledWithALightEdgeUnlessTheKeyboardIsThere)
     const auto byPointer = colors();
     shown([](MenuWindow *window) { QTest::keyClick(window, Qt::Key_Down); });
     EXPECT_LT(colors().size(), byPointer.size()) << "no edge";
-}
-
-TEST_F(MenuPainting, TilesThePictureBehindTheItemsAndKeepsItsCopy)
-{
-    QPixmap tile(4, 4);
-    tile.fill(Qt::red);
-    QPainter(&tile).fillRect(0, 0, 1, 1, Qt::blue);
-    menu->setBackgroundPicture(tile);
-    tile.fill(Qt::black);
-    add(u""_s);
-    add(u""_s);
-    shown([](MenuWindow *window) { window->highlight(1); });
-    EXPECT_EQ(rgb(0, 0, 0), qRgb(0, 0, 255));
-    EXPECT_EQ(rgb(0, 4, 8), qRgb(0, 0, 255));
-    EXPECT_EQ(rgb(0, 1, 1), qRgb(255, 0, 0));
-    EXPECT_EQ(rgb(1, 1, 1), role(QPalette::Highlight));
-    menu->ClearBackgroundPicture();
-    shown();
-    EXPECT_EQ(rgb(0, 1, 1), role(QPalette::Window));
 }
 
 TEST_F(MenuPainting, DrawsMarksAndTheirIcons)

@@ -144,7 +144,7 @@ TEST(QtPrompts, FileIsChosenOrEmpty)
 {
     EXPECT_EQ(nameFilters(QStringLiteral("Rich Text Format (RTF)|*.rtf|All Files|*.*")),
               (QStringList{QStringLiteral("Rich Text Format (RTF) (*.rtf *.RTF)"),
-                           QStringLiteral("All Files (*.*)")}));
+                           QStringLiteral("All Files (*)")}));
     QtPrompts prompts;
     QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("A.TXT"));
@@ -153,15 +153,30 @@ TEST(QtPrompts, FileIsChosenOrEmpty)
     {
         WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
             EXPECT_EQ(shown->windowTitle(), QStringLiteral("Open"));
+            EXPECT_EQ(shown->directory().path(), QDir(folder.path()).path());
             shown->reject();
         });
-        EXPECT_TRUE(prompts.openFile(QStringLiteral("Open"), filter).isEmpty());
+        EXPECT_TRUE(prompts.openFile(QStringLiteral("Open"), filter, folder.path()).isEmpty());
     }
     WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
         shown->selectFile(file);
         QMetaObject::invokeMethod(shown, "accept");
     });
     EXPECT_EQ(prompts.openFile(QStringLiteral("Open"), filter), file);
+}
+
+TEST(QtPrompts, SavingProposesAName)
+{
+    QtPrompts prompts;
+    const QTemporaryDir folder;
+    WhenShown<QFileDialog> dialog([&](QFileDialog *shown) {
+        EXPECT_EQ(QFileInfo(shown->selectedFiles().value(0)).fileName(), QStringLiteral("Plum cake.RTF"));
+        shown->setDirectory(folder.path());
+        QMetaObject::invokeMethod(shown, "accept");
+    });
+    EXPECT_EQ(prompts.saveFile(QStringLiteral("Save as"), QStringLiteral("Rich Text Format (*.RTF)|*.rtf"),
+                               QStringLiteral("RTF"), QStringLiteral("Plum cake")),
+              folder.filePath(QStringLiteral("Plum cake.RTF")));
 }
 
 TEST(QtPrompts, FontKeepsWhatNobodyTouched)

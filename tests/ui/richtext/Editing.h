@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MemoryFiles.h"
 #include "fakes/FakeClock.h"
+#include "fakes/FakeFileSystem.h"
 #include "fakes/FakePrinting.h"
 #include "fakes/FakePrompts.h"
 #include "fakes/FakeShell.h"
@@ -18,7 +18,7 @@ namespace norvane {
 /// What editors need, scripted.
 struct Editing
 {
-    MemoryFiles files;
+    fakes::FakeFileSystem files;
     fakes::FakeShell shell;
     fakes::FakePrompts prompts;
     fakes::FakePrinting printing;

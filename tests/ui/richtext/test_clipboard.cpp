@@ -1,4 +1,4 @@
-#include "MemoryFiles.h"
+#include "fakes/FakeFileSystem.h"
 #include "richtext/RichTextBox.h"
 #include "richtext/edit_mime_data.h"
 #include "sample_documents.h"
@@ -26,7 +26,7 @@ protected:
         QApplication::clipboard()->setMimeData(data.release());
     }
 
-    MemoryFiles files;
+    fakes::FakeFileSystem files;
     RichTextBox box{files};
 };
 
@@ -76,16 +76,6 @@ TEST_F(ClipboardTest, TakesTheRichestThatIsOffered)
     offer([](QMimeData &data) { data.setText(u"from\ntext"_qs); });
     box.paste();
     EXPECT_EQ(box.Text(), u"from\r\ntext"_qs);
-}
-
-TEST_F(ClipboardTest, PastesImages)
-{
-    QImage image(20, 10, QImage::Format_RGB32);
-    image.fill(Qt::green);
-    offer([&](QMimeData &data) { data.setImageData(image); });
-    box.paste();
-    EXPECT_EQ(box.Text(), u" "_qs);
-    EXPECT_TRUE(box.TextRTF().contains("\\pngblip\\picw20\\pich10"));
 }
 
 TEST_F(ClipboardTest, AnImageOfASharpScreenLooksAsLargeAsThere)
@@ -153,13 +143,4 @@ TEST_F(ClipboardTest, PastesAsPlainTextByAKey)
     EXPECT_EQ(box.SelItalic(), true); // as what stands there
     box.undo();
     EXPECT_EQ(box.Text(), u"a"_qs);
-}
-
-TEST_F(ClipboardTest, ALockedTextTakesNothing)
-{
-    box.setText(u"x"_qs);
-    box.setLocked(true);
-    offer([](QMimeData &data) { data.setText(u"y"_qs); });
-    box.paste();
-    EXPECT_EQ(box.Text(), u"x"_qs);
 }

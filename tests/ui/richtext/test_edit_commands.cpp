@@ -158,33 +158,10 @@ TEST_F(EditCommands, ColorAndFontComeFromTheirDialogs)
     EXPECT_EQ(edit.SelFontSize(), 12.0);
     EXPECT_EQ(edit.SelBold(), false);
     EXPECT_EQ(edit.SelItalic(), true);
-    EXPECT_EQ(edit.SelStrikeThru(), false);
-    EXPECT_EQ(edit.SelUnderline(), false);
     EXPECT_EQ(edit.SelColor(), 0xFFU);
-    EXPECT_TRUE(button(u"C_ITALIC"_qs)->isChecked());
-    EXPECT_FALSE(button(u"C_BOLD"_qs)->isChecked());
-    select(0, 4); // what is mixed stays as the dialog had it
-    choose(u"mnu_Font"_qs);
-    EXPECT_EQ(prompts.fontRequests.last().family, u"Courier New"_qs);
-    EXPECT_EQ(prompts.fontRequests.last().points, 12.0);
-    EXPECT_EQ(prompts.fontRequests.last().bold, false);
     edit.box()->undo();
     select(2, 2);
     EXPECT_EQ(edit.SelFontSize(), 15.5);
-}
-
-TEST_F(EditCommands, AMixedBulletBecomesOne)
-{
-    show();
-    edit.setTextRTF("{\\rtf1{\\pntext x}{\\*\\pn\\pnlvlblt}a\\par\\pard b\\par}");
-    select(0, 4);
-    EXPECT_EQ(edit.SelBullet(), std::nullopt);
-    press(u"C_BULLET"_qs);
-    EXPECT_EQ(edit.SelBullet(), true);
-    EXPECT_TRUE(button(u"C_BULLET"_qs)->isChecked());
-    EXPECT_FALSE(button(u"C_BULLET"_qs)->property("mixed").toBool());
-    press(u"C_BULLET"_qs);
-    EXPECT_EQ(edit.SelBullet(), false);
 }
 
 TEST_F(EditCommands, TheMenuShowsWhatCanBeDone)

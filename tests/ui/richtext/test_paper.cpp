@@ -58,9 +58,7 @@ TEST_P(PaperTest, InkIsReadableWhateverTheDesktop)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Papers, PaperTest,
-                         testing::Values(0xC0FFFFU, 0xFFFFFFU, 0x000000U, 0x203040U, 0x800000U, 0x808080U,
-                                         0x00FFFFU));
+INSTANTIATE_TEST_SUITE_P(Papers, PaperTest, testing::Values(0xC0FFFFU, 0x000000U, 0x800000U, 0x808080U));
 
 TEST(Paper, SystemWindowColourFollowsTheDesktop)
 {

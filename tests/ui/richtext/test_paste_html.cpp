@@ -1,4 +1,4 @@
-#include "MemoryFiles.h"
+#include "fakes/FakeFileSystem.h"
 #include "richtext/RichTextBox.h"
 #include "richtext/html_document.h"
 #include "sample_documents.h"
@@ -41,7 +41,7 @@ protected:
         return testing::AssertionSuccess();
     }
 
-    MemoryFiles files;
+    fakes::FakeFileSystem files;
     RichTextBox box{files};
 };
 

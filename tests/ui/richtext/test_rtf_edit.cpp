@@ -58,20 +58,6 @@ TEST_F(RtfEditTest, NewTextIsInTheControlsFont)
     EXPECT_TRUE(edit.TextRTF().contains("\\fs28"));
 }
 
-TEST_F(RtfEditTest, FontsAreLookedUpWhenTheToolBarIsSeen)
-{
-    edit.setToolBar(false);
-    edit.setTextRTF("{\\rtf1{\\fonttbl{\\f0 Courier New;}}\\fs36 x\\par}");
-    show();
-    EXPECT_EQ(combo(u"Combo1"_qs)->count(), 0);
-    EXPECT_EQ(combo(u"Combo1"_qs)->currentText(), u"Arial"_qs);
-    EXPECT_EQ(combo(u"Combo2"_qs)->currentText(), u"10"_qs);
-    edit.setToolBar(true);
-    EXPECT_GT(combo(u"Combo1"_qs)->count(), 0);
-    EXPECT_EQ(combo(u"Combo1"_qs)->currentText(), u"Courier New"_qs);
-    EXPECT_EQ(combo(u"Combo2"_qs)->currentText(), u"18"_qs);
-}
-
 TEST_F(RtfEditTest, ToolBarFollowsTheSelection)
 {
     show();
@@ -133,21 +119,6 @@ TEST_F(RtfEditTest, ButtonsAndCombosChangeTheSelection)
     EXPECT_EQ(edit.SelFontName(), u"Courier New"_qs);
 }
 
-TEST_F(RtfEditTest, TheSaveButtonIsTheSaveState)
-{
-    show();
-    EXPECT_TRUE(edit.EnableSaveButton());
-    QSignalSpy saves(&edit, &NV_RTFEdit::SaveMe);
-    press(u"C_SAVE"_qs);
-    EXPECT_EQ(saves.count(), 1);
-    EXPECT_TRUE(edit.EnableSaveButton()); // the host clears it
-    edit.setEnableSaveButton(false);
-    edit.setText(u"changed"_qs); // and the host sets it
-    EXPECT_FALSE(edit.EnableSaveButton());
-    press(u"C_SAVE"_qs);
-    EXPECT_EQ(saves.count(), 1);
-}
-
 TEST_F(RtfEditTest, RaisesEventsInTheirOrder)
 {
     show();
@@ -185,16 +156,6 @@ TEST_F(RtfEditTest, RaisesEventsInTheirOrder)
     events.clear();
     QTest::mouseClick(edit.box()->viewport(), Qt::RightButton, {}, QPoint(20, 10));
     EXPECT_EQ(events.join(u", "_qs).toStdString(), "mousedown 2 0 300 150, mouseup 2");
-}
-
-TEST_F(RtfEditTest, AHandlerMayChangeOrDropAKey)
-{
-    show();
-    QObject::connect(&edit, &NV_RTFEdit::KeyPress, [](int &key) {
-        key = key == 'a' ? 0 : key == 'b' ? 'B' : key;
-    });
-    QTest::keyClicks(edit.box(), u"abc"_qs);
-    EXPECT_EQ(edit.Text(), u"Bc"_qs);
 }
 
 TEST_F(RtfEditTest, TheContextMenuHasASwitch)

@@ -61,16 +61,6 @@ TEST_F(PasswordDialog, TakesTheRightPasswordTypedBlind)
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
 }
 
-TEST_F(PasswordDialog, SelectsItsTextWhenItGetsTheFocus)
-{
-    QTest::keyClicks(box(), u"guess"_s);
-    QTest::keyClick(box(), Qt::Key_Tab);
-    EXPECT_FALSE(box()->hasFocus());
-    QTest::keyClick(dialog->focusWidget(), Qt::Key_Backtab);
-    EXPECT_TRUE(box()->hasFocus());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return box()->selectedText().size() == 5; }));
-}
-
 TEST_F(PasswordDialog, CancelEscapeAndCloseGiveNoPassword)
 {
     const std::function<void()> ways[] = {[this] { press(u"Command2"_s); },

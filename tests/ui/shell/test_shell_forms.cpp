@@ -1,22 +1,15 @@
-#include "FakeTrayHost.h"
-#include "fakes/FakeClock.h"
-#include "fakes/FakeEventLoop.h"
-#include "fakes/FakeFileSystem.h"
+#include "browser/frmMain.h"
+#include "error_of.h"
 #include "fakes/FakeHotKeys.h"
-#include "fakes/FakeSound.h"
-#include "fakes/FakeWindowSystem.h"
-#include "fakes/MemorySettings.h"
+#include "fakes/FakeTrayHost.h"
 #include "options/HotKeyModel.h"
-#include "platform/RuntimeError.h"
 #include "platform/errors.h"
-#include "platform/sqlite/SqliteEngine.h"
-#include "shell/windows/ShellForms.h"
+#include "shell/forms/ShellForms.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/TrayIcon.h"
-#include "shell/windows/frmMain.h"
 #include "shell/windows/frmMessage.h"
 #include "shell/windows/mdiMain.h"
-#include "store/NoteStore.h"
+#include "ui/browser/BrowserDesk.h"
 
 #include <QMdiSubWindow>
 #include <QSignalSpy>
@@ -26,6 +19,7 @@
 #include <gtest/gtest.h>
 
 using namespace norvane;
+using namespace norvane::tests;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -37,53 +31,47 @@ struct OptionsForm : Form
     void unload() override {}
 };
 
-class ShellWindowsTest : public testing::Test
+class ShellWindowsTest : public testing::Test, protected BrowserDesk
 {
 protected:
+    ShellWindowsTest()
+    {
+        services.isFrameVisible = [this] { return shellForms.isFrameVisible(); };
+    }
     ~ShellWindowsTest() override
     {
         for (Form *form : forms.all()) {
-            if (forms.contains(form) && form != shell.frame())
+            if (forms.contains(form) && form != shellForms.frame())
                 form->unload();
         }
-        if (shell.frame() != nullptr)
-            shell.frame()->unload();
+        if (shellForms.frame() != nullptr)
+            shellForms.frame()->unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     /// The steps of start-up.
     void start()
     {
-        shell.showSplash();
+        shellForms.showSplash();
         EXPECT_TRUE(forms.FormIsLoaded(u"frmLogo"_s));
-        frameWindow = shell.loadFrame();
-        shell.moveFrame(QRectF(150, 300, 9000, 7500));
-        shell.minimiseFrame();
-        shell.showBrowser();
-        shell.Refresh_tbCAT();
-        shell.selectCategoryTab(2);
-        shell.pressPreviewButton();
-        shell.unloadSplash();
+        frameWindow = shellForms.loadFrame();
+        shellForms.moveFrame(QRectF(150, 300, 9000, 7500));
+        shellForms.minimiseFrame();
+        shellForms.showBrowser();
+        shellForms.Refresh_tbCAT();
+        shellForms.selectCategoryTab(2);
+        shellForms.pressPreviewButton();
+        shellForms.unloadSplash();
     }
     QMdiSubWindow *browserWindow() const
     {
-        return qobject_cast<QMdiSubWindow *>(shell.browser()->parentWidget());
+        return qobject_cast<QMdiSubWindow *>(shellForms.browser()->parentWidget());
     }
 
-    FormList forms;
-    std::unique_ptr<dao::Engine> engine = dao::makeSqliteEngine();
-    fakes::FakeFileSystem files;
-    NoteStore store{*engine, files};
-    fakes::MemorySettings settings;
-    fakes::FakeClock clock;
-    fakes::FakeEventLoop events;
-    fakes::FakeWindowSystem windows;
-    fakes::FakeSound sound;
     fakes::FakeTrayHost host{TrayHost::Kind::Clicks};
     fakes::FakeHotKeys keys;
     HotKeyModel hotKeys{keys};
-    ShellForms shell{{forms, store, settings, clock, events, windows, sound, host, hotKeys, Twips(96, 96),
-                      QVersionNumber(1, 2, 3)}};
+    ShellForms shellForms{{services, host, hotKeys, QVersionNumber(1, 2, 3)}};
     WindowHandle frameWindow = kNoWindow;
 };
 
@@ -91,75 +79,70 @@ TEST_F(ShellWindowsTest, StartUpLeavesAHiddenFrameWithTheBrowserInIt)
 {
     settings.save(u"HotKeys"_s, u"Attach.1"_s, u"66"_s);
     start();
-    ASSERT_NE(shell.frame(), nullptr);
-    ASSERT_NE(shell.browser(), nullptr);
-    EXPECT_EQ(shell.frame()->hWnd(), frameWindow);
-    EXPECT_FALSE(shell.frame()->isFrameVisible());
+    ASSERT_NE(shellForms.frame(), nullptr);
+    ASSERT_NE(shellForms.browser(), nullptr);
+    EXPECT_EQ(shellForms.frame()->hWnd(), frameWindow);
+    EXPECT_FALSE(shellForms.frame()->isFrameVisible());
     EXPECT_FALSE(forms.FormIsLoaded(u"frmLogo"_s));
-    EXPECT_TRUE(shell.browser()->trayIcon()->isShown());
-    EXPECT_NE(shell.browser()->hWnd(), frameWindow) << "the hot keys have a window of their own";
+    EXPECT_TRUE(shellForms.browser()->trayIcon()->isShown());
+    EXPECT_NE(shellForms.browser()->hWnd(), frameWindow) << "the hot keys have a window of their own";
     EXPECT_EQ(keys.registered.size(), 6);
-    EXPECT_EQ(keys.registered.value({shell.browser()->hWnd(), 3}), (std::pair<int, int>(3, 'B')));
+    EXPECT_EQ(keys.registered.value({shellForms.browser()->hWnd(), 3}), (std::pair<int, int>(3, 'B')));
 
-    EXPECT_EQ(shell.categoryTabCount(), 2);
-    EXPECT_EQ(shell.browser()->selectedCategory(), -1);
-    EXPECT_TRUE(shell.browser()->findChild<QToolButton *>(u"ARButton10"_s)->isChecked());
-    shell.Refresh_tbCAT();
-    EXPECT_EQ(shell.categoryTabCount(), 2);
-    EXPECT_EQ(shell.browser()->selectedCategory(), 0);
+    EXPECT_EQ(shellForms.categoryTabCount(), 2);
+    EXPECT_EQ(shellForms.browser()->selectedCategory(), -1);
+    EXPECT_TRUE(shellForms.browser()->findChild<QToolButton *>(u"ARButton10"_s)->isChecked());
+    shellForms.Refresh_tbCAT();
+    EXPECT_EQ(shellForms.categoryTabCount(), 2);
+    EXPECT_EQ(shellForms.browser()->selectedCategory(), -1) << "it is still there";
 }
 
 TEST_F(ShellWindowsTest, AHotKeyThatNoKeyCanBeIsAnErrorOfTheStart)
 {
     settings.save(u"HotKeys"_s, u"Attach.1"_s, u"99999999999"_s);
-    shell.loadFrame();
-    try {
-        shell.showBrowser();
-        FAIL() << "no error";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.number(), kErrorOverflow);
-    }
+    shellForms.loadFrame();
+    EXPECT_EQ(errorOf([this] { shellForms.showBrowser(); }), kErrorOverflow);
 }
 
 TEST_F(ShellWindowsTest, TogglesTheFrame)
 {
     start();
-    shell.ToggleBrowser();
-    EXPECT_TRUE(shell.frame()->isFrameVisible());
-    EXPECT_EQ(QRect(shell.frame()->pos(), shell.frame()->size()), QRect(10, 20, 600, 500));
+    shellForms.ToggleBrowser();
+    EXPECT_TRUE(shellForms.frame()->isFrameVisible());
+    EXPECT_EQ(QRect(shellForms.frame()->pos(), shellForms.frame()->size()), QRect(10, 20, 600, 500));
     EXPECT_TRUE(windows.actions.contains(u"setForegroundWindow %1"_s.arg(frameWindow)));
-    EXPECT_EQ(shell.browser()->findChild<StatusPanel *>(u"ROW"_s)->panelText(), u"Row: 0 of 0");
+    EXPECT_EQ(shellForms.browser()->findChild<StatusPanel *>(u"ROW"_s)->panelText(), u"Row: 0 of 0");
     EXPECT_TRUE(browserWindow()->isVisible());
-    const auto *tabs = shell.browser()->findChild<QTabBar *>(u"tbCat"_s);
+    const auto *tabs = shellForms.browser()->findChild<QTabBar *>(u"tbCat"_s);
     EXPECT_TRUE(QTest::qWaitFor([tabs] { return tabs->height() >= tabs->fontMetrics().height(); }));
-    shell.ToggleBrowser();
-    EXPECT_FALSE(shell.frame()->isFrameVisible());
+    shellForms.ToggleBrowser();
+    EXPECT_FALSE(shellForms.frame()->isFrameVisible());
 
     OptionsForm options;
     forms.add(&options);
-    shell.ToggleBrowser();
-    EXPECT_FALSE(shell.frame()->isFrameVisible()) << "not while the options stand open";
+    shellForms.ToggleBrowser();
+    EXPECT_FALSE(shellForms.frame()->isFrameVisible()) << "not while the options stand open";
     forms.remove(&options);
 }
 
 TEST_F(ShellWindowsTest, TheBrowserHidesInsteadOfClosingAndKeepsItsPlaceAndTab)
 {
     start();
-    shell.ToggleBrowser();
-    const WindowHandle owner = shell.browser()->hWnd();
+    shellForms.ToggleBrowser();
+    const WindowHandle owner = shellForms.browser()->hWnd();
     browserWindow()->close();
-    ASSERT_NE(shell.browser(), nullptr);
+    ASSERT_NE(shellForms.browser(), nullptr);
     EXPECT_FALSE(browserWindow()->isVisible());
-    EXPECT_TRUE(shell.browser()->trayIcon()->isShown());
-    QTest::mouseClick(shell.frame()->findChild<QToolButton *>(u"NOTEBROWSER"_s), Qt::LeftButton);
-    EXPECT_TRUE(browserWindow()->isVisible() && shell.browser()->isVisible());
-    EXPECT_EQ(events.yields, 1);
-    EXPECT_EQ(shell.browser()->hWnd(), owner);
+    EXPECT_TRUE(shellForms.browser()->trayIcon()->isShown());
+    QTest::mouseClick(shellForms.frame()->findChild<QToolButton *>(u"NOTEBROWSER"_s), Qt::LeftButton);
+    EXPECT_TRUE(browserWindow()->isVisible() && shellForms.browser()->isVisible());
+    EXPECT_GT(events.yields, 0);
+    EXPECT_EQ(shellForms.browser()->hWnd(), owner);
 
     EXPECT_EQ(browserWindow()->geometry(), QRect(0, 0, 667, 467)) << "the default size in twips";
     browserWindow()->setGeometry(20, 30, 400, 300);
-    shell.browser()->unload();
-    EXPECT_EQ(shell.browser(), nullptr);
+    shellForms.browser()->unload();
+    EXPECT_EQ(shellForms.browser(), nullptr);
     EXPECT_EQ(settings.values[u"NoteBrowser"_s], (QMap<QString, QString>{{u"Left"_s, u"300"_s},
                                                                          {u"Top"_s, u"450"_s},
                                                                          {u"Width"_s, u"6000"_s},
@@ -171,12 +154,12 @@ TEST_F(ShellWindowsTest, TheBrowserHidesInsteadOfClosingAndKeepsItsPlaceAndTab)
 TEST_F(ShellWindowsTest, HandsOnWhatTheTrayMenuAsksFor)
 {
     start();
-    QSignalSpy shutDowns(&shell, &ShellForms::shutDownRequested);
-    QSignalSpy commands(&shell, &ShellForms::commandTriggered);
-    TrayIcon *tray = shell.browser()->trayIcon();
+    QSignalSpy shutDowns(&shellForms, &ShellForms::shutDownRequested);
+    QSignalSpy commands(&shellForms, &ShellForms::commandTriggered);
+    TrayIcon *tray = shellForms.browser()->trayIcon();
     for (const QString &name : {u"mnu_ControlPanel"_s, u"mnu_Search"_s, u"mnu_exit"_s})
         emit tray->commandTriggered(name);
-    EXPECT_TRUE(shell.frame()->isFrameVisible());
+    EXPECT_TRUE(shellForms.frame()->isFrameVisible());
     EXPECT_EQ(shutDowns.size(), 1);
     ASSERT_EQ(commands.size(), 1);
     EXPECT_EQ(commands[0][0], u"mnu_Search"_s);
@@ -184,8 +167,8 @@ TEST_F(ShellWindowsTest, HandsOnWhatTheTrayMenuAsksFor)
 
 TEST_F(ShellWindowsTest, ShowsOneNoticeAtATime)
 {
-    EXPECT_TRUE(shell.showNotice());
-    EXPECT_FALSE(shell.showNotice(u"Another one"_s));
+    EXPECT_TRUE(shellForms.showNotice());
+    EXPECT_FALSE(shellForms.showNotice(u"Another one"_s));
     const QVector<Form *> notices = forms.named(u"frmMessage"_s);
     ASSERT_EQ(notices.size(), 1);
     EXPECT_EQ(static_cast<frmMessage *>(notices[0])->text(), u"Norvane does not support this window type.");

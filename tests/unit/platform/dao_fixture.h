@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RuntimeError.h"
+#include "error_of.h"
 #include "platform/errors.h"
 #include "platform/sqlite/SqliteEngine.h"
 #include "store/note_schema.h"
@@ -13,18 +13,6 @@
 namespace norvane::dao {
 
 using namespace Qt::StringLiterals;
-
-/// The number of the error that the call raises, 0 when it raises none.
-template <typename Call> int errorOf(Call call)
-{
-    try {
-        call();
-    } catch (const RuntimeError &error) {
-        EXPECT_FALSE(error.description().isEmpty());
-        return error.number();
-    }
-    return 0;
-}
 
 /// A database file of its own for each test.
 class DaoTest : public testing::Test

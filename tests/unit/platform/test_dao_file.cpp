@@ -1,10 +1,10 @@
+#include "file_bytes.h"
 #include "platform/sqlite/Connection.h"
 #include "platform/sqlite/FileLock.h"
 #include "platform/sqlite/database_file.h"
 #include "unit/platform/dao_fixture.h"
 #include "unit/platform/linux/in_child.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 #include <csignal>
@@ -15,20 +15,6 @@
 
 namespace norvane::dao {
 namespace {
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
 
 class FileTest : public DaoTest
 {
@@ -43,7 +29,7 @@ protected:
     /// Opening raises the number in every way, and the file stays as it was.
     void expectRefused(int number, const QString &words, const QString &password = {})
     {
-        const QByteArray before = contents(file);
+        const QByteArray before = bytesOf(file);
         for (const bool readOnly : {false, true}) {
             try {
                 open(password, readOnly);
@@ -53,12 +39,12 @@ protected:
                 EXPECT_TRUE(error.description().contains(words)) << error.description().toStdString();
             }
         }
-        EXPECT_EQ(contents(file), before);
+        EXPECT_EQ(bytesOf(file), before);
         EXPECT_FALSE(engine->isLocked(file));
     }
     void expectRefused(int number, const QString &words, const QByteArray &bytes, const QString &password)
     {
-        write(file, bytes);
+        ASSERT_TRUE(putBytes(file, bytes));
         expectRefused(number, words, password);
     }
 
@@ -112,7 +98,7 @@ TEST_F(FileTest, ForeignFilesAreRefusedAndLeftAsTheyAre)
     const QByteArray noise = QByteArray("\xc3\x28\x9f\x01").repeated(4096);
     expectRefused(kErrorNotAPassword, u"password"_s, noise, {});
     expectRefused(kErrorNotAPassword, u"password"_s, noise, u"guess"_s);
-    write(file, {});
+    ASSERT_TRUE(putBytes(file, {}));
     Connection(file, Connection::Mode::ReadWrite, {}).run("CREATE TABLE Memos(ID INTEGER)");
     expectRefused(kErrorFormat, u"another program"_s);
     QFile::remove(file);
@@ -127,17 +113,17 @@ TEST_F(FileTest, DamagedAndNewerFilesAreRefused)
 {
     createSome();
     database.reset();
-    const QByteArray whole = contents(file);
+    const QByteArray whole = bytesOf(file);
     ASSERT_TRUE(whole.startsWith("SQLite format 3"));
     database = open();
     database->newPassword({}, u"pw"_s);
     database.reset();
-    const QByteArray keyed = contents(file);
+    const QByteArray keyed = bytesOf(file);
     expectRefused(kErrorFormat, u"missing"_s, keyed.left(keyed.size() / 2 / 4096 * 4096), u"pw"_s);
     expectRefused(kErrorFormat, u"cut short"_s, keyed.left(keyed.size() - 100), u"pw"_s);
     expectRefused(kErrorFormat, u"missing"_s, whole.left(whole.size() - 5000), {});
     expectRefused(kErrorFormat, {}, whole.left(50), {});
-    write(file, whole);
+    ASSERT_TRUE(putBytes(file, whole));
     Connection(file, Connection::Mode::ReadWrite, {}).run("PRAGMA user_version=2");
     expectRefused(kErrorFormat, u"newer"_s);
 }
@@ -160,7 +146,7 @@ TEST_F(FileTest, PasswordsAreSetCheckedChangedAndRemoved)
     index->requery();
     EXPECT_EQ(index->recordCount(), 4);
     database.reset();
-    EXPECT_FALSE(contents(file).contains("note 1"));
+    EXPECT_FALSE(bytesOf(file).contains("note 1"));
     expectRefused(kErrorNotAPassword, u"password"_s);
     expectRefused(kErrorNotAPassword, u"password"_s, odd + u'x');
     EXPECT_EQ(count(odd), 4);
@@ -169,7 +155,7 @@ TEST_F(FileTest, PasswordsAreSetCheckedChangedAndRemoved)
     database->newPassword(odd, u"second"_s);
     database->newPassword(u"second"_s, {});
     database.reset();
-    EXPECT_TRUE(contents(file).contains("note 1"));
+    EXPECT_TRUE(bytesOf(file).contains("note 1"));
     EXPECT_EQ(count(), 4);
     expectRefused(kErrorNotAPassword, u"password"_s, odd);
     EXPECT_EQ(filesInFolder().size(), 2) << "nothing is left over";
@@ -192,12 +178,12 @@ TEST_F(FileTest, AWrongKeyNeverTouchesAnInterruptedSave)
         ASSERT_TRUE(QFile::copy(work, file));
         ASSERT_TRUE(QFile::copy(work + u"-journal"_s, file + u"-journal"_s));
     }
-    ASSERT_NE(contents(file), contents(work));
-    const QByteArray journal = contents(file + u"-journal"_s);
+    ASSERT_NE(bytesOf(file), bytesOf(work));
+    const QByteArray journal = bytesOf(file + u"-journal"_s);
     ASSERT_FALSE(journal.left(8) == QByteArray(8, '\0'));
     for (const char16_t *wrong : {u"", u"wrong"}) {
         expectRefused(kErrorNotAPassword, u"password"_s, QStringView(wrong).toString());
-        EXPECT_EQ(contents(file + u"-journal"_s), journal);
+        EXPECT_EQ(bytesOf(file + u"-journal"_s), journal);
     }
     EXPECT_EQ(errorOf([&] { engine->replaceDatabase(work, file); }), kErrorFormat);
     // Reading alone rolls back too.
@@ -224,7 +210,7 @@ TEST_F(FileTest, CompactsIntoANewFile)
     engine->compactDatabase(file, copy, u"pw"_s);
     EXPECT_LE(QFileInfo(copy).size(), size);
     engine->replaceDatabase(copy, file);
-    EXPECT_EQ(contents(file), contents(copy));
+    EXPECT_EQ(bytesOf(file), bytesOf(copy));
     EXPECT_TRUE(QFileInfo(file).permission(QFile::ReadGroup)) << "permissions stay";
     database = open(u"pw"_s);
     EXPECT_EQ(notes()->recordCount(), 10);
@@ -278,7 +264,7 @@ TEST_F(FileTest, WithoutRightsNothingIsWrittenAndTheErrorIsClear)
 {
     createSome(1);
     database.reset();
-    const QByteArray before = contents(file);
+    const QByteArray before = bytesOf(file);
     const struct
     {
         mode_t fileMode;
@@ -304,7 +290,7 @@ TEST_F(FileTest, WithoutRightsNothingIsWrittenAndTheErrorIsClear)
         EXPECT_EQ(wrong, 0) << row.fileMode << ' ' << row.folderMode;
         permit(folder.path(), 0777);
     }
-    EXPECT_EQ(contents(file), before);
+    EXPECT_EQ(bytesOf(file), before);
 }
 
 TEST_F(FileTest, AFullDiskLeavesTheFileAsItWas)

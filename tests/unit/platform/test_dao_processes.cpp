@@ -103,20 +103,6 @@ TEST_F(ProcessTest, TwoProgramsAndOneThatCompactsLoseNothing)
     expectNotes(saved, 300);
 }
 
-TEST_F(ProcessTest, ChangesOfAnotherProgramComeWithRequery)
-{
-    add(u"mine"_s);
-    const auto snapshot = rows(u"select ID from Memos"_s, RecordsetType::Snapshot);
-    const auto dynaset = rows(u"select ID from Memos order by WindowName"_s);
-    EXPECT_EQ(Helper({u"save"_s, file, QString(), u"3"_s, u"5"_s}).rest().size(), 3);
-    snapshot->findFirst(u"ID=3"_s);
-    EXPECT_TRUE(snapshot->noMatch());
-    for (const auto &set : {snapshot.get(), dynaset.get()}) {
-        set->requery();
-        EXPECT_EQ(ids(*set), u"1 2 3 4 ");
-    }
-}
-
 TEST_F(ProcessTest, TheLockIsSeenAndEndsWithItsProgram)
 {
     database.reset();

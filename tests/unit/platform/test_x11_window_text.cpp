@@ -34,20 +34,16 @@ TEST(X11WindowText, ProgramsBelongToFamilies)
 {
     const ClassRow rows[] = {
         {u"Navigator"_qs, u"firefox-esr"_qs, u"IEFrame"_qs},
-        {u"Navigator"_qs, u"Firefox"_qs, u"IEFrame"_qs},
         {u"chromium (/home/me/profile)"_qs, u"Chromium"_qs, u"IEFrame"_qs},
-        {u"chromium (/home/me/profile)"_qs, u"something"_qs, u"IEFrame"_qs},
         {u"crx_abc"_qs, u"Google-chrome"_qs, u"IEFrame"_qs},
         {u"dolphin"_qs, u"dolphin"_qs, u"CabinetWClass"_qs},
         {u"dolphin-emu"_qs, u"dolphin-emu"_qs, u"dolphin-emu"_qs},
         {u"pcmanfm-qt"_qs, u"pcmanfm-qt"_qs, u"CabinetWClass"_qs},
-        {u"org.gnome.Nautilus"_qs, u"org.gnome.Nautilus"_qs, u"CabinetWClass"_qs},
         {u"libreoffice"_qs, u"libreoffice-writer"_qs, u"OpusApp"_qs},
         {u"libreoffice"_qs, u"libreoffice-calc"_qs, u"XLMAIN"_qs},
         {u"org.pwmt.zathura"_qs, u"Zathura"_qs, u"WordPadClass"_qs},
         {u"Mail"_qs, u"thunderbird"_qs, u"Outlook Express Browser Class"_qs},
         {u"xterm"_qs, u"XTerm"_qs, u"XTerm"_qs},
-        {u"onlyinstance"_qs, QString(), u"onlyinstance"_qs},
         {QString(), QString(), QString()},
         {u"x"_qs, QString(60, u'x'), QString(49, u'x')},
     };
@@ -72,14 +68,11 @@ TEST(X11WindowText, SuffixesOfProgramsGoOnceAtTheEnd)
         {u"Secret \u2014 Mozilla Firefox Private Browsing"_qs, u"Secret"_qs},
         {u"Hello Page - Docs - Chromium"_qs, u"Hello Page - Docs"_qs},
         {u"lib - Thunar"_qs, u"lib"_qs},
-        {u"/etc/hosts - Mousepad"_qs, u"/etc/hosts"_qs},
         {u"Mail - Work - Microsoft\u200b Edge"_qs, u"Mail - Work"_qs},
         {u"About Thunar - Thunar - Thunar"_qs, u"About Thunar - Thunar"_qs},
         {u"Chromium - a browser"_qs, u"Chromium - a browser"_qs},
         {u"Mozilla Firefox"_qs, u"Mozilla Firefox"_qs},
         {u" - Chromium"_qs, u" - Chromium"_qs},
-        {u"   - Chromium"_qs, u"   - Chromium"_qs},
-        {u"NotThunar"_qs, u"NotThunar"_qs},
         {QString(), QString()},
     };
     for (const SuffixRow &row : rows) {

@@ -1,115 +1,11 @@
 #include "richtext/links/document_scan.h"
 
-#include <QRandomGenerator>
 #include <gtest/gtest.h>
 
 using namespace norvane;
 using links::Span;
 
 namespace {
-
-/// The rules taken one step after the other, on a box that is nothing but text, selection and looks.
-class StepByStep
-{
-public:
-    explicit StepByStep(const QString &text) : m_text(text), m_linked(text.size(), false)
-    {
-        scanMail();
-        for (const char *prefix : {"www.", "http:", "https:", "mailto:"})
-            scanPrefix(QString::fromLatin1(prefix));
-    }
-
-    const QVector<bool> &linked() const { return m_linked; }
-    int caret() const { return m_caret; }
-
-private:
-    int length() const { return int(m_text.size()); }
-    /// Character functions count from 1.
-    QChar character(int position) const { return m_text.at(position - 1); }
-
-    int find(const QString &text, int from)
-    {
-        const int found = int(m_text.indexOf(text, from, Qt::CaseInsensitive));
-        if (found >= 0) {
-            m_selectionStart = found;
-            m_selectionLength = int(text.size());
-        }
-        return found;
-    }
-    void setSelStart(int position)
-    {
-        m_selectionStart = position;
-        m_selectionLength = 0;
-        m_caret = position;
-    }
-    void applyLook()
-    {
-        for (int i = m_selectionStart; i < m_selectionStart + m_selectionLength; ++i)
-            m_linked[i] = true;
-    }
-
-    void scanMail()
-    {
-        int p = find(u"@"_qs, 1);
-        while (p >= 1) {
-            int i = p;
-            for (; i >= 1; --i) {
-                const QChar c = character(i);
-                if (c == u' ' || c == u'\r' || c == u'\n')
-                    break;
-            }
-            const int start = i + 1;
-            bool dotPassed = false;
-            int j = p;
-            for (; j <= length(); ++j) {
-                const char16_t c = character(j).unicode();
-                if (dotPassed && !(c >= 65 && c <= 91) && !(c >= 97 && c <= 122))
-                    break;
-                if (c == u'.')
-                    dotPassed = true;
-            }
-            if (start <= j) {
-                QString word = m_text.mid(start - 1, j - start);
-                word.remove(u'<').remove(u'>');
-                const int q = find(word, start - 1);
-                applyLook();
-                setSelStart(q + 2);
-            }
-            p = find(u"@"_qs, p + 1);
-        }
-    }
-
-    void scanPrefix(const QString &prefix)
-    {
-        int from = 0;
-        for (;;) {
-            const int pos = find(prefix, from);
-            if (pos == -1)
-                return;
-            const int cr = int(m_text.indexOf(u'\r', pos)) + 1;
-            const int sp = int(m_text.indexOf(u' ', pos)) + 1;
-            int end = cr;
-            if (sp < cr)
-                end = sp;
-            if (sp == 0)
-                end = cr;
-            if (cr == 0)
-                end = length() + 1;
-            const QString word = m_text.mid(pos, end - (pos + 1));
-            setSelStart(pos);
-            find(word, pos);
-            applyLook();
-            setSelStart(pos + 1);
-            from = pos + 1;
-        }
-    }
-
-    QString m_text;
-    QVector<bool> m_linked;
-    int m_selectionStart = 0;
-    int m_selectionLength = 0;
-    int m_caret = -1;
-};
 
 QVector<bool> linkedBy(const links::DocumentScan &scan, qsizetype length)
 {
@@ -141,44 +37,7 @@ QString marked(const QString &text)
     return markedText(text, linkedBy(links::scanDocument(text), text.size()));
 }
 
-const QVector<QString> kParts = {
-    u"@"_qs,       u"@"_qs,      u"."_qs,          u"."_qs,          u" "_qs,      u" "_qs,      u"\r\n"_qs,
-    u"<"_qs,       u">"_qs,      u"www."_qs,       u"http:"_qs,      u"HTTPS:"_qs, u"a"_qs,      u"B"_qs,
-    u"mailto:"_qs, u"7"_qs,      u"["_qs,          u"user"_qs,       u"USER"_qs,   u"<b"_qs,     u"<b>"_qs,
-    u"x@y.z"_qs,   u"bx@y.Z"_qs, u"\U00010400"_qs, u"\U00010428"_qs, u"\u00DF"_qs, u"\u212A"_qs, u"k"_qs};
-
-QString generated(quint32 seed)
-{
-    QRandomGenerator random(seed);
-    // Few kinds of parts in one text make the odd cases likely.
-    QVector<QString> parts;
-    const int kinds = random.bounded(2, 9);
-    for (int i = 0; i < kinds; ++i)
-        parts += kParts[random.bounded(int(kParts.size()))];
-    QString text;
-    const int count = random.bounded(60);
-    for (int i = 0; i < count; ++i)
-        text += parts[random.bounded(int(parts.size()))];
-    return text;
-}
-
 } // namespace
-
-TEST(DocumentScan, EqualsTheRulesStepByStep)
-{
-    int withLinks = 0;
-    for (quint32 seed = 0; seed < 40'000; ++seed) {
-        const QString text = generated(seed);
-        const StepByStep expected(text);
-        const links::DocumentScan scan = links::scanDocument(text);
-        ASSERT_EQ(markedText(text, linkedBy(scan, text.size())).toStdString(),
-                  markedText(text, expected.linked()).toStdString())
-            << seed;
-        ASSERT_EQ(scan.caret, expected.caret()) << seed << text.toStdString();
-        withLinks += scan.links.isEmpty() ? 0 : 1;
-    }
-    EXPECT_GT(withLinks, 20'000);
-}
 
 TEST(DocumentScan, FindsWhatItShould)
 {
@@ -201,7 +60,36 @@ TEST(DocumentScan, FindsWhatItShould)
     };
     for (const auto &[text, expected] : rows) {
         EXPECT_EQ(marked(text).toStdString(), expected.toStdString());
-        EXPECT_EQ(markedText(text, StepByStep(text).linked()).toStdString(), expected.toStdString());
+    }
+}
+
+TEST(DocumentScan, OddTextsFollowTheRules)
+{
+    // As the rules give them, taken one step after the other; and where they leave the caret.
+    const struct
+    {
+        QString text;
+        QString expected;
+        int caret;
+    } rows[] = {
+        {u">x@y.z>x@y.zbx@y.Z"_qs, u">{x@y.z}>x{@}y.zbx{@}y.Z"_qs, 1},
+        {u"aa\r\nwww.\U00010400\U00010400\r\nawww.a\r\nwww."_qs,
+         u"aa\r\n{www.\U00010400\U00010400}\r\na{www.a}\r\n{www.}"_qs, 23},
+        {u"\u212abx@y.Z\u212ahttp:"_qs, u"{\u212abx@y.Z}\u212a{http:}"_qs, 9},
+        {u"x@y.z\U00010428x@y.z7 x@y.z"_qs, u"{x@y.z\U00010428x@y.z}7 {x@y.z}"_qs, 16},
+        {u"<b>x@y.z@"_qs, u"<b>x{@}y.z{@}"_qs, 1},
+        {u".\r\n@@\r\n\r\n\r\n\r\n.\r\n\r\n@"_qs, u".\r\n{@@\r\n\r\n\r\n\r\n.}\r\n\r\n{@}"_qs, 20},
+        {u"bx@y.Z bx@y.Za>bx@y.Z"_qs, u"{bx@y.Z} {bx@y.Za}>bx{@}y.Z"_qs, 1},
+        {u"@\r\nwww.@\r\n@.."_qs, u"@\r\n{www.@}\r\n{@.}."_qs, 4},
+        {u"@\r\n<bhttp:\r\n@http:<bhttp:@"_qs, u"@\r\n<b{http:}\r\n{@http:<bhttp:@}"_qs, 21},
+        {u"x@y.z\U00010400>\U00010400>x@y.z>mailto:"_qs, u"{x@y.z}\U00010400>\U00010400>x{@}y.z>{mailto:}"_qs,
+         18},
+        {u"x@y.z .\U00010428x@y.z .\U00010428"_qs, u"{x@y.z} {.\U00010428x@y.z} .\U00010428"_qs, 8},
+        {u"\U00010400bx@y.Z\r\nhttp:bx@y.Z@"_qs, u"{\U00010400bx@y.Z}\r\n{http:bx@y.Z@}"_qs, 11},
+    };
+    for (const auto &row : rows) {
+        EXPECT_EQ(marked(row.text).toStdString(), row.expected.toStdString());
+        EXPECT_EQ(links::scanDocument(row.text).caret, row.caret) << row.text.toStdString();
     }
 }
 

@@ -1,39 +1,11 @@
 #include "richtext/rtf/limits.h"
 #include "richtext/rtf/read.h"
-#include "richtext/rtf/writer.h"
 #include "sample_documents.h"
 
 #include <QElapsedTimer>
 #include <gtest/gtest.h>
 
 using namespace norvane::rtf;
-
-namespace {
-
-/// Reads a damaged file and what is written of it: the second time nothing changes any more.
-void expectStable(const QByteArray &rtf)
-{
-    const std::optional<Document> document = read(rtf);
-    if (!document)
-        return;
-    const QByteArray once = write(*document);
-    const std::optional<Document> again = read(once);
-    ASSERT_TRUE(again);
-    ASSERT_TRUE(again->plainText() == document->plainText()) << rtf.toStdString();
-    ASSERT_TRUE(write(*again) == once) << rtf.toStdString();
-}
-
-} // namespace
-
-TEST(RtfDamage, FilesCutAtEveryByte)
-{
-    // Small ones that have, together, lists, tables, links, fields, pictures and objects.
-    for (const quint32 seed : {6U, 11U}) {
-        const QByteArray whole = write(sampleDocument(seed));
-        for (qsizetype length = 0; length < whole.size(); ++length)
-            ASSERT_NO_FATAL_FAILURE(expectStable(whole.left(length))) << seed << ' ' << length;
-    }
-}
 
 TEST(RtfDamage, DeepGroups)
 {

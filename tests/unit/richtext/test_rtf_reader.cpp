@@ -57,18 +57,14 @@ TEST(RtfReader, DecodesText)
         {"\\f2 \\'83A", u"ア"_qs},    // the second byte as itself
         {"\\f2 \\'83\\\\", u"ソ"_qs}, // the second byte escaped
         {"{\\f2 \\'83}x", u"x"_qs},   // half a character is none
-        {"\\f4 \\'e1", u"α"_qs},
-        {"\\f5 \\'d6\\'d0", u"中"_qs},
         {"\\f6 \\'f9\\'ec", u"של"_qs},
         {"\\f3 \\'b7 x\\u-3999?\\'60", u"\u2022 \u03BE\u03B1\uF060"_qs},
         {"\\f1 \\'cf{\\f0\\'e9}\\'f0", u"Пéр"_qs},
         // Raw bytes, NUL
         {"caf\xE9 \x93x\x94", u"café “x”"_qs},
-        {"\\f1 \xCF\xF0", u"Пр"_qs},
         // Unicode and what stands for it
         {"\\u8364?x", u"€x"_qs},
         {"\\u8364\\'80x", u"€x"_qs},
-        {"\\uc0\\u8364 x", u"€x"_qs},
         {"\\uc2\\u26085\\'93\\'fax", u"日x"_qs},
         {"\\u-10179?\\u-8704?x", u"😀x"_qs},
         {"\\u55357?\\u56832?x", u"😀x"_qs},
@@ -86,10 +82,14 @@ TEST(RtfReader, DecodesText)
         {"\\{\\}\\\\", u"{}\\"_qs},
         // The text in two encodings
         {"{\\upr{old}{\\*\\ud{new \\u8364?}}}!", u"new €!"_qs},
+        // Odd bytes between words
+        {"\\b-x", u"-x"_qs},  // a sign without a number is text
+        {"\\b  x", u" x"_qs}, // one blank belongs to the word
+        {"\\'zzx\\'4", u"zzx4"_qs},
+        {"x\\u-99999999999 ?\\bin99 ab", u"x"_qs}, // numbers beyond all, data beyond the end
         // Paragraphs
         {"a\\par b\\\nc\\par", u"a\nb\nc\n"_qs},
         {"a\\sect b\\par\\sect c", u"a\nb\nc"_qs},
-        {"a\\page b", u"a\nb"_qs},
         {"a\\cell b\\cell\\row c", u"a\nb\nc"_qs},
     };
     for (const TextRow &row : rows)
@@ -101,10 +101,8 @@ TEST(RtfReader, SkipsWhatItDoesNotKnow)
 {
     const TextRow rows[] = {
         {"a{\\*\\unknown b{\\i c}}d", u"ad"_qs},
-        {"a{\\unknown b}c", u"abc"_qs},
         {"a{\\*\\unknown\\b\\fs72}b", u"ab"_qs},
         {"{\\info{\\title T}{\\author A}}x", u"x"_qs},
-        {"{\\stylesheet{\\s0 Normal;}}x", u"x"_qs},
         {"{\\listoverridetable{\\listoverride\\ls1}}x", u"x"_qs},
         {"{\\field{\\*\\fldinst HYPERLINK \"http://x\"}{\\fldrslt link}}", u"link"_qs},
         {"{\\*\\unknown\\bin4 }}}}}x", u"x"_qs}, // braces in binary data
@@ -113,7 +111,6 @@ TEST(RtfReader, SkipsWhatItDoesNotKnow)
         {"{\\header h\\par}{\\footer f}x", u"x"_qs},
         {"a{\\*", u"a"_qs},
         {"a}b", u"a"_qs}, // the document ends with its group
-        {"{{{a", u"a"_qs},
     };
     for (const TextRow &row : rows)
         EXPECT_EQ(utf8(plain(row.rtf)), utf8(row.expected)) << row.rtf;
@@ -125,20 +122,14 @@ TEST(RtfReader, SkipsWhatItDoesNotKnow)
 TEST(RtfReader, ReadsCharacterFormats)
 {
     const TextRow rows[] = {
-        {"\\fs20 x", u"Arial 20"_qs},
         {"\\b\\i\\strike\\protect\\v x", u"Arial 24 bold italic strike protected hidden"_qs},
         {"\\b\\b0 x", u"Arial 24"_qs},
         {"\\b{\\b0 }x", u"Arial 24 bold"_qs},
         {"\\b\\plain x", u"Arial 24"_qs},
-        {"\\ul x", u"Arial 24 underline1"_qs},
         {"\\uldb\\ul0 x", u"Arial 24"_qs},
-        {"\\ulwave\\ulnone x", u"Arial 24"_qs},
-        {"\\super x", u"Arial 24 script1"_qs},
         {"\\dn6 x", u"Arial 24 raise=-6"_qs},
         {"\\up x", u"Arial 24 raise=6"_qs},
         {"\\super\\nosupersub x", u"Arial 24"_qs},
-        {"\\scaps x", u"Arial 24 capitals2"_qs},
-        {"\\cf1 x", u"Arial 24 color=ff0000"_qs},
         {"\\cf1\\cf0 x", u"Arial 24"_qs},
         {"\\cf77 x", u"Arial 24"_qs},
         {"\\highlight2 x", u"Arial 24 background=0000ff"_qs},
@@ -177,10 +168,6 @@ TEST(RtfReader, ReadsFontTables)
 TEST(RtfReader, ReadsParagraphFormats)
 {
     const TextRow rows[] = {
-        {"\\par", u"end"_qs},
-        {"\\qc\\par", u"end center"_qs},
-        {"\\qj\\par", u"end justify"_qs},
-        {"\\ql\\par", u"end"_qs},
         {"\\rtlpar\\ql\\par", u"end left rtl=1"_qs},
         {"\\qr\\li720\\ri360\\fi-360\\sb100\\sa200\\par",
          u"end right li=720 ri=360 fi=-360 sb=100 sa=200"_qs},
@@ -190,7 +177,6 @@ TEST(RtfReader, ReadsParagraphFormats)
         {"\\li720\\pard\\par", u"end"_qs},
         {"{\\qc x}\\par", u"end"_qs}, // a format ends with its group
         {"\\li999999999\\par", u"end li=31680"_qs},
-        {"x\\page\\par", u"end pagebreak=1"_qs},
         {"\\cbpat2\\brdrb\\brdrdb\\brdrw15\\brsp20\\brdrcf1\\chbrdr\\brdrs\\par",
          u"end background=0000ff border2=3/15/20/ff0000"_qs},
         {"\\cfpat1\\cbpat2\\shading5000\\par", u"end background=7f0080"_qs},

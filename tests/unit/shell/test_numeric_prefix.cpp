@@ -1,4 +1,4 @@
-#include "platform/RuntimeError.h"
+#include "error_of.h"
 #include "platform/errors.h"
 #include "shell/numeric_prefix.h"
 
@@ -23,10 +23,5 @@ TEST(NumericPrefix, RoundsHalvesToEvenAndReportsOverflow)
     EXPECT_EQ(numericPrefixInt16(QStringLiteral("2.5")), 2);
     EXPECT_EQ(numericPrefixInt16(QStringLiteral("3.5")), 4);
     EXPECT_EQ(numericPrefixInt16(QStringLiteral("32767")), 32767);
-    try {
-        numericPrefixInt16(QStringLiteral("32768"));
-        FAIL() << "32768 does not fit";
-    } catch (const RuntimeError &error) {
-        EXPECT_EQ(error.number(), kErrorOverflow);
-    }
+    EXPECT_EQ(errorOf([] { (void)numericPrefixInt16(QStringLiteral("32768")); }), kErrorOverflow);
 }

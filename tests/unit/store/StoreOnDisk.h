@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/RuntimeError.h"
+#include "error_of.h"
+#include "file_bytes.h"
 #include "platform/linux/PosixFileSystem.h"
 #include "platform/sqlite/SqliteEngine.h"
 #include "store/NoteStore.h"
@@ -53,27 +54,12 @@ public:
         return ID;
     }
     /// What stands in the database's file.
-    QByteArray bytes() const
-    {
-        QFile file(store.DatabaseFile);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
+    QByteArray bytes() const { return bytesOf(store.DatabaseFile); }
 
     QTemporaryDir folder;
     PosixFileSystem files;
     std::unique_ptr<dao::Engine> engine = dao::makeSqliteEngine();
     NoteStore store{*engine, files};
 };
-
-/// The number of the run-time error that @p action raises; 0 when it raises none.
-template <typename Action> int errorOf(Action action)
-{
-    try {
-        action();
-    } catch (const RuntimeError &error) {
-        return error.number();
-    }
-    return 0;
-}
 
 } // namespace norvane::test

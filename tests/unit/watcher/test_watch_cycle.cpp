@@ -260,16 +260,6 @@ TEST_F(Cycle, DeadTargetsGiveUpTheirNotesBySavingThem)
     EXPECT_TRUE(noteField(kept, u"Active"_qs).toBool()) << "it comes back with its page";
 }
 
-TEST_F(Cycle, AClipWithoutItsNoteIsForgotten)
-{
-    const WindowHandle target = openNoted(u"Page"_qs, u"http://a/"_qs);
-    const int id = lastNote;
-    Clips.Add(u"Page"_qs, target, id, 4711, u"IEFrame"_qs, u"Page"_qs, u"http://a/"_qs);
-    tick();
-    EXPECT_EQ(openNotes(), Ids{id});
-    EXPECT_EQ(Clips.Count(), 1);
-}
-
 TEST_F(Cycle, ATargetThatDiesAtAnyStepLeavesNothingBehind)
 {
     const QStringList steps = {u"create"_qs,      u"setParentWindow"_qs, u"setToolBar"_qs,
@@ -372,20 +362,6 @@ TEST_F(Cycle, ATickWithoutAChangeAsksNobody)
     EXPECT_GT(this->statements(), statements);
 }
 
-TEST_F(Cycle, AKeptAnswerLeavesTheLengthAsAskingWould)
-{
-    openPage(u"abc: d"_qs, u"http://1/"_qs);
-    openPage(u"abcdefgh: i"_qs, u"http://2/"_qs);
-    tick();
-    EXPECT_EQ(settings.PartialMatchLength, 4);
-    settings.PartialMatchLength = 99;
-    tick();
-    EXPECT_EQ(settings.PartialMatchLength, 4);
-    openPage(u"xy: z"_qs, u"http://3/"_qs);
-    tick();
-    EXPECT_EQ(settings.PartialMatchLength, 3);
-}
-
 TEST_F(Cycle, AStoppedClockOpensAndClosesNothing)
 {
     openNoted(u"Page"_qs, u"http://a/"_qs);
@@ -409,20 +385,6 @@ TEST_F(Cycle, ATickDoesNotRunInsideItself)
     tick();
     EXPECT_EQ(openNotes(), Ids{lastNote});
     EXPECT_EQ(events.yields, 1);
-}
-
-TEST_F(Cycle, ChangesBringTheNextTickForward)
-{
-    const WindowHandle window = windows.open(u"IEFrame"_qs, u"Page"_qs);
-    EXPECT_TRUE(timer.tickRequested);
-    tick();
-    EXPECT_FALSE(timer.tickRequested);
-    shellWindows.setLocation(window, u"http://a/"_qs);
-    EXPECT_TRUE(timer.tickRequested);
-    tick();
-    timer.setEnabled(false);
-    windows.change();
-    EXPECT_FALSE(timer.tickRequested);
 }
 
 TEST_F(Cycle, WithoutADatabaseATickIsQuiet)

@@ -44,8 +44,6 @@ TEST_F(Location, UrlsOfShellWindows)
     const Row rows[] = {
         {u"https://example.org/a%20b", u"https://example.org/a%20b"},
         {u"file:///home/user/My%20Notes", u"/home/user/My Notes"},
-        {u"file:///home/50%25", u"/home/50%25"},
-        {u"file:/home/user", u"/home/user"},
         {u"file://server/share", u"//server/share"},
         {u"/home/user/file:x", u"/home/user/file:x"},
         {u"", u""},
@@ -85,39 +83,6 @@ TEST_F(Location, WithoutShellWindowsTheAddressBarIsRead)
     EXPECT_EQ(shellWindows.queries + shellWindows.freshQueries, 0);
 }
 
-TEST_F(Location, FramesWithTheirOwnAddressBar)
-{
-    struct Row
-    {
-        const char16_t *frame;
-        const char16_t *level1;
-        bool found;
-    };
-    const Row rows[] = {
-        {u"Afx:400000:b:147e:6", u"Afx:400000:808:147e:6:10:0", true},
-        {u"afx:400000:b:147e:6", u"Afx:400000:808:147e:6:10:0", false}, // the family's case counts
-        {u"Afx:400000:b:147e:6:0:0", u"afx:400000:808:147E:6:10:0:and more", true},
-        {u"Afx:400000:b:14", u"Afx:400000:808:14:10:0", true},
-        {u"Afx:400000:b:147e:6", u"Afx:400000:808:1482:6:10:0", false},
-        {u"Afx:400000:b:10008:6", u"Afx:400000:808:10008:10:0", true},
-        {u"Afx:400000:b:10011:6", u"Afx:400000:808:10011:10:0", true},
-        {u"Afx:400000:b:14[", u"Afx:400000:808:14[:10:0", false}, // no pattern: an error gives nothing
-    };
-    for (const Row &row : rows) {
-        const WindowHandle window = windows.open(QString::fromUtf16(row.frame), u"Page"_qs);
-        const WindowHandle level1 = windows.addChild(window, QString::fromUtf16(row.level1));
-        windows.addChild(level1, u"first"_qs);
-        const WindowHandle second = windows.addChild(level1, u"second"_qs, u"tool bar"_qs);
-        chain(second, {u"any"_qs, u"COMBOBOX"_qs, u"Edit"_qs}, u" http://typed/ "_qs);
-        EXPECT_EQ(location.GetWindowLocation(window), row.found ? u"http://typed/"_qs : QString())
-            << QString::fromUtf16(row.frame).toStdString();
-    }
-    const WindowHandle bare = windows.open(u"Afx:400000:b:147e:6"_qs, u"Page"_qs);
-    chain(bare, {u"Afx:400000:808:147e:6:10:0"_qs, u"only child"_qs, u"any"_qs, u"ComboBox"_qs, u"Edit"_qs},
-          u"http://typed/"_qs);
-    EXPECT_EQ(location.GetWindowLocation(bare), QString()) << "there is no second child";
-}
-
 TEST_F(Location, OtherWindowsAreKnownByTheirProgram)
 {
     processes.programs = {{42, QString::fromUtf16(u" /usr/bin/editor\0x", 18)}};
@@ -127,18 +92,6 @@ TEST_F(Location, OtherWindowsAreKnownByTheirProgram)
     EXPECT_EQ(location.GetWindowLocation(4711), QString()) << "a window that has gone";
     EXPECT_EQ(location.GetClassText(4711), QString());
     EXPECT_EQ(location.GetWindowTitle(4711), QString());
-}
-
-TEST_F(Location, ChildrenByTitle)
-{
-    const WindowHandle window = windows.open(u"any"_qs, u"a"_qs);
-    EXPECT_EQ(location.FindChildByTitle(window, QString()), kNoWindow);
-    const WindowHandle first = windows.addChild(window, u"c"_qs, u"First"_qs);
-    const WindowHandle second = windows.addChild(window, u"c"_qs, u"second one"_qs);
-    EXPECT_EQ(location.FindChildByTitle(window, QString()), first);
-    EXPECT_EQ(location.FindChildByTitle(window, u"SEC"_qs), second);
-    EXPECT_EQ(location.FindChildByTitle(window, u"one"_qs), kNoWindow);
-    EXPECT_EQ(location.FindChildByTitle(kNoWindow, QString()), kNoWindow);
 }
 
 TEST_F(Location, DocumentWindowsAndTrackedClasses)

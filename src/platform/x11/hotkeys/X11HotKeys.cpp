@@ -195,20 +195,13 @@ void X11HotKeys::readEvents()
     queueEvents();
     while (!m_events.isEmpty()) {
         const KeyEvent event = m_events.dequeue();
-        if (event.isPress) {
-            onKeyPress(event.keyCode, event.state);
-            // The receiver may have done anything, even deleted this object.
-            if (!self)
-                return;
-            continue;
-        }
-        // A key that is held repeats as a release and a press of the same moment.
-        KeyEvent repeat = event;
-        repeat.isPress = true;
-        if (!m_events.isEmpty() && m_events.head() == repeat)
-            m_events.dequeue();
+        if (event.isPress)
+            onKeyPress(event);
         else if (event.keyCode == m_heldKey)
-            m_heldKey = 0;
+            m_releaseTime = event.time;
+        // The receiver may have done anything, even deleted this object.
+        if (!self)
+            return;
     }
     if (isConnected() && m_keyboardChanged)
         followKeyboard();
@@ -228,15 +221,19 @@ void X11HotKeys::queueEvents()
     }
 }
 
-void X11HotKeys::onKeyPress(quint8 keyCode, quint16 state)
+void X11HotKeys::onKeyPress(const KeyEvent &event)
 {
-    if (keyCode == m_heldKey || !m_keyboard)
+    // A key that is held repeats as a release and a press of the same moment; the press may come later.
+    const bool isRepeat = event.keyCode == m_heldKey && (!m_releaseTime || m_releaseTime == event.time);
+    m_releaseTime.reset();
+    if (isRepeat || !m_keyboard)
         return;
-    const int modifiers = state & kAllModifiers & ~m_keyboard->lockMask();
+    m_heldKey = 0;
+    const int modifiers = event.state & kAllModifiers & ~m_keyboard->lockMask();
     for (auto hotKey = m_hotKeys.constBegin(); hotKey != m_hotKeys.constEnd(); ++hotKey) {
-        if (hotKey->grab.keyCode != keyCode || hotKey->grab.modifiers != modifiers)
+        if (hotKey->grab.keyCode != event.keyCode || hotKey->grab.modifiers != modifiers)
             continue;
-        m_heldKey = keyCode;
+        m_heldKey = event.keyCode;
         const Owner owner = hotKey.key();
         emit pressed(owner.first, owner.second);
         return;

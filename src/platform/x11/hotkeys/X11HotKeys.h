@@ -6,6 +6,7 @@
 #include <QQueue>
 #include <QSocketNotifier>
 #include <memory>
+#include <optional>
 #include <utility>
 
 struct xcb_connection_t;
@@ -57,8 +58,6 @@ private:
         quint8 keyCode = 0;
         quint16 state = 0; ///< modifiers, buttons and keyboard group
         quint32 time = 0;
-
-        bool operator==(const KeyEvent &) const = default;
     };
 
     bool isConnected();
@@ -72,7 +71,7 @@ private:
     void readEventsLater();
     void readEvents();
     void queueEvents();
-    void onKeyPress(quint8 keyCode, quint16 state);
+    void onKeyPress(const KeyEvent &event);
 
     struct Disconnect
     {
@@ -84,7 +83,9 @@ private:
     std::unique_ptr<KeyboardMap> m_keyboard;
     QMap<Owner, HotKey> m_hotKeys;
     QQueue<KeyEvent> m_events; ///< read and not yet answered
-    quint8 m_heldKey = 0;      ///< of the hot key that is held down; 0: none
+    quint8 m_heldKey = 0;      ///< of the hot key that was pressed last; 0: none
+    std::optional<quint32>
+        m_releaseTime; ///< of the release that was told of it last, as long as nothing follows
     bool m_keyboardChanged = false;
 };
 

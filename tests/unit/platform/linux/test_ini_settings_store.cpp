@@ -1,5 +1,6 @@
 #include "in_child.h"
 
+#include "file_bytes.h"
 #include "platform/linux/IniSettingsStore.h"
 #include "platform/linux/PosixFileSystem.h"
 
@@ -17,12 +18,7 @@ class IniSettingsStoreTest : public testing::Test
 {
 protected:
     /// What another process or an editor writes.
-    void edit(const QByteArray &text)
-    {
-        QFile out(file);
-        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-        ASSERT_EQ(out.write(text), text.size());
-    }
+    void edit(const QByteArray &text) { ASSERT_TRUE(putBytes(file, text)); }
     QByteArray text() { return files.read(file); }
     static QString get(const SettingsStore &store, const QString &section, const QString &key)
     {

@@ -1,6 +1,6 @@
 #include "in_child.h"
 
-#include "platform/RuntimeError.h"
+#include "error_of.h"
 #include "platform/errors.h"
 #include "platform/linux/PosixFileSystem.h"
 
@@ -15,17 +15,6 @@ using namespace norvane;
 using namespace norvane::test;
 
 namespace {
-
-/// The number of the run-time error that @p act raises; 0 for none.
-int errorOf(const std::function<void()> &act)
-{
-    try {
-        act();
-    } catch (const RuntimeError &error) {
-        return error.number();
-    }
-    return 0;
-}
 
 class PosixFileSystemTest : public testing::Test
 {

@@ -7,6 +7,7 @@
 #include "fakes/FakeWindowSystem.h"
 #include "fakes/ManualTimer.h"
 #include "fakes/MemorySettings.h"
+#include "file_bytes.h"
 #include "platform/InstanceLock.h"
 #include "platform/linux/PosixFileSystem.h"
 #include "platform/sqlite/SqliteEngine.h"
@@ -18,7 +19,6 @@
 #include "windowlist/WindowLookup.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <functional>
 
@@ -142,11 +142,6 @@ public:
         return lastBox().startsWith(begin) && lastBox().size() > begin.size();
     }
 
-    static QByteArray bytesOf(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
     /// Makes a sound database in the default folder.
     void makeDatabase(const QString &password = {})
     {

@@ -17,7 +17,7 @@ TEST(BrokenDatabase, BringsThePasswordDialogWhichSaysWhatItFound)
 {
     StartUpHarness other;
     other.makeDatabase();
-    const QByteArray sound = StartUpHarness::bytesOf(other.databaseFile());
+    const QByteArray sound = bytesOf(other.databaseFile());
     QByteArray newer = sound;
     constexpr qsizetype kUserVersion = 60; // where the file tells which build made it
     newer.replace(kUserVersion, 4, QByteArray::fromHex("00000fff"));
@@ -40,7 +40,7 @@ TEST(BrokenDatabase, BringsThePasswordDialogWhichSaysWhatItFound)
         EXPECT_THAT(start.windows.explanation.toStdString(),
                     HasSubstr("Select another database, or cancel."));
         EXPECT_TRUE(start.reported(3343)) << start.lastBox().toStdString();
-        EXPECT_EQ(StartUpHarness::bytesOf(start.databaseFile()), bytes);
+        EXPECT_EQ(bytesOf(start.databaseFile()), bytes);
 
         // The dialog leads to another one.
         start.prompts.folders.enqueue(other.notesFolder().chopped(1));
@@ -57,12 +57,12 @@ enum ChildResult { kAsExpected, kStarted, kOtherReport, kFileChanged, kNoRights 
 /// A start that must end with the report of an error of that number, and the file as it was.
 int failingStart(StartUpHarness &start, int number)
 {
-    const QByteArray before = StartUpHarness::bytesOf(start.databaseFile());
+    const QByteArray before = bytesOf(start.databaseFile());
     if (start.run() != StartUp::Result::Failed)
         return kStarted;
     if (!start.reported(number))
         return kOtherReport;
-    return StartUpHarness::bytesOf(start.databaseFile()) == before ? kAsExpected : kFileChanged;
+    return bytesOf(start.databaseFile()) == before ? kAsExpected : kFileChanged;
 }
 
 /// Gives everything below a folder to the user that the child becomes.

@@ -1,0 +1,114 @@
+// What opening and saving the properties of a note cost: 2,000 notes, 200 categories.
+
+#include "unit/watcher/Desk.h"
+
+#include "browser/BrowserServices.h"
+#include "browser/dialogs/frmProperty.h"
+#include "fakes/FakeNoteGridView.h"
+#include "fakes/FakeNoteViews.h"
+#include "fakes/FakePrinting.h"
+#include "fakes/FakePrompts.h"
+#include "fakes/MemorySettings.h"
+#include "richtext/EditServices.h"
+#include "richtext/commands/EditState.h"
+
+#include <QApplication>
+#include <benchmark/benchmark.h>
+
+using namespace norvane;
+
+namespace {
+
+constexpr int kNotes = 2'000;
+constexpr int kCategories = 200;
+
+class FullDesk : public tests::Desk
+{
+public:
+    FullDesk()
+    {
+        const auto categories = store.database()->openRecordset(QStringLiteral("select * from Category"));
+        for (int i = 0; i < kCategories; ++i) {
+            categories->addNew();
+            categories->setField(QStringLiteral("Name"), QStringLiteral("Category %1").arg(i));
+            categories->update();
+        }
+        store.CategorySet()->requery();
+        const auto notes = store.database()->openRecordset(QStringLiteral("select * from Memos"));
+        for (int i = 0; i < kNotes; ++i) {
+            notes->addNew();
+            notes->setField(QStringLiteral("WindowName"), QString::number(i));
+            notes->setField(QStringLiteral("FriendlyName"), QStringLiteral("Note %1").arg(i));
+            notes->setField(QStringLiteral("URL"), QStringLiteral("/home/me/%1.txt").arg(i));
+            notes->setField(QStringLiteral("CAT_ID"), i % kCategories);
+            notes->update();
+        }
+        store.requeryNoteIndex();
+        store.requeryNoteSet();
+    }
+
+    fakes::MemorySettings memory;
+    fakes::FakePrompts prompts;
+    fakes::FakePrinting printing;
+    fakes::FakeNoteGridView grid;
+    fakes::FakeNoteViews views;
+    EditState editState;
+    EditServices edit{files, shell, prompts, printing, clock, editState};
+    BrowserServices services{.store = store,
+                             .forms = forms,
+                             .settings = memory,
+                             .shell = shell,
+                             .clock = clock,
+                             .sound = sound,
+                             .events = events,
+                             .windows = windows,
+                             .timer = timer,
+                             .watch = tests::Desk::settings,
+                             .edit = edit,
+                             .browser = grid,
+                             .views = views,
+                             .isFrameVisible = [] { return true; },
+                             .twips = Twips(96, 96)};
+};
+
+FullDesk &desk()
+{
+    static FullDesk shared;
+    return shared;
+}
+
+/// Until the dialog is on the screen, painted.
+void openProperties(benchmark::State &state)
+{
+    const BrowserServices &services = desk().services;
+    for (auto _ : state) {
+        frmProperty dialog(services, kNotes / 2);
+        dialog.show();
+        QCoreApplication::processEvents();
+        dialog.hide();
+    }
+}
+BENCHMARK(openProperties)->Unit(benchmark::kMillisecond);
+
+/// With a durable write for each note.
+void saveProperties(benchmark::State &state)
+{
+    const PropertyTargets targets{desk().store, desk().forms, desk().windows, desk().grid};
+    QVector<int> IDs;
+    for (int i = 1; i <= state.range(0); ++i)
+        IDs.append(i);
+    for (auto _ : state)
+        saveProperties(targets, IDs, NoteProperties{});
+}
+BENCHMARK(saveProperties)->Arg(1)->Arg(100)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

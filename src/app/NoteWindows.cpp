@@ -1,0 +1,65 @@
+#include "app/NoteWindows.h"
+
+#include "browser/BrowserServices.h"
+#include "browser/dialogs/frmNewNote.h"
+#include "browser/dialogs/frmProperty.h"
+#include "browser/editor/frmOpen.h"
+#include "browser/editor/note_editors.h"
+#include "browser/grid/NoteGrid.h"
+#include "shell/forms/ShellForms.h"
+
+#include <QApplication>
+
+namespace norvane {
+
+namespace {
+
+// Columns of the list.
+constexpr int kTitleColumn = 2;
+constexpr int kIDColumn = 7;
+
+/// The window that a dialog belongs to: that in which it was asked for.
+QWidget *activeWindow()
+{
+    return QApplication::activeWindow();
+}
+
+} // namespace
+
+bool NoteWindows::has(View view) const
+{
+    return view == View::Properties || view == View::OpenNote;
+}
+
+void NoteWindows::showNewNote()
+{
+    (new frmNewNote(m_services, activeWindow()))->showModal();
+}
+
+void NoteWindows::showEditor(int ID, const QString &title, const QString &location)
+{
+    if (mdiMain *frame = m_forms.frame())
+        ShowNoteEditor(m_services, m_rescue, *frame, ID, title, location);
+}
+
+void NoteWindows::ShowPropertyPage(int ID)
+{
+    frmProperty::ShowPropertyPage(m_services, ID, activeWindow());
+}
+
+void NoteWindows::ShowPropertyPage(NoteGrid &rows)
+{
+    QVector<int> IDs;
+    for (int row = 1; row <= rows.Rows(); ++row) {
+        if (rows.CellSelected(row, kTitleColumn))
+            IDs.append(rows.GetCelText(row, kIDColumn).toInt());
+    }
+    frmProperty::ShowPropertyPage(m_services, IDs, activeWindow());
+}
+
+void NoteWindows::showOpenNote(NV_RTFEdit &RTFObj, const QString &caption)
+{
+    ShowOpenNote(m_services, RTFObj, caption);
+}
+
+} // namespace norvane

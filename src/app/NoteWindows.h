@@ -1,0 +1,40 @@
+#pragma once
+
+#include "watcher/NoteViews.h"
+
+namespace norvane {
+
+class NoteRescue;
+class ShellForms;
+struct BrowserServices;
+
+/// Opens the windows that other windows lead to.
+class NoteWindows : public NoteViews
+{
+public:
+    /// All must outlive this object; they need not be made yet.
+    NoteWindows(const BrowserServices &services, NoteRescue &rescue, ShellForms &forms)
+        : m_services(services), m_rescue(rescue), m_forms(forms)
+    {
+    }
+
+    /// Search, categories, mail, the organizer and favorites are still to come.
+    bool has(View view) const override;
+    void showNewNote() override;
+    void showEditor(int ID, const QString &title, const QString &location) override;
+    void ShowPropertyPage(int ID) override;
+    void ShowPropertyPage(NoteGrid &rows) override;
+    void showSearch(int) override {}
+    void showCategories() override {}
+    void SendNorvane(int) override {}
+    void AddToFavorites(const QString &, const QString &) override {}
+    void showOpenNote(NV_RTFEdit &RTFObj, const QString &caption) override;
+    void exportToOutlook(const QString &) override {}
+
+private:
+    const BrowserServices &m_services;
+    NoteRescue &m_rescue;
+    ShellForms &m_forms;
+};
+
+} // namespace norvane

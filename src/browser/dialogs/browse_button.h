@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+class QPushButton;
+
+namespace norvane {
+
+/// A small button "..." that leads to where something can be chosen.
+QPushButton *browseButton(const QString &objectName, const QString &accessibleName);
+
+} // namespace norvane

@@ -1,0 +1,73 @@
+#include "browser/grid/note_row_texts.h"
+
+#include "browser/grid/note_columns.h"
+#include "platform/Shell.h"
+#include "shell/numeric_prefix.h"
+#include "watcher/classify_location.h"
+
+namespace norvane {
+
+namespace {
+
+constexpr double kSecondsOfDay = 86400;
+constexpr qsizetype kLongestName = 240; // bytes; file systems take 255 with the extension
+
+} // namespace
+
+QString NoteDateTexts::operator()(const QDateTime &date)
+{
+    if (!date.isValid())
+        return {};
+    QString &day = m_dates[date.date()];
+    if (day.isNull())
+        day = m_locale.toString(date.date(), QLocale::ShortFormat) + QStringLiteral("  ");
+    const QTime time = date.time();
+    QString &ofDay = m_times[time.hour() * 60 + time.minute()];
+    if (ofDay.isNull())
+        ofDay = m_locale.toString(time, QLocale::ShortFormat);
+    return day + ofDay;
+}
+
+int wholeNumberOf(const QDateTime &date)
+{
+    if (!date.isValid())
+        return 0;
+    const QDate dayZero(1899, 12, 30);
+    const auto days = static_cast<double>(dayZero.daysTo(date.date()));
+    return static_cast<int>(roundHalfEven(days + QTime(0, 0).secsTo(date.time()) / kSecondsOfDay));
+}
+
+NoteType NoteTypes::operator()(const QString &location)
+{
+    if (location.isEmpty())
+        return {QStringLiteral("Norvane"), kIconNote, {}};
+    const bool isPage = location.contains(u"http://", Qt::CaseInsensitive) ||
+                        location.contains(u"https://", Qt::CaseInsensitive);
+    const QString shown = isPage ? QStringLiteral(".HTM") : location;
+    QString &name = m_names[m_shell.typeKey(shown)];
+    if (name.isNull())
+        name = ClassifyLocation(m_shell, shown);
+    if (!isPage && name == QStringLiteral("File Folder"))
+        return {name, kIconFolder, {}};
+    return {name, -1, shown};
+}
+
+QString proposedFileName(const QString &title)
+{
+    QString name;
+    qsizetype bytes = 0;
+    for (const char32_t letter : title.toUcs4()) {
+        const bool isTaken =
+            QStringView(u"/\\:*?\"<>|.").contains(QChar(static_cast<char16_t>(letter))) && letter < 0x80;
+        const QString kept = isTaken || QChar::category(letter) == QChar::Other_Control
+                                 ? QStringLiteral(" ")
+                                 : QString::fromUcs4(&letter, 1);
+        bytes += kept.toUtf8().size();
+        if (bytes > kLongestName)
+            break;
+        name += kept;
+    }
+    return name;
+}
+
+} // namespace norvane

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+class QApplication;
+
+namespace norvane::gallery {
+
+/// Takes pictures in a light and in a dark palette, at the scale of the screen (QT_SCALE_FACTOR=2 for a
+/// sharp one). The program's one argument is the folder that they go to.
+/// @param name   of the pictures: they go into "NAME-light-100" and the like
+/// @param shoot  takes them into a folder; false when one failed
+/// @return the exit code of the process
+int takePictures(int argc, char **argv, const QString &name,
+                 const std::function<bool(const QString &folder)> &shoot);
+
+} // namespace norvane::gallery
