@@ -1,5 +1,6 @@
 // Figures of the rich text path: reading, filling a document, writing.
 
+#include "fakes/FakeFileSystem.h"
 #include "richtext/PictureStore.h"
 #include "richtext/RichTextBox.h"
 #include "richtext/document_builder.h"

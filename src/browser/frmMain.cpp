@@ -66,10 +66,13 @@ frmMain::frmMain(const BrowserServices &services, mdiMain &frame, TrayHost &tray
     m_hotKeyWindow.create();
     m_window = frame.addChild(this);
     m_window->setWindowIcon(windowIcon());
-    connect(m_window, &QMdiSubWindow::windowStateChanged, this, [this](auto, Qt::WindowStates state) {
-        if (state.testFlag(Qt::WindowActive))
-            MakeupButtons();
-    });
+    connect(m_window, &QMdiSubWindow::windowStateChanged, this,
+            [this](Qt::WindowStates before, Qt::WindowStates now) {
+                if (!now.testFlag(Qt::WindowActive) || before.testFlag(Qt::WindowActive))
+                    return;
+                MakeupButtons();
+                m_grid->SetFocus();
+            });
     restorePlace();
 
     m_grid->setObjectName(QStringLiteral("GRD"));

@@ -45,6 +45,14 @@ protected:
         return waitFor([this] { return menu() == 0; });
     }
 
+    /// Types behind the text that is there, and waits until all of it shows.
+    bool typeMore(const QString &text)
+    {
+        const bool shows = m_norvane.typeInto(note, text);
+        m_norvane.settledPictureOf(note);
+        return shows;
+    }
+
     /// Answers a file dialog.
     bool giveName(const QString &title, const QString &path)
     {
@@ -70,11 +78,11 @@ protected:
 TEST_F(NoteMenu, SavesAndCloses)
 {
     ASSERT_NO_FATAL_FAILURE(openNote(QStringLiteral("one")));
-    ASSERT_TRUE(m_norvane.typeInto(note, QStringLiteral(" two")));
+    ASSERT_TRUE(typeMore(QStringLiteral(" two")));
     ASSERT_TRUE(choose({QStringLiteral("s")}));
     EXPECT_TRUE(waitFor([&] { return noteText() == "one two"; })) << noteText();
 
-    ASSERT_TRUE(m_norvane.typeInto(note, QStringLiteral(" three")));
+    ASSERT_TRUE(typeMore(QStringLiteral(" three")));
     // From no item, the key upwards goes to the last one, which closes.
     ASSERT_TRUE(choose({QStringLiteral("Up"), QStringLiteral("Return")}));
     EXPECT_TRUE(waitFor([&] { return !x().exists(note); }));
@@ -163,7 +171,7 @@ TEST_F(NoteMenu, CapturesItsWindow)
 TEST_F(NoteMenu, ATargetMayCloseUnderAMenuOrADialog)
 {
     ASSERT_NO_FATAL_FAILURE(openNote(QStringLiteral("kept")));
-    ASSERT_TRUE(m_norvane.typeInto(note, QStringLiteral(" and this")));
+    ASSERT_TRUE(typeMore(QStringLiteral(" and this")));
     ASSERT_NE(openMenu(), 0u);
     x().closeWindow(target);
     EXPECT_TRUE(waitFor([&] { return !x().exists(target) && !x().exists(note) && menu() == 0; }));
@@ -171,7 +179,7 @@ TEST_F(NoteMenu, ATargetMayCloseUnderAMenuOrADialog)
 
     target = openEditor(kRight);
     ASSERT_TRUE(waitFor([&] { return (note = m_norvane.noteOn(target)) != 0; }));
-    ASSERT_TRUE(m_norvane.typeInto(note, QStringLiteral(" More.")));
+    ASSERT_TRUE(typeMore(QStringLiteral(" More.")));
     ASSERT_TRUE(choose({QStringLiteral("i"), QStringLiteral("e")}));
     const xcb_window_t files = m_norvane.windowTitled(QStringLiteral("Save as"));
     ASSERT_NE(files, 0u);

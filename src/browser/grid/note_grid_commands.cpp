@@ -202,6 +202,8 @@ void NoteGridCommand::deleteNotes()
     refresh();
     closeNotes(id);
     deleteNoteBody(m_services.store, id);
+    if (m_list)
+        emit m_list->Changed();
 }
 
 void NoteGridCommand::deleteSeveral()

@@ -127,7 +127,12 @@ Status SessionManager::Private::addClient(SmsConn, SmPointer self, unsigned long
                                      std::free(properties);
                                  },
                                  self};
-    callbacks->delete_properties = {[](SmsConn, SmPointer, int, char **) {}, self};
+    callbacks->delete_properties = {[](SmsConn, SmPointer, int count, char **names) {
+                                        for (int i = 0; i < count; ++i)
+                                            std::free(names[i]);
+                                        std::free(names);
+                                    },
+                                    self};
     callbacks->get_properties = {[](SmsConn who, SmPointer) { SmsReturnProperties(who, 0, nullptr); }, self};
     return 1;
 }

@@ -144,6 +144,9 @@ TEST_F(Browser, TheButtonsFollowTheSelectedRow)
     click(u"ARButton1"_s);
     click(u"ARButton6"_s);
     click(u"ARButton2"_s);
+    prompts.answers.enqueue(Prompts::kYes);
+    QTest::keyClick(browser->grid()->grid(), Qt::Key_Delete);
+    EXPECT_EQ(rowText(), u"Row: 1 of 2"_s);
     EXPECT_EQ(shell.opened, QStringList{u"http://a/"_s});
     EXPECT_EQ(views.opened.size(), 5);
     EXPECT_EQ(views.opened.mid(2), (QStringList{u"search 0"_s, u"categories"_s, u"new note"_s}));

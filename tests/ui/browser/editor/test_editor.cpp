@@ -73,6 +73,7 @@ TEST_F(Editor, opensANoteAsItIsStored)
     EXPECT_EQ(editor->RTFEdit1()->BackColor(), 0x00C0FFU);
     EXPECT_TRUE(editor->RTFEdit1()->AutoURLDetect());
     EXPECT_TRUE(editor->RTFEdit1()->ToolBar());
+    EXPECT_FALSE(part<QToolButton>(u"qt_toolbar_ext_button"_s)->icon().isNull()) << "for what has no room";
     EXPECT_FALSE(canSave() || editor->RTFEdit1()->EnableSaveButton()) << "loading is no change";
     EXPECT_EQ(editor->RTFFileName(), store.bodyFile(ID));
     EXPECT_EQ(shownWhileFilling, 1);
