@@ -27,7 +27,7 @@ const QString kPreview = QStringLiteral("ARButton10");
 constexpr char kAvailable[] = "isAvailable";
 
 constexpr Button kButtons[] = {
-    {"btnOpenURL", "open-location",
+    {"btnOpenURL", "location-open",
      QT_TRANSLATE_NOOP("frmMain", "Open target application, document or Web page"), true},
     {kLine, "", "", false},
     {"ARButton2", "document-new", QT_TRANSLATE_NOOP("frmMain", "Add a new note"), false},

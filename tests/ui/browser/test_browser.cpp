@@ -122,6 +122,8 @@ TEST_F(Browser, EachTabShowsItsNotes)
          {u"btnOpenURL"_s, u"ARButton3"_s, u"ARButton5"_s, u"ARButton7"_s, u"ARButton8"_s, u"ARButton9"_s})
         EXPECT_FALSE(button(name)->isEnabled()) << qPrintable(name);
     EXPECT_TRUE(button(u"ARButton2"_s)->isEnabled());
+    for (const QToolButton *each : browser->findChild<SideStrip *>()->findChildren<QToolButton *>())
+        EXPECT_FALSE(each->icon().isNull()) << qPrintable(each->objectName());
     EXPECT_TRUE(bar()->isEnabled());
 }
 
