@@ -26,6 +26,7 @@
 #include <QMdiSubWindow>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace norvane {
 
@@ -250,10 +251,26 @@ void frmMain::togglePreview()
         unloadPreview();
         return;
     }
+    pressPreviewButton();
+    m_grid->SetFocus();
+}
+
+void frmMain::pressPreviewButton()
+{
+    if (m_previewOpen)
+        return;
     m_previewOpen = true;
     m_strip->setPreviewOpen(true);
+    if (isVisible())
+        showPreview();
+}
+
+/// Makes the preview that is to be open.
+void frmMain::showPreview()
+{
     m_preview = new frmQuickView(m_services, this);
     connect(m_preview, &frmQuickView::unloaded, this, [this] {
+        m_preview = nullptr;
         m_previewOpen = false;
         m_strip->setPreviewOpen(false);
     });
@@ -261,20 +278,22 @@ void frmMain::togglePreview()
             [this] { m_grid->RunGridMenu(QStringLiteral("EDIT")); });
     connect(m_preview, &frmQuickView::openRequested, this,
             [this] { m_grid->RunGridMenu(QStringLiteral("OPEN")); });
-    m_isPreviewNew = settings::read(m_services.settings, settings::kPreviewWidth, {}).isEmpty();
+    if (settings::read(m_services.settings, settings::kPreviewWidth, {}).isEmpty()) {
+        // It never had a place: where it covers the fewest rows.
+        const QPoint corner = m_grid->geometry().bottomRight() - QPoint(kPreviewMargin, kPreviewMargin);
+        m_preview->move(corner.x() - m_preview->width(), corner.y() - m_preview->height());
+    }
     m_preview->show();
     keepPreviewInside();
-    m_isPreviewNew = m_isPreviewNew && !isVisible(); // the browser has no size of its own before it is shown
     RefreshPreviewWindow(m_grid->Row());
-    m_grid->SetFocus();
 }
 
 void frmMain::unloadPreview()
 {
     m_previewOpen = false;
     m_strip->setPreviewOpen(false);
-    if (m_preview)
-        m_preview->unload();
+    if (frmQuickView *preview = std::exchange(m_preview, nullptr))
+        preview->unload();
 }
 
 void frmMain::RefreshPreviewWindow(int Row)
@@ -303,33 +322,21 @@ void frmMain::RefreshPreviewWindow(int Row)
 
 void frmMain::keepPreviewInside()
 {
-    if (!m_preview || m_window->isMinimized())
-        return;
-    if (m_isPreviewNew) {
-        // Where it covers the fewest rows, until the user gives it a place.
-        const QPoint corner = m_grid->geometry().bottomRight() - QPoint(kPreviewMargin, kPreviewMargin);
-        m_preview->move(corner.x() - m_preview->width(), corner.y() - m_preview->height());
-    }
-    m_preview->keepInside(width(), findChild<QStatusBar *>()->y());
+    if (m_preview && !m_window->isMinimized())
+        m_preview->keepInside(width(), findChild<QStatusBar *>()->y());
 }
 
 void frmMain::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    keepPreviewInside();
-    m_isPreviewNew = false;
+    if (m_previewOpen && !m_preview)
+        showPreview(); // not before it can be seen: the start is to be quick
 }
 
 void frmMain::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     keepPreviewInside();
-}
-
-void frmMain::pressPreviewButton()
-{
-    if (!m_previewOpen)
-        togglePreview();
 }
 
 // ---- Categories ----

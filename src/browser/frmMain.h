@@ -68,7 +68,7 @@ public:
     void unloadPreview();
     /// Shows or hides the preview: a click on `ARButton10`.
     void togglePreview();
-    /// Shows the preview, if it is not open.
+    /// Shows the preview, if it is not open: now, or as soon as the browser is seen.
     void pressPreviewButton();
 
     /// Text of the hot key that attaches a note, for the hint over an empty list.
@@ -83,6 +83,7 @@ protected:
 
 private:
     void layOut();
+    void showPreview();
     void keepPreviewInside();
     void connectParts();
     void tabClick();
@@ -108,7 +109,6 @@ private:
     CategoryMenu m_categoryMenu;
     QPointer<frmQuickView> m_preview;
     bool m_previewOpen = false;
-    bool m_isPreviewNew = false; ///< it has never had a place
     int m_toldError = 0;
 };
 

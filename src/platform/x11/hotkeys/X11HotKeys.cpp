@@ -198,7 +198,7 @@ void X11HotKeys::readEvents()
         if (event.isPress)
             onKeyPress(event);
         else if (event.keyCode == m_heldKey)
-            m_releaseTime = event.time;
+            m_release = event;
         // The receiver may have done anything, even deleted this object.
         if (!self)
             return;
@@ -224,8 +224,9 @@ void X11HotKeys::queueEvents()
 void X11HotKeys::onKeyPress(const KeyEvent &event)
 {
     // A key that is held repeats as a release and a press of the same moment; the press may come later.
-    const bool isRepeat = event.keyCode == m_heldKey && (!m_releaseTime || m_releaseTime == event.time);
-    m_releaseTime.reset();
+    const bool isRepeat = event.keyCode == m_heldKey &&
+                          (!m_release || (m_release->time == event.time && m_release->state == event.state));
+    m_release.reset();
     if (isRepeat || !m_keyboard)
         return;
     m_heldKey = 0;

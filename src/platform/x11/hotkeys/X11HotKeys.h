@@ -84,8 +84,8 @@ private:
     QMap<Owner, HotKey> m_hotKeys;
     QQueue<KeyEvent> m_events; ///< read and not yet answered
     quint8 m_heldKey = 0;      ///< of the hot key that was pressed last; 0: none
-    std::optional<quint32>
-        m_releaseTime; ///< of the release that was told of it last, as long as nothing follows
+    /// Of that key, the last that was told: it is up, unless a press of the same moment follows.
+    std::optional<KeyEvent> m_release;
     bool m_keyboardChanged = false;
 };
 
