@@ -150,7 +150,7 @@ TEST_F(NoteBrowser, EditsANoteBesideItsPreviewAndOpensItsPage)
             [&] { return column(QStringLiteral("NoteText")).find("Which at Ada's?") != std::string::npos; },
             3000);
     }));
-    EXPECT_TRUE(m_norvane.body(1).contains("Which at Ada"));
+    EXPECT_TRUE(waitFor([&] { return m_norvane.body(1).contains("Which at Ada"); }));
     x().press(QStringLiteral("ctrl+w"));
     // Behind the editor the preview shows what was written.
     EXPECT_TRUE(waitFor([&] {

@@ -172,17 +172,14 @@ void frmEditor::setDirty(bool dirty)
 
 void frmEditor::save()
 {
-    const quint64 saved = m_changes;
-    const QPointer<frmEditor> self(this);
     const BrowserServices &services = m_services;
     try {
         SaveNoteText(services.store, m_id, m_text->Text(), services.clock.now());
         m_text->SaveFile(m_bodyFile, RichTextBox::kRichText);
+        setDirty(false);
         // Events may run in these, and the editor go or be typed into.
         services.browser.Refresh_Grid();
         services.browser.refreshPreview();
-        if (self && m_changes == saved)
-            setDirty(false);
     } catch (const RuntimeError &error) {
         showRuntimeError(services.edit.prompts, error);
     }

@@ -75,6 +75,7 @@ mdiMain::mdiMain(FormList &forms, SettingsStore &settings, const Clock &clock, T
     makeToolBar();
     makeMenus();
     makeStatusBar();
+    makeCloseKeys();
     m_forms.add(this);
 }
 
@@ -236,7 +237,22 @@ QAction *mdiMain::command(const QString &key) const
 
 QMdiSubWindow *mdiMain::addChild(QWidget *child)
 {
-    return m_area->addSubWindow(child);
+    QMdiSubWindow *window = m_area->addSubWindow(child);
+    // Each has the keys that close it; with a second window they would be ambiguous.
+    if (const QMenu *menu = window->systemMenu()) {
+        const QList<QAction *> entries = menu->actions();
+        for (QAction *entry : entries)
+            entry->setShortcuts(QList<QKeySequence>());
+    }
+    return window;
+}
+
+void mdiMain::makeCloseKeys()
+{
+    auto *close = new QAction(this);
+    close->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::CTRL | Qt::Key_F4)});
+    connect(close, &QAction::triggered, m_area, &QMdiArea::closeActiveSubWindow);
+    addAction(close);
 }
 
 void mdiMain::Form_Resize()

@@ -75,6 +75,8 @@ private:
     void makeToolBar();
     void makeMenus();
     void makeStatusBar();
+    /// The keys that close the active child window.
+    void makeCloseKeys();
     void styleChildArea();
     void showDate();
     void Form_Resize();

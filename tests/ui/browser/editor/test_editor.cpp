@@ -162,6 +162,8 @@ TEST_F(Editor, asksBeforeChangesAreDroppedHoweverItIsClosed)
     for (const bool inFrame : {false, true}) {
         isFrameVisible = inFrame;
         frame->setVisible(inFrame);
+        if (inFrame)
+            frame->addChild(new QWidget)->show(); // with another window the keys are still the editor's
         open(ID);
         EXPECT_EQ(editor->formName(), inFrame ? u"frmEditor"_s : u"frmEditor2"_s);
         QWidget *window = inFrame ? editor->parentWidget() : editor.data();
@@ -193,7 +195,7 @@ TEST_F(Editor, asksBeforeChangesAreDroppedHoweverItIsClosed)
         EXPECT_FALSE(isOpen());
         EXPECT_TRUE(prompts.boxes.isEmpty()) << "a clean editor asks nothing";
     }
-    EXPECT_TRUE(frame->findChildren<QMdiSubWindow *>().isEmpty());
+    EXPECT_EQ(frame->findChildren<QMdiSubWindow *>().size(), 1);
     EXPECT_FALSE(files.exists(store.bodyFile(ID)));
     EXPECT_TRUE(rescued().isEmpty());
 }
