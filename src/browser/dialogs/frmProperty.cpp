@@ -5,6 +5,7 @@
 #include "browser/dialogs/LocationBox.h"
 #include "browser/dialogs/ScreenModel.h"
 #include "browser/dialogs/byte_size.h"
+#include "browser/grid/note_row_texts.h"
 #include "controls/svg_icon.h"
 #include "platform/FileSystem.h"
 #include "platform/Prompts.h"
@@ -39,24 +40,6 @@ constexpr int kPictureSide = 32;
 QString defaultSound()
 {
     return QStringLiteral("(Default)");
-}
-
-QString webPage()
-{
-    return QStringLiteral(".HTM");
-}
-
-bool isWebAddress(const QString &location)
-{
-    return location.contains(QStringLiteral("http://"), Qt::CaseInsensitive) ||
-           location.contains(QStringLiteral("https://"), Qt::CaseInsensitive);
-}
-
-QString dateText(const QDateTime &date)
-{
-    const QLocale locale;
-    return locale.toString(date.date(), QLocale::ShortFormat) + QStringLiteral("  ") +
-           locale.toString(date.time(), QLocale::ShortFormat);
 }
 
 /// A title as a window can bear it: one line, and nothing in it that stands for something else.
@@ -208,8 +191,9 @@ void frmProperty::showProperties(const NoteProperties &properties)
 
 void frmProperty::showFacts(const StoredProperties &stored)
 {
+    NoteDateTexts dateText{QLocale()};
     m_dateCreated->setText(stored.DateCreated.isValid() ? dateText(stored.DateCreated) : tr("N/A"));
-    m_lastUpdate->setText(stored.LastUpdate.isValid() ? dateText(stored.LastUpdate) : QString());
+    m_lastUpdate->setText(dateText(stored.LastUpdate));
     m_fileSize->setText(fileSize());
 }
 
@@ -256,7 +240,7 @@ void frmProperty::Refresh_FileType()
     }
     setWindowTitle(windowTitleOf(tr("Properties - ") + m_name->text()));
     const QString location = m_location->text();
-    m_shownType = isWebAddress(location) ? webPage() : location;
+    m_shownType = shellPathOf(location);
     m_type->setText(location.isEmpty() ? QStringLiteral("Norvane")
                                        : ClassifyLocation(m_services.shell, m_shownType));
     showTypePicture();

@@ -120,18 +120,6 @@ TEST_F(NoteGridCommands, aChosenEntryRunsAndTheMenuKeyOpensTheSameMenu)
     EXPECT_EQ(views.opened.last(), u"properties %1"_qs.arg(ids[2]));
 }
 
-TEST_F(NoteGridCommands, leadsToTheOtherWindows)
-{
-    select(u"b"_qs);
-    for (const char *command : {"EMAIL", "favorites", "search", "properties", "new"})
-        list->RunGridMenu(QString::fromLatin1(command));
-    EXPECT_EQ(views.opened, QStringList({u"mail %1"_qs.arg(ids[1]), u"favorite b|http://b/"_qs,
-                                         u"search 0"_qs, u"properties %1"_qs.arg(ids[1]), u"new note"_qs}));
-    grid().selectAll();
-    key(Qt::Key_P, Qt::AltModifier);
-    EXPECT_EQ(views.opened.last(), u"properties of rows"_qs);
-}
-
 TEST_F(NoteGridCommands, keysAndDoubleClickOpenLocations)
 {
     for (const auto modifiers : {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ShiftModifier),
