@@ -6,6 +6,7 @@
 #include "browser/editor/frmOpen.h"
 #include "browser/editor/note_editors.h"
 #include "browser/grid/NoteGrid.h"
+#include "search/frmSearch.h"
 #include "shell/forms/ShellForms.h"
 
 #include <QApplication>
@@ -28,7 +29,7 @@ QWidget *activeWindow()
 
 bool NoteWindows::has(View view) const
 {
-    return view == View::Properties || view == View::OpenNote;
+    return view == View::Properties || view == View::OpenNote || view == View::Search;
 }
 
 void NoteWindows::showNewNote()
@@ -55,6 +56,11 @@ void NoteWindows::ShowPropertyPage(NoteGrid &rows)
             IDs.append(rows.GetCelText(row, kIDColumn).toInt());
     }
     frmProperty::ShowPropertyPage(m_services, IDs, activeWindow());
+}
+
+void NoteWindows::showSearch(std::optional<int> category)
+{
+    ShowSearch(m_services, category);
 }
 
 void NoteWindows::showOpenNote(NV_RTFEdit &RTFObj, const QString &caption)
