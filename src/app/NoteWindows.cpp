@@ -7,6 +7,7 @@
 #include "browser/editor/note_editors.h"
 #include "browser/grid/NoteGrid.h"
 #include "browser/grid/note_columns.h"
+#include "search/frmSearch.h"
 #include "shell/forms/ShellForms.h"
 
 #include <QApplication>
@@ -25,7 +26,7 @@ QWidget *activeWindow()
 
 bool NoteWindows::has(View view) const
 {
-    return view == View::Properties || view == View::OpenNote;
+    return view == View::Properties || view == View::OpenNote || view == View::Search;
 }
 
 void NoteWindows::showNewNote()
@@ -50,6 +51,11 @@ void NoteWindows::ShowPropertyPage(NoteGrid &rows)
     for (const QString &ID : rows.selectedCells(kColumnID))
         IDs.append(ID.toInt());
     frmProperty::ShowPropertyPage(m_services, IDs, activeWindow());
+}
+
+void NoteWindows::showSearch(std::optional<int> category)
+{
+    ShowSearch(m_services, category);
 }
 
 void NoteWindows::showOpenNote(NV_RTFEdit &RTFObj, const QString &caption)

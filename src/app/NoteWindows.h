@@ -18,13 +18,13 @@ public:
     {
     }
 
-    /// Search, categories, mail, the organizer and favorites are still to come.
+    /// Categories, mail, the organizer and favorites are still to come.
     bool has(View view) const override;
     void showNewNote() override;
     void showEditor(int ID, const QString &title, const QString &location) override;
     void ShowPropertyPage(int ID) override;
     void ShowPropertyPage(NoteGrid &rows) override;
-    void showSearch(int) override {}
+    void showSearch(std::optional<int> category) override;
     void showCategories() override {}
     void SendNorvane(int) override {}
     void AddToFavorites(const QString &, const QString &) override {}

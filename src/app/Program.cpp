@@ -23,7 +23,8 @@ namespace norvane {
 namespace {
 
 /// Commands of the tray that can be used now; the others wait for their windows.
-const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_exit")};
+const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_Search"),
+                                  QStringLiteral("mnu_exit")};
 
 constexpr int kLongNoticeMs = 10000;
 
@@ -204,6 +205,10 @@ void Program::connectWindows()
                 end();
         },
         Qt::QueuedConnection);
+    connect(&m_windows, &ShellForms::commandTriggered, this, [this](const QString &name) {
+        if (name == u"SEARCH" || name == u"mnu_Search")
+            m_noteWindows.showSearch({});
+    });
     connect(&m_windows, &ShellForms::openPageRequested, this, &Program::openPage);
     connect(&m_backends.hotKeys, &HotKeys::pressed, this,
             [this, owner = m_windows.browser()->hWnd()](WindowHandle window, int id) {
@@ -234,9 +239,11 @@ void Program::hotKeyPressed(int id)
     case HotKeyAction::DeleteFrontNote:
         m_watching->noteKeys.deleteFrontNote();
         break;
-    case HotKeyAction::ToggleWindowList:
     case HotKeyAction::ShowSearch:
-        // Registered, so that no other program takes them; their windows are still to come.
+        m_noteWindows.showSearch({});
+        break;
+    case HotKeyAction::ToggleWindowList:
+        // Registered, so that no other program takes it; its window is still to come.
         break;
     }
 }
