@@ -1,6 +1,5 @@
 #include "search/frmSearch.h"
 
-#include "browser/editor/runtime_error_box.h"
 #include "browser/grid/NoteGrid.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -160,8 +159,7 @@ void frmSearch::Command1_Click()
         showResult(findNotes(openDatabase(m_services.store), criteria));
     } catch (const RuntimeError &) {
         // The animation goes on, until a search succeeds.
-        m_services.edit.prompts.messageBox(tr("Please check your criteria and try again."),
-                                           Prompts::kExclamation, kApplicationTitle.toString());
+        tell(m_services.edit.prompts, tr("Please check your criteria and try again."));
         return;
     }
     const int count = m_notes->GridRS()->recordCount();
