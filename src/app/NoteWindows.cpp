@@ -1,5 +1,6 @@
 #include "app/NoteWindows.h"
 
+#include "app/ProgramOptions.h"
 #include "browser/BrowserServices.h"
 #include "browser/dialogs/frmNewNote.h"
 #include "browser/dialogs/frmProperty.h"
@@ -28,7 +29,7 @@ QWidget *activeWindow()
 
 bool NoteWindows::has(View view) const
 {
-    return view == View::Properties || view == View::OpenNote;
+    return view == View::Categories || view == View::Properties || view == View::OpenNote;
 }
 
 void NoteWindows::showNewNote()
@@ -55,6 +56,16 @@ void NoteWindows::ShowPropertyPage(NoteGrid &rows)
             IDs.append(rows.GetCelText(row, kIDColumn).toInt());
     }
     frmProperty::ShowPropertyPage(m_services, IDs, activeWindow());
+}
+
+void NoteWindows::showCategories()
+{
+    m_options.show(frmSetting::kCategories);
+}
+
+QStringList NoteWindows::chooseCategories()
+{
+    return m_options.chooseCategories();
 }
 
 void NoteWindows::showOpenNote(NV_RTFEdit &RTFObj, const QString &caption)

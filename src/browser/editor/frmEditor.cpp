@@ -2,7 +2,6 @@
 
 #include "browser/editor/TitleStrip.h"
 #include "browser/editor/editor_icons.h"
-#include "browser/editor/runtime_error_box.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Prompts.h"

@@ -65,6 +65,7 @@ WindowHandle ShellForms::loadFrame()
     form->setDatabaseFolder(m_services.store.DatabaseFolder);
     connect(form, &mdiMain::shutDownRequested, this, &ShellForms::shutDownRequested);
     connect(form, &mdiMain::commandTriggered, this, &ShellForms::toolBarCommand);
+    form->setCommandEnabled(QStringLiteral("SETTINGS"), true);
     connect(form, &mdiMain::activated, this, [this] {
         if (frmMain *child = browser())
             child->showRow();
