@@ -1,6 +1,5 @@
 #include "search/frmSearch.h"
 
-#include "browser/editor/runtime_error_box.h"
 #include "browser/grid/NoteGrid.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
