@@ -1,21 +1,14 @@
 // What the browser's list of notes costs with a database of 10,000 and 100,000 notes.
 
-#include "browser/BrowserServices.h"
 #include "browser/grid/NoteGrid.h"
 #include "browser/grid/note_columns.h"
 #include "controls/gridview/vbalGrid.h"
-#include "fakes/FakeNoteGridView.h"
-#include "fakes/FakeNoteViews.h"
-#include "fakes/FakePrinting.h"
-#include "fakes/FakePrompts.h"
-#include "fakes/MemorySettings.h"
+#include "memory_in_use.h"
 #include "platform/linux/LinuxShell.h"
-#include "richtext/EditServices.h"
-#include "richtext/commands/EditState.h"
+#include "ui/WindowParts.h"
 #include "unit/watcher/Desk.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <benchmark/benchmark.h>
@@ -26,21 +19,18 @@ namespace {
 
 constexpr int kCategories = 10;
 
-/// In kilobytes, of this program.
-double memoryInUse()
+/// With the types and icons of a real desktop.
+struct DeskWithTypes : tests::Desk
 {
-    QFile status(QStringLiteral("/proc/self/statm"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    return status.readAll().split(' ').value(1).toDouble() * 4;
-}
+    LinuxShell linuxShell;
+};
 
 /// The list on the screen over a database of notes in ten categories: web pages, documents of a dozen kinds,
 /// folders and plain notes.
-class Notes : public tests::Desk
+class Notes : public DeskWithTypes, public tests::WindowParts
 {
 public:
-    explicit Notes(int count)
+    explicit Notes(int count) : WindowParts(files, linuxShell, clock)
     {
         const auto categories = store.database()->openRecordset(QStringLiteral("select * from Category"));
         for (int i = 0; i < kCategories; ++i) {
@@ -60,17 +50,7 @@ public:
     }
 
     QVector<int> categoryIds;
-    LinuxShell linuxShell;
-    fakes::FakePrompts prompts;
-    fakes::FakePrinting printing;
-    fakes::MemorySettings stored;
-    fakes::FakeNoteGridView browser;
-    fakes::FakeNoteViews views;
-    EditState editState;
-    EditServices edit{files, linuxShell, prompts, printing, clock, editState};
-    BrowserServices services{store,        forms, stored,   linuxShell, clock,   sound, events,
-                             windows,      timer, settings, edit,       browser, views, [] { return true; },
-                             Twips(96, 96)};
+    BrowserServices services = browserServices<tests::Desk>(*this, Desk::settings);
     NoteGrid list{services};
 
 private:
