@@ -1,11 +1,14 @@
 #include "app/NoteWindows.h"
 
+#include "app/ProgramOptions.h"
 #include "browser/BrowserServices.h"
 #include "browser/dialogs/frmNewNote.h"
 #include "browser/dialogs/frmProperty.h"
 #include "browser/editor/frmOpen.h"
 #include "browser/editor/note_editors.h"
 #include "browser/grid/NoteGrid.h"
+#include "browser/grid/note_columns.h"
+#include "search/frmSearch.h"
 #include "shell/forms/ShellForms.h"
 
 #include <QApplication>
@@ -13,10 +16,6 @@
 namespace norvane {
 
 namespace {
-
-// Columns of the list.
-constexpr int kTitleColumn = 2;
-constexpr int kIDColumn = 7;
 
 /// The window that a dialog belongs to: that in which it was asked for.
 QWidget *activeWindow()
@@ -28,7 +27,8 @@ QWidget *activeWindow()
 
 bool NoteWindows::has(View view) const
 {
-    return view == View::Properties || view == View::OpenNote;
+    return view == View::Categories || view == View::Properties || view == View::OpenNote ||
+           view == View::Search;
 }
 
 void NoteWindows::showNewNote()
@@ -50,11 +50,24 @@ void NoteWindows::ShowPropertyPage(int ID)
 void NoteWindows::ShowPropertyPage(NoteGrid &rows)
 {
     QVector<int> IDs;
-    for (int row = 1; row <= rows.Rows(); ++row) {
-        if (rows.CellSelected(row, kTitleColumn))
-            IDs.append(rows.GetCelText(row, kIDColumn).toInt());
-    }
+    for (const QString &ID : rows.selectedCells(kColumnID))
+        IDs.append(ID.toInt());
     frmProperty::ShowPropertyPage(m_services, IDs, activeWindow());
+}
+
+void NoteWindows::showSearch(std::optional<int> category)
+{
+    ShowSearch(m_services, category);
+}
+
+void NoteWindows::showCategories()
+{
+    m_options.show(frmSetting::kCategories);
+}
+
+QStringList NoteWindows::chooseCategories()
+{
+    return m_options.chooseCategories();
 }
 
 void NoteWindows::showOpenNote(NV_RTFEdit &RTFObj, const QString &caption)

@@ -11,6 +11,7 @@
 #include "shell/tray_menu.h"
 #include "shell/windows/TrayIcon.h"
 #include "shell/windows/mdiMain.h"
+#include "store/note_row.h"
 #include "watcher/open_location.h"
 
 #include <QGuiApplication>
@@ -22,7 +23,9 @@ namespace norvane {
 namespace {
 
 /// Commands of the tray that can be used now; the others wait for their windows.
-const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_exit")};
+const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_Search"),
+                                  QStringLiteral("mnu_Settings"),
+                                  QStringLiteral("mnu_exit")};
 
 constexpr int kLongNoticeMs = 10000;
 
@@ -91,7 +94,7 @@ Program::Program()
                                              .printing = m_backends.printing,
                                              .clock = m_backends.clock,
                                              .state = m_state.edit}),
-      m_views(m_windows), m_noteWindows(m_browser, m_rescue, m_windows),
+      m_views(m_windows), m_noteWindows(m_browser, m_rescue, m_windows, m_options),
       m_browser({.store = m_state.store,
                  .forms = m_state.forms,
                  .settings = m_backends.settings,
@@ -111,6 +114,8 @@ Program::Program()
                  .trayHost = m_backends.trayHost,
                  .hotKeys = m_hotKeys,
                  .version = QVersionNumber::fromString(QCoreApplication::applicationVersion())}),
+      m_options(m_state, m_browser, m_hotKeys, m_windows,
+                [this] { QMetaObject::invokeMethod(this, &Program::end, Qt::QueuedConnection); }),
       m_rescue(m_state.store, m_backends.files, m_backends.clock, m_backends.notifier,
                [this](const QString &text) { m_windows.showNotice(text, kLongNoticeMs); }),
       m_menuImages(sharedMenuImages()), m_shutDown({.store = m_state.store,
@@ -203,6 +208,15 @@ void Program::connectWindows()
                 end();
         },
         Qt::QueuedConnection);
+    connect(
+        &m_windows, &ShellForms::commandTriggered, this,
+        [this](const QString &name) {
+            if (name == u"SEARCH" || name == u"mnu_Search")
+                m_noteWindows.showSearch({});
+            else if (name == u"SETTINGS" || name == u"mnu_Settings")
+                m_options.show(frmSetting::kAbout);
+        },
+        Qt::QueuedConnection); // the menu or button that it comes from is done with it first
     connect(&m_windows, &ShellForms::openPageRequested, this, &Program::openPage);
     connect(&m_backends.hotKeys, &HotKeys::pressed, this,
             [this, owner = m_windows.browser()->hWnd()](WindowHandle window, int id) {
@@ -233,9 +247,11 @@ void Program::hotKeyPressed(int id)
     case HotKeyAction::DeleteFrontNote:
         m_watching->noteKeys.deleteFrontNote();
         break;
-    case HotKeyAction::ToggleWindowList:
     case HotKeyAction::ShowSearch:
-        // Registered, so that no other program takes them; their windows are still to come.
+        m_noteWindows.showSearch({});
+        break;
+    case HotKeyAction::ToggleWindowList:
+        // Registered, so that no other program takes it; its window is still to come.
         break;
     }
 }
@@ -266,13 +282,12 @@ QVector<TrayMenuItem> Program::trayItems() const
 void Program::openPage(int id)
 {
     try {
-        const auto note = m_state.store.database()->openRecordset(
-            QStringLiteral("select URL from Memos where ID=%1").arg(id), dao::RecordsetType::ForwardOnly);
+        const auto note =
+            openNoteRow(m_state.store, id, QStringLiteral("URL"), dao::RecordsetType::ForwardOnly);
         if (!note->eof())
             OpenLocation(m_backends.shell, note->field(QStringLiteral("URL")).toString());
     } catch (const RuntimeError &error) {
-        m_backends.prompts.messageBox(error.description(), Prompts::kExclamation,
-                                      kApplicationTitle.toString());
+        tell(m_backends.prompts, error.description());
     }
 }
 

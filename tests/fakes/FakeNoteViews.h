@@ -12,6 +12,7 @@ class FakeNoteViews : public NoteViews
 {
 public:
     QStringList opened;
+    QStringList chosenCategories; ///< in the dialog with the proposed ones
     bool isComplete = true;              ///< whether has() is true
     std::function<void()> duringNewNote; ///< while the dialog stands open
 
@@ -28,8 +29,13 @@ public:
     }
     void ShowPropertyPage(int ID) override { opened.append(QStringLiteral("properties %1").arg(ID)); }
     void ShowPropertyPage(NoteGrid &) override { opened.append(QStringLiteral("properties of rows")); }
-    void showSearch(int category) override { opened.append(QStringLiteral("search %1").arg(category)); }
+    void showSearch(std::optional<int> category) override
+    {
+        opened.append(QStringLiteral("search ") +
+                      (category ? QString::number(*category) : QStringLiteral("as chosen")));
+    }
     void showCategories() override { opened.append(QStringLiteral("categories")); }
+    QStringList chooseCategories() override { return chosenCategories; }
     void SendNorvane(int ID) override { opened.append(QStringLiteral("mail %1").arg(ID)); }
     void AddToFavorites(const QString &title, const QString &location) override
     {
