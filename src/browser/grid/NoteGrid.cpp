@@ -18,6 +18,7 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
