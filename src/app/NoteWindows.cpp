@@ -6,6 +6,7 @@
 #include "browser/editor/frmOpen.h"
 #include "browser/editor/note_editors.h"
 #include "browser/grid/NoteGrid.h"
+#include "browser/grid/note_columns.h"
 #include "search/frmSearch.h"
 #include "shell/forms/ShellForms.h"
 
@@ -14,10 +15,6 @@
 namespace norvane {
 
 namespace {
-
-// Columns of the list.
-constexpr int kTitleColumn = 2;
-constexpr int kIDColumn = 7;
 
 /// The window that a dialog belongs to: that in which it was asked for.
 QWidget *activeWindow()
@@ -51,10 +48,8 @@ void NoteWindows::ShowPropertyPage(int ID)
 void NoteWindows::ShowPropertyPage(NoteGrid &rows)
 {
     QVector<int> IDs;
-    for (int row = 1; row <= rows.Rows(); ++row) {
-        if (rows.CellSelected(row, kTitleColumn))
-            IDs.append(rows.GetCelText(row, kIDColumn).toInt());
-    }
+    for (const QString &ID : rows.selectedCells(kColumnID))
+        IDs.append(ID.toInt());
     frmProperty::ShowPropertyPage(m_services, IDs, activeWindow());
 }
 

@@ -11,6 +11,7 @@
 #include "shell/tray_menu.h"
 #include "shell/windows/TrayIcon.h"
 #include "shell/windows/mdiMain.h"
+#include "store/note_row.h"
 #include "watcher/open_location.h"
 
 #include <QGuiApplication>
@@ -273,13 +274,12 @@ QVector<TrayMenuItem> Program::trayItems() const
 void Program::openPage(int id)
 {
     try {
-        const auto note = m_state.store.database()->openRecordset(
-            QStringLiteral("select URL from Memos where ID=%1").arg(id), dao::RecordsetType::ForwardOnly);
+        const auto note =
+            openNoteRow(m_state.store, id, QStringLiteral("URL"), dao::RecordsetType::ForwardOnly);
         if (!note->eof())
             OpenLocation(m_backends.shell, note->field(QStringLiteral("URL")).toString());
     } catch (const RuntimeError &error) {
-        m_backends.prompts.messageBox(error.description(), Prompts::kExclamation,
-                                      kApplicationTitle.toString());
+        tell(m_backends.prompts, error.description());
     }
 }
 

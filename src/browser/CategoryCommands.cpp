@@ -36,8 +36,7 @@ bool CategoryCommands::addNew()
     // A quote in the name ends the condition: no category can be asked for by such a name.
     categories.findFirst(QStringLiteral("Name=\"") + name + u'"');
     if (!categories.noMatch()) {
-        m_prompts.messageBox(text("Category already exist. Please use a different name and try again."),
-                             Prompts::kExclamation, kApplicationTitle.toString());
+        tell(m_prompts, text("Category already exist. Please use a different name and try again."));
         return false;
     }
     categories.addNew();
@@ -59,8 +58,7 @@ bool CategoryCommands::remove(int ID)
         QStringLiteral("Select Count(ID) as MCount from Memos where cat_id=") + QString::number(ID));
     const int count = notes->field(QStringLiteral("mcount")).toInt();
     if (count > 0) {
-        m_prompts.messageBox(text("This category can not be removed. It is in use by %1 Note(s).").arg(count),
-                             Prompts::kExclamation, kApplicationTitle.toString());
+        tell(m_prompts, text("This category can not be removed. It is in use by %1 Note(s).").arg(count));
         return false;
     }
     categories.findFirst(QStringLiteral("ID=") + QString::number(ID));

@@ -4,6 +4,7 @@
 #include "browser/SideStrip.h"
 #include "browser/editor/frmQuickView.h"
 #include "browser/grid/NoteGrid.h"
+#include "browser/grid/note_columns.h"
 #include "controls/BusyPointer.h"
 #include "platform/EventLoop.h"
 #include "platform/Prompts.h"
@@ -17,6 +18,7 @@
 #include "shell/windows/form_icon.h"
 #include "shell/windows/mdiMain.h"
 #include "store/NoteStore.h"
+#include "store/note_row.h"
 #include "watcher/NoteViews.h"
 #include "watcher/open_location.h"
 
@@ -34,11 +36,6 @@ namespace norvane {
 namespace {
 
 using View = NoteViews::View;
-
-/// Column numbers of the list.
-constexpr int kTitle = 2;
-constexpr int kLocation = 5;
-constexpr int kID = 7;
 
 /// Between a new preview and the corner of the list, pixels: room for its scroll bars.
 constexpr int kPreviewMargin = 28;
@@ -209,8 +206,7 @@ void frmMain::Refresh_Grid()
         if (m_toldError == error.number())
             return;
         m_toldError = error.number();
-        m_services.edit.prompts.messageBox(error.description(), Prompts::kExclamation,
-                                           kApplicationTitle.toString());
+        tell(m_services.edit.prompts, error.description());
     }
 }
 
@@ -233,7 +229,7 @@ void frmMain::rowChanged(int row)
 {
     showRow();
     MakeupButtons();
-    if (m_grid->GetCelText(m_grid->Row(), kLocation).isEmpty())
+    if (m_grid->GetCelText(m_grid->Row(), kColumnLocation).isEmpty())
         m_strip->setButtonEnabled(QStringLiteral("btnOpenURL"), false);
     if (m_previewOpen)
         RefreshPreviewWindow(row);
@@ -306,15 +302,14 @@ void frmMain::RefreshPreviewWindow(int Row)
         return;
     }
     const BusyPointer busy;
-    const int id = numericPrefixInt(m_grid->GetCelText(Row, kID));
+    const int id = numericPrefixInt(m_grid->GetCelText(Row, kColumnID));
     try {
-        const auto note = m_services.store.database()->openRecordset(
-            QStringLiteral("Select * from Memos where id=") + QString::number(id),
-            dao::RecordsetType::ForwardOnly);
+        const auto note =
+            openNoteRow(m_services.store, id, QStringLiteral("BackColor"), dao::RecordsetType::ForwardOnly);
         if (note->eof())
             m_preview->showNothing();
         else
-            m_preview->showNote(m_grid->GetCelText(Row, kTitle), id, m_services.store.bodyFile(id),
+            m_preview->showNote(m_grid->GetCelText(Row, kColumnTitle), id, m_services.store.bodyFile(id),
                                 note->field(QStringLiteral("BackColor")).toUInt());
     } catch (const RuntimeError &) {
         m_preview->showNothing();
@@ -426,7 +421,7 @@ void frmMain::sideButton(const QString &name)
             m_grid->RunGridMenu(key);
     }
     if (name == u"btnOpenURL") {
-        const bool hasLocation = !m_grid->GetCelText(m_grid->Row(), kLocation).trimmed().isEmpty();
+        const bool hasLocation = !m_grid->GetCelText(m_grid->Row(), kColumnLocation).trimmed().isEmpty();
         m_grid->RunGridMenu(hasLocation ? QStringLiteral("OPEN") : QStringLiteral("EDIT"));
     } else if (name == u"ARButton1") {
         const BusyPointer busy;

@@ -30,11 +30,6 @@ namespace {
 constexpr int kRightButton = 2;
 constexpr double kNewDocumentSize = 10; // points
 
-QString titleOfMessages()
-{
-    return kApplicationTitle.toString();
-}
-
 } // namespace
 
 void NV_RTFEdit::askLater(void (NV_RTFEdit::*command)())
@@ -88,9 +83,7 @@ void NV_RTFEdit::newDocument()
     const QPointer<NV_RTFEdit> self(this);
     const QString question =
         tr("You are going to replace the current document with a new one. Are you sure?");
-    const auto answer = m_services.prompts.messageBox(
-        question, Prompts::kYesNo | Prompts::kQuestion | Prompts::kForeground, titleOfMessages());
-    if (answer != Prompts::kYes || !self || Locked())
+    if (!ask(m_services.prompts, question, Prompts::kQuestion | Prompts::kForeground) || !self || Locked())
         return;
     setText({});
     resetLook(kNewDocumentSize);
@@ -128,7 +121,7 @@ void NV_RTFEdit::openDocument()
         message = error.description();
     }
     if (!message.isEmpty())
-        m_services.prompts.messageBox(message, Prompts::kExclamation, titleOfMessages());
+        tell(m_services.prompts, message);
 }
 
 void NV_RTFEdit::chooseColor()

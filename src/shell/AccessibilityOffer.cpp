@@ -2,6 +2,7 @@
 
 #include "platform/Prompts.h"
 #include "platform/ShellWindows.h"
+#include "shell/internal_error.h"
 #include "shell/settings_keys.h"
 
 namespace norvane {
@@ -39,9 +40,7 @@ void AccessibilityOffer::offer()
                                  tr("Do you want to turn accessibility support on? A browser that is already "
                                     "running may have to be "
                                     "started again.");
-        const bool accepted = m_prompts.messageBox(question, Prompts::kYesNo | Prompts::kQuestion,
-                                                   QStringLiteral("Norvane")) == Prompts::kYes;
-        answer = accepted ? kAccepted : kDeclined;
+        answer = ask(m_prompts, question, Prompts::kQuestion) ? kAccepted : kDeclined;
         settings::save(m_settings, settings::kAccessibilityOffer, answer);
     }
     if (answer == kAccepted)

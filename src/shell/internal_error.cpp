@@ -23,4 +23,22 @@ void showInternalError(Prompts &prompts, const QString &what, const RuntimeError
                        QStringLiteral("Norvane Internal Error"));
 }
 
+void showRuntimeError(Prompts &prompts, const RuntimeError &error)
+{
+    prompts.messageBox(
+        QStringLiteral("Run-time error '%1':\r\n\r\n%2").arg(error.number()).arg(error.description()),
+        Prompts::kCritical, kApplicationTitle.toString());
+}
+
+void tell(Prompts &prompts, const QString &text)
+{
+    prompts.messageBox(text, Prompts::kExclamation, kApplicationTitle.toString());
+}
+
+bool ask(Prompts &prompts, const QString &question, int style)
+{
+    return prompts.messageBox(question, Prompts::kYesNo | style, kApplicationTitle.toString()) ==
+           Prompts::kYes;
+}
+
 } // namespace norvane

@@ -18,4 +18,15 @@ QString internalErrorText(const QString &what, const RuntimeError &error);
 /// Shows that report in a box of its own title.
 void showInternalError(Prompts &prompts, const QString &what, const RuntimeError &error);
 
+/// Shows an error that no routine has handled, with its number and its description; the program goes on.
+void showRuntimeError(Prompts &prompts, const RuntimeError &error);
+
+/// Shows why something that was asked for was not done, in a box with the program's title.
+void tell(Prompts &prompts, const QString &text);
+
+/// Asks a question in a box with the program's title.
+/// @param style the icon of the box, and what else of Prompts belongs to it
+/// @return whether the answer was Yes
+bool ask(Prompts &prompts, const QString &question, int style);
+
 } // namespace norvane

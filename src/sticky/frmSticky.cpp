@@ -33,10 +33,9 @@ namespace norvane {
 
 namespace {
 
-constexpr quint32 kDefaultPaper = 0xC0FFFF; // blue-green-red: a pale yellow
-constexpr double kFontSize = 9.75;          // points
-constexpr QSizeF kDesignTwips(8475, 5400);  // until the stored size replaces it
-constexpr int kRichText = 0;                // format of LoadFile and SaveFile
+constexpr double kFontSize = 9.75;         // points
+constexpr QSizeF kDesignTwips(8475, 5400); // until the stored size replaces it
+constexpr int kRichText = 0;               // format of LoadFile and SaveFile
 
 } // namespace
 
@@ -62,7 +61,7 @@ frmSticky::frmSticky(const StickyServices &services)
     m_text->setEnableSaveButton(false);
     makeActions();
     makeMenu();
-    frmSticky::setTextBackColor(kDefaultPaper);
+    frmSticky::setTextBackColor(kDefaultNoteColor);
 
     connect(m_text, &NV_RTFEdit::Change, this, &frmSticky::textChanged);
     connect(m_text, &NV_RTFEdit::SaveMe, this, &frmSticky::SaveNote);
@@ -328,8 +327,7 @@ void frmSticky::mnuFile_Close_Click()
     try {
         const auto row = m_services.store.database() == nullptr
                              ? nullptr
-                             : m_services.store.database()->openRecordset(
-                                   QStringLiteral("select ID,Active from memos where ID=%1").arg(fields.ID));
+                             : openNoteRow(m_services.store, fields.ID, QStringLiteral("ID,Active"));
         if (row && !row->eof()) {
             row->edit();
             row->setField(QStringLiteral("ACTIVE"), false);

@@ -48,15 +48,6 @@ public:
     void close() { m_note->mnuFile_Close_Click(); }
 
 private:
-    Prompts::Answer ask(const QString &question)
-    {
-        return m_prompts.messageBox(question, Prompts::kYesNo | Prompts::kQuestion,
-                                    kApplicationTitle.toString());
-    }
-    void tell(const QString &message)
-    {
-        m_prompts.messageBox(message, Prompts::kExclamation, kApplicationTitle.toString());
-    }
     /// A fault ends the step alone.
     static void step(const std::function<void()> &action)
     {
@@ -78,7 +69,8 @@ void NoteCommand::sendMail()
 {
     if (m_note->isDirty()) {
         const QString question = frmSticky::tr("'%1' has not been saved?\r\nSave it now?");
-        if (m_note->fields.AutoSave || ask(question.arg(m_note->fields.FriendlyName)) == Prompts::kYes) {
+        if (m_note->fields.AutoSave ||
+            ask(m_prompts, question.arg(m_note->fields.FriendlyName), Prompts::kQuestion)) {
             if (m_note)
                 m_note->SaveNote();
         }
@@ -116,7 +108,7 @@ void NoteCommand::pastePicture(bool taken)
 {
     if (!taken) {
         if (m_note)
-            tell(frmSticky::tr("This desktop does not let programs take pictures of it."));
+            tell(m_prompts, frmSticky::tr("This desktop does not let programs take pictures of it."));
         return;
     }
     if (m_note)
@@ -126,7 +118,7 @@ void NoteCommand::pastePicture(bool taken)
 
 void NoteCommand::clearDocument()
 {
-    if (ask(frmSticky::tr("Are you sure?")) != Prompts::kYes || !m_note)
+    if (!ask(m_prompts, frmSticky::tr("Are you sure?"), Prompts::kQuestion) || !m_note)
         return;
     NV_RTFEdit &text = *m_note->Text1();
     text.setText({});
@@ -153,21 +145,21 @@ void NoteCommand::exportDocument()
     try {
         m_note->Text1()->SaveFile(path, isRich ? RichTextBox::kRichText : RichTextBox::kPlainText);
     } catch (const RuntimeError &error) {
-        tell(error.description());
+        tell(m_prompts, error.description());
     }
 }
 
 void NoteCommand::deleteNote()
 {
     const QString question = frmSticky::tr("Are you sure you want to delete '%1'?").arg(m_note->caption());
-    if (ask(question) != Prompts::kYes)
+    if (!ask(m_prompts, question, Prompts::kQuestion))
         return;
     // Whatever became of the window while the question stood, it is the note that is to go.
     NoteStore &store = m_services.store;
     try {
         deleteNoteRow(store, m_id);
     } catch (const RuntimeError &error) {
-        tell(error.description()); // as long as the row is there, its text is
+        tell(m_prompts, error.description()); // as long as the row is there, its text is
         return;
     }
     step([&] { store.requeryNoteIndex(); });

@@ -55,10 +55,9 @@ PasswordDialogModel::Next PasswordDialogModel::choose(const QString &folder)
 {
     const QString path = databaseFileIn(folder);
     if (!m_store.files().exists(path)) {
-        const Prompts::Answer answer = m_prompts.messageBox(
-            QStringLiteral("Norvane database not found. Do you want to create a new database?"),
-            Prompts::kQuestion | Prompts::kYesNo, kApplicationTitle.toString());
-        if (answer != Prompts::kYes || !create(path))
+        const QString question =
+            QStringLiteral("Norvane database not found. Do you want to create a new database?");
+        if (!ask(m_prompts, question, Prompts::kQuestion) || !create(path))
             return Next::Stay;
     }
     m_path = path;

@@ -20,20 +20,27 @@ int longTwips(double twips)
     return static_cast<int>(roundHalfEven(twips));
 }
 
-std::unique_ptr<dao::Recordset> openRow(const NoteStore &store, const QString &columns, int ID)
+} // namespace
+
+std::unique_ptr<dao::Recordset> openNoteRows(const NoteStore &store, const QString &condition,
+                                             const QString &columns, dao::RecordsetType type)
 {
-    dao::Database *database = store.database();
-    if (!database)
+    if (!store.database())
         throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."),
-                           QStringLiteral("SaveNote"));
-    return database->openRecordset(QStringLiteral("select %1 from Memos where ID=%2").arg(columns).arg(ID));
+                           QStringLiteral("Memos"));
+    return store.database()->openRecordset(
+        QStringLiteral("select ") + columns + QStringLiteral(" from Memos where ") + condition, type);
 }
 
-} // namespace
+std::unique_ptr<dao::Recordset> openNoteRow(const NoteStore &store, int ID, const QString &columns,
+                                            dao::RecordsetType type)
+{
+    return openNoteRows(store, QStringLiteral("ID=") + QString::number(ID), columns, type);
+}
 
 void SaveNoteRow(const NoteStore &store, int ID, const NoteRowValues &values)
 {
-    const std::unique_ptr<dao::Recordset> row = openRow(store, QStringLiteral("*"), ID);
+    const std::unique_ptr<dao::Recordset> row = openNoteRow(store, ID);
     row->edit();
     row->setField(QStringLiteral("LastUpdate"), values.LastUpdate);
     row->setField(QStringLiteral("Wintop"), longTwips(values.place.top()));
@@ -47,7 +54,8 @@ void SaveNoteRow(const NoteStore &store, int ID, const NoteRowValues &values)
 
 void SaveNoteText(const NoteStore &store, int ID, const QString &NoteText, const QDateTime &LastUpdate)
 {
-    const std::unique_ptr<dao::Recordset> row = openRow(store, QStringLiteral("ID,NoteText,LastUpdate"), ID);
+    const std::unique_ptr<dao::Recordset> row =
+        openNoteRow(store, ID, QStringLiteral("ID,NoteText,LastUpdate"));
     if (row->eof())
         return;
     row->edit();

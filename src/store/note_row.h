@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/dao.h"
+
 #include <QDateTime>
 #include <QRectF>
 #include <QString>
@@ -7,6 +9,19 @@
 namespace norvane {
 
 class NoteStore;
+
+inline constexpr quint32 kDefaultNoteColor = 0xC0FFFF; ///< blue-green-red: a pale yellow
+
+/// The rows of Memos that satisfy a condition. Raises 91 when no database is open, and what the engine
+/// raises.
+std::unique_ptr<dao::Recordset> openNoteRows(const NoteStore &store, const QString &condition,
+                                             const QString &columns = QStringLiteral("*"),
+                                             dao::RecordsetType type = dao::RecordsetType::Dynaset);
+
+/// The row of one note; at its end when it is gone. Raises as openNoteRows().
+std::unique_ptr<dao::Recordset> openNoteRow(const NoteStore &store, int ID,
+                                            const QString &columns = QStringLiteral("*"),
+                                            dao::RecordsetType type = dao::RecordsetType::Dynaset);
 
 /// What a sticky note writes into its row of Memos.
 struct NoteRowValues

@@ -3,9 +3,9 @@
 #include "platform/Clock.h"
 #include "platform/RuntimeError.h"
 #include "platform/WatchTimer.h"
-#include "platform/dao.h"
 #include "platform/errors.h"
 #include "store/NoteStore.h"
+#include "store/note_row.h"
 #include "watcher/NoteGridView.h"
 #include "watcher/Notices.h"
 #include "watcher/WatchCycle.h"
@@ -91,8 +91,7 @@ void AttachWindow::addNote(const clsWindow &window)
     const QDateTime now = m_parts.clock.now();
     const int category = m_grid ? m_grid->category() : kNoCategory;
 
-    const auto notes =
-        m_parts.store.database()->openRecordset(QStringLiteral("select * from Memos where false"));
+    const auto notes = openNoteRows(m_parts.store, QStringLiteral("false"));
     notes->addNew();
     notes->setField(QStringLiteral("WindowName"), window.WindowTitle);
     notes->setField(QStringLiteral("LocationName"), name);
@@ -113,8 +112,7 @@ void AttachWindow::addNote(const clsWindow &window)
 /// @return whether the note had been inactive
 bool AttachWindow::activateNote(const QString &criteria)
 {
-    const auto notes =
-        m_parts.store.database()->openRecordset(QStringLiteral("select * from Memos where ") + criteria);
+    const auto notes = openNoteRows(m_parts.store, criteria);
     if (notes->field(QStringLiteral("Active")).toBool())
         return false;
     notes->edit();

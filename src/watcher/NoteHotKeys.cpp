@@ -4,6 +4,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/WindowSystem.h"
 #include "platform/errors.h"
+#include "shell/internal_error.h"
 #include "store/NoteStore.h"
 #include "watcher/AttachWindow.h"
 #include "watcher/NoteGridView.h"
@@ -60,10 +61,8 @@ void NoteHotKeys::deleteNote(WindowHandle target)
     if (!m_store.database())
         throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
     const int id = note->fields.ID;
-    const Prompts::Answer answer = m_prompts.messageBox(
-        QStringLiteral("Are you sure you want to delete '") + note->caption() + QStringLiteral("'?"),
-        Prompts::kYesNo | Prompts::kQuestion | Prompts::kSystemModal, QStringLiteral("Norvane"));
-    if (answer != Prompts::kYes)
+    const QString question = QStringLiteral("Are you sure you want to delete '%1'?").arg(note->caption());
+    if (!ask(m_prompts, question, Prompts::kQuestion | Prompts::kSystemModal))
         return;
 
     // The note may have gone with its window while the question stood; its row has not.

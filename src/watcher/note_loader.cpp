@@ -4,9 +4,9 @@
 #include "platform/FileSystem.h"
 #include "platform/RuntimeError.h"
 #include "platform/WindowSystem.h"
-#include "platform/dao.h"
 #include "platform/errors.h"
 #include "store/NoteStore.h"
+#include "store/note_row.h"
 #include "watcher/StickyFactory.h"
 #include "watcher/StickyNote.h"
 #include "watcher/clsClips.h"
@@ -19,8 +19,6 @@
 namespace norvane {
 
 namespace {
-
-constexpr quint32 kPaperColor = 0xC0FFFF;
 
 /// Holds back painting of the desktop while a note is being made; lets it go on every way out.
 class UpdateLock
@@ -98,7 +96,7 @@ void NoteLoader::fill(StickyNote *note, const NoteRow &row, const clsWindow &tar
 
     const UpdateLock lock(m_windows);
     fields.ParentClassName = m_location.GetClassText(target.hWnd);
-    note->setTextBackColor(kPaperColor);
+    note->setTextBackColor(kDefaultNoteColor);
     note->setToolBar(row.ShowToolbar);
     fields.TypeEffect = row.TypeEffect;
     place(*note, row, target.hWnd);

@@ -1,25 +1,47 @@
 #include "browser/dialogs/CategoryBox.h"
 
+#include "browser/BrowserServices.h"
+#include "browser/dialogs/browse_button.h"
 #include "browser/dialogs/note_properties.h"
+#include "platform/RuntimeError.h"
 #include "store/categories.h"
+#include "watcher/NoteViews.h"
 
+#include <QPointer>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <algorithm>
 
 namespace norvane {
 
-CategoryBox::CategoryBox(FirstEntry first, QWidget *parent) : QComboBox(parent), m_first(first)
+CategoryBox::CategoryBox(const BrowserServices &services, const QString &buttonName, FirstEntry first)
+    : m_services(services), m_manage(browseButton(buttonName, tr("Note Categories"))), m_first(first)
 {
     constexpr int kShownCharacters = 16;
     setObjectName(QStringLiteral("Combo1"));
     setAccessibleName(tr("Category"));
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(kShownCharacters);
+    m_manage->setToolTip(tr("Show 'Note Categories' window"));
+    m_manage->setEnabled(services.views.has(NoteViews::View::Categories));
+    connect(m_manage, &QPushButton::clicked, this, &CategoryBox::manageCategories);
 }
 
-void CategoryBox::fill(const NoteStore &store)
+void CategoryBox::manageCategories()
 {
-    const QVector<Category> categories = readCategories(store);
+    const QPointer<CategoryBox> self(this);
+    try {
+        m_services.views.showCategories();
+        if (self)
+            fill();
+    } catch (const RuntimeError &) {
+        // The list stays as it was.
+    }
+}
+
+void CategoryBox::fill()
+{
+    const QVector<Category> categories = readCategories(m_services.store);
     const QSignalBlocker blocker(this);
     const QVariant chosen = currentData();
     clear();

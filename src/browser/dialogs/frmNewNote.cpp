@@ -1,49 +1,36 @@
 #include "browser/dialogs/frmNewNote.h"
 
-#include "browser/BrowserServices.h"
 #include "browser/dialogs/CategoryBox.h"
+#include "browser/dialogs/LocationBox.h"
 #include "browser/dialogs/WholeCharacters.h"
-#include "browser/dialogs/browse_button.h"
-#include "browser/dialogs/location_cleaning.h"
 #include "browser/dialogs/new_note.h"
 #include "browser/dialogs/note_properties.h"
-#include "browser/dialogs/tell_error.h"
-#include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
 #include "richtext/EditServices.h"
+#include "shell/internal_error.h"
 #include "watcher/NoteGridView.h"
-#include "watcher/NoteViews.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
-#include <limits>
 
 namespace norvane {
 
 frmNewNote::frmNewNote(const BrowserServices &services, QWidget *parent, NewNoteDrop *drop)
-    : QDialog(parent), m_services(services), m_drop(drop), m_name(new QLineEdit(tr("New Note"), this)),
-      m_location(new QLineEdit(this)),
-      m_browse(browseButton(QStringLiteral("Command4"), tr("Browse for a file"))),
-      m_category(new CategoryBox(CategoryBox::FirstEntry::None, this)),
-      m_manage(browseButton(QStringLiteral("Command3"), tr("Note Categories"))),
+    : NoteDialog(services, QStringLiteral("frmNewNote"), parent), m_drop(drop),
+      m_name(new QLineEdit(tr("New Note"), this)),
+      m_location(new LocationBox(services.edit.prompts, QStringLiteral("Text2"), QStringLiteral("Command4"))),
+      m_category(new CategoryBox(services, QStringLiteral("Command3"))),
       m_active(new QCheckBox(tr("&Active"), this)), m_apply(new QCheckBox(tr("&Apply to all items"), this)),
-      m_ok(new QPushButton(tr("&OK"), this)), m_cancel(new QPushButton(tr("&Cancel"), this)),
-      m_pause(services.timer)
+      m_ok(new QPushButton(tr("&OK"), this)), m_cancel(new QPushButton(tr("&Cancel"), this))
 {
-    setObjectName(QStringLiteral("frmNewNote"));
     setWindowTitle(tr("New Note"));
     m_name->setObjectName(QStringLiteral("Text1"));
     m_name->setMaxLength(kLongestName);
     m_name->setValidator(new WholeCharacters(m_name));
-    m_location->setObjectName(QStringLiteral("Text2"));
-    m_location->setMaxLength(std::numeric_limits<int>::max());
-    m_manage->setToolTip(tr("Show 'Note Categories' window"));
-    m_manage->setEnabled(services.views.has(NoteViews::View::Categories));
     m_active->setObjectName(QStringLiteral("Check1"));
     m_active->setEnabled(false);
     m_apply->setObjectName(QStringLiteral("chkApply"));
@@ -56,14 +43,9 @@ frmNewNote::frmNewNote(const BrowserServices &services, QWidget *parent, NewNote
 
     m_name->setFocus();
     m_name->selectAll();
-    m_category->fill(services.store);
+    m_category->fill();
     m_category->SetCatItem(std::max(0, services.browser.category()));
     services.forms.add(this);
-}
-
-frmNewNote::~frmNewNote()
-{
-    m_services.forms.remove(this);
 }
 
 void frmNewNote::arrange()
@@ -80,10 +62,10 @@ void frmNewNote::arrange()
     fields->addWidget(m_name, 0, 1, 1, 2);
     fields->addWidget(caption(tr("Location (optional):"), m_location), 1, 0);
     fields->addWidget(m_location, 1, 1);
-    fields->addWidget(m_browse, 1, 2);
+    fields->addWidget(m_location->browseButton(), 1, 2);
     fields->addWidget(caption(tr("Category:"), m_category), 2, 0);
     fields->addWidget(m_category, 2, 1);
-    fields->addWidget(m_manage, 2, 2);
+    fields->addWidget(m_category->manageButton(), 2, 2);
     fields->addWidget(m_active, 3, 1, 1, 2);
     fields->setColumnStretch(1, 1);
 
@@ -98,8 +80,15 @@ void frmNewNote::arrange()
     layout->addStretch();
     layout->addSpacing(fontMetrics().height() / 2);
     layout->addLayout(buttons);
-    const QVector<QWidget *> order{m_name,   m_location, m_browse, m_category, m_manage,
-                                   m_active, m_apply,    m_ok,     m_cancel};
+    const QVector<QWidget *> order{m_name,
+                                   m_location,
+                                   m_location->browseButton(),
+                                   m_category,
+                                   m_category->manageButton(),
+                                   m_active,
+                                   m_apply,
+                                   m_ok,
+                                   m_cancel};
     for (qsizetype i = 1; i < order.size(); ++i)
         setTabOrder(order.at(i - 1), order.at(i));
 }
@@ -110,17 +99,9 @@ void frmNewNote::connectControls()
             [this](const QString &text) { m_ok->setEnabled(!text.isEmpty()); });
     connect(m_location, &QLineEdit::textChanged, m_active,
             [this](const QString &text) { m_active->setEnabled(!text.isEmpty()); });
-    connect(m_location, &QLineEdit::editingFinished, this, &frmNewNote::cleanLocationBox);
-    connect(m_browse, &QPushButton::clicked, this, &frmNewNote::browseForLocation);
-    connect(m_manage, &QPushButton::clicked, this, &frmNewNote::manageCategories);
     connect(m_apply, &QCheckBox::clicked, this, &frmNewNote::applyClicked);
     connect(m_ok, &QPushButton::clicked, this, &frmNewNote::okClicked);
     connect(m_cancel, &QPushButton::clicked, this, &frmNewNote::reject);
-}
-
-void frmNewNote::showModal()
-{
-    exec();
 }
 
 void frmNewNote::setName(const QString &name)
@@ -144,33 +125,6 @@ void frmNewNote::SetCatItem(int CAT_ID)
     m_category->SetCatItem(CAT_ID);
 }
 
-void frmNewNote::cleanLocationBox()
-{
-    const QString location = cleanLocation(m_location->text());
-    if (location != m_location->text())
-        m_location->setText(location);
-}
-
-void frmNewNote::browseForLocation()
-{
-    const QPointer<frmNewNote> self(this);
-    const QString path = m_services.edit.prompts.openFile(tr("Select File"), tr("All File Types|*.*"));
-    if (self && !path.isEmpty())
-        m_location->setText(cleanLocation(path));
-}
-
-void frmNewNote::manageCategories()
-{
-    const QPointer<frmNewNote> self(this);
-    try {
-        m_services.views.showCategories();
-        if (self)
-            m_category->fill(m_services.store);
-    } catch (const RuntimeError &) {
-        // The list stays as it was.
-    }
-}
-
 void frmNewNote::applyClicked()
 {
     if (!m_drop)
@@ -184,7 +138,7 @@ void frmNewNote::Command1_Click()
 {
     if (m_drop && m_apply->isChecked())
         m_drop->appliedCategory = m_category->CAT_ID();
-    cleanLocationBox();
+    m_location->clean();
     addNote(m_services.store, m_services.clock,
             {.FriendlyName = m_name->text(),
              .URL = m_location->text(),
@@ -203,7 +157,7 @@ void frmNewNote::okClicked()
     try {
         Command1_Click();
     } catch (const RuntimeError &error) {
-        tellError(m_services.edit.prompts, error);
+        showRuntimeError(m_services.edit.prompts, error);
     }
 }
 
@@ -212,17 +166,6 @@ void frmNewNote::reject()
     if (m_drop)
         m_drop->newNoteCancelled = true;
     unload();
-}
-
-void frmNewNote::unload()
-{
-    if (m_unloaded)
-        return;
-    m_unloaded = true;
-    m_pause.reset();
-    m_services.forms.remove(this);
-    hide();
-    deleteLater();
 }
 
 } // namespace norvane

@@ -1,10 +1,6 @@
 #pragma once
 
-#include "shell/Forms.h"
-#include "watcher/WatchPause.h"
-
-#include <QDialog>
-#include <optional>
+#include "browser/dialogs/NoteDialog.h"
 
 class QCheckBox;
 class QLineEdit;
@@ -13,7 +9,7 @@ class QPushButton;
 namespace norvane {
 
 class CategoryBox;
-struct BrowserServices;
+class LocationBox;
 
 /// What the dialogs of one drop of several items leave for each other and for the routine behind it.
 struct NewNoteDrop
@@ -23,9 +19,8 @@ struct NewNoteDrop
     bool newNoteCancelled = false; ///< a dialog was left without a note
 };
 
-/// Makes one note that is not tied to a window yet. To be made with `new`: unload() deletes it, and every
-/// button but "..." leads there. The watch timer is off as long as the dialog is loaded.
-class frmNewNote : public QDialog, public Form
+/// Makes one note that is not tied to a window yet. Every button but "..." unloads it.
+class frmNewNote : public NoteDialog
 {
     Q_OBJECT
 
@@ -35,10 +30,6 @@ public:
     /// @param drop     the caller's, written by the dialog and outliving it; nullptr when nobody asks
     explicit frmNewNote(const BrowserServices &services, QWidget *parent = nullptr,
                         NewNoteDrop *drop = nullptr);
-    ~frmNewNote() override;
-
-    /// Shows the dialog and returns when it is unloaded.
-    void showModal();
 
     /// `Text1`. What its column has no room for is left out.
     void setName(const QString &name);
@@ -54,36 +45,23 @@ public:
     /// not made, unloaded when only the browser could not show it.
     void Command1_Click();
 
-    // Form
-    QString formName() const override { return QStringLiteral("frmNewNote"); }
-    WindowHandle hWnd() const override { return static_cast<WindowHandle>(winId()); }
-    void unload() override;
-
     /// "&Cancel", Escape and the window's close button.
     void reject() override;
 
 private:
     void arrange();
     void connectControls();
-    void browseForLocation();
-    void manageCategories();
     void applyClicked();
     void okClicked();
-    void cleanLocationBox();
 
-    const BrowserServices &m_services;
     NewNoteDrop *m_drop;
     QLineEdit *m_name;       ///< `Text1`
-    QLineEdit *m_location;   ///< `Text2`
-    QPushButton *m_browse;   ///< `Command4`
-    CategoryBox *m_category; ///< `Combo1`
-    QPushButton *m_manage;   ///< `Command3`
+    LocationBox *m_location; ///< `Text2`, with `Command4`
+    CategoryBox *m_category; ///< `Combo1`, with `Command3`
     QCheckBox *m_active;     ///< `Check1`
     QCheckBox *m_apply;      ///< `chkApply`
     QPushButton *m_ok;       ///< `Command1`
     QPushButton *m_cancel;   ///< `Command2`
-    std::optional<WatchPause> m_pause;
-    bool m_unloaded = false;
 };
 
 } // namespace norvane

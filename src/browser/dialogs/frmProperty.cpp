@@ -1,12 +1,10 @@
 #include "browser/dialogs/frmProperty.h"
 
-#include "browser/BrowserServices.h"
 #include "browser/dialogs/CategoryBox.h"
 #include "browser/dialogs/ColorButton.h"
+#include "browser/dialogs/LocationBox.h"
 #include "browser/dialogs/ScreenModel.h"
 #include "browser/dialogs/byte_size.h"
-#include "browser/dialogs/location_cleaning.h"
-#include "browser/dialogs/tell_error.h"
 #include "controls/svg_icon.h"
 #include "platform/FileSystem.h"
 #include "platform/Prompts.h"
@@ -15,7 +13,6 @@
 #include "richtext/EditServices.h"
 #include "shell/internal_error.h"
 #include "store/NoteStore.h"
-#include "watcher/NoteViews.h"
 #include "watcher/classify_location.h"
 
 #include <QButtonGroup>
@@ -101,7 +98,7 @@ template <typename Make> void showLoaded(const BrowserServices &services, Make m
         frmProperty *form = makeBusily();
         form->showModal();
     } catch (const RuntimeError &error) {
-        tellError(services.edit.prompts, error);
+        showRuntimeError(services.edit.prompts, error);
     }
 }
 
@@ -144,29 +141,23 @@ frmProperty::frmProperty(const BrowserServices &services, QVector<int> IDs, QWid
 
 frmProperty::frmProperty(const BrowserServices &services, QVector<int> IDs, Extent extent,
                          TypePictures pictures, QWidget *parent)
-    : QDialog(parent), m_services(services), m_IDs(std::move(IDs)), m_extent(extent),
-      m_pictures(std::move(pictures)), m_pause(services.timer)
+    : NoteDialog(services, QStringLiteral("frmProperty"), parent), m_IDs(std::move(IDs)), m_extent(extent),
+      m_pictures(std::move(pictures))
 {
-    setObjectName(QStringLiteral("frmProperty"));
     makeControls();
     arrange();
     connectControls();
     // For several notes there is something to be saved from the start: what is always written.
     setSaveEnabled(!isSingle());
-    m_category->fill(services.store);
+    m_category->fill();
     services.forms.add(this);
-}
-
-frmProperty::~frmProperty()
-{
-    m_services.forms.remove(this);
 }
 
 void frmProperty::connectControls()
 {
     for (QCheckBox *box : {m_active, m_autoSave, m_autoURLDetect, m_playSound, m_showToolbar, m_typeEffect})
         connect(box, &QCheckBox::stateChanged, this, &frmProperty::noteChange);
-    for (QLineEdit *box : {m_keywords, m_name, m_location, m_soundFile})
+    for (QLineEdit *box : std::initializer_list<QLineEdit *>{m_keywords, m_name, m_location, m_soundFile})
         connect(box, &QLineEdit::textChanged, this, &frmProperty::noteChange);
     connect(m_category, &QComboBox::currentIndexChanged, this, &frmProperty::noteChange);
     connect(m_positions, &QButtonGroup::idToggled, this, [this](int position, bool on) {
@@ -176,9 +167,6 @@ void frmProperty::connectControls()
         noteChange();
     });
     connect(m_playSound, &QCheckBox::stateChanged, this, &frmProperty::enableSoundControls);
-    connect(m_location, &QLineEdit::editingFinished, this, &frmProperty::cleanLocationBox);
-    connect(m_browseLocation, &QPushButton::clicked, this, &frmProperty::browseForLocation);
-    connect(m_manage, &QPushButton::clicked, this, &frmProperty::manageCategories);
     connect(m_backColor, &QPushButton::clicked, this, &frmProperty::chooseColor);
     connect(m_browseSound, &QPushButton::clicked, this, &frmProperty::browseForSound);
     connect(m_play, &QToolButton::clicked, this, &frmProperty::playSound);
@@ -213,7 +201,7 @@ void frmProperty::showProperties(const NoteProperties &properties)
     QAbstractButton *position = m_positions->button(properties.formposition);
     (position ? position : m_positions->button(0))->setChecked(true);
     m_model->setPosition(m_positions->checkedId());
-    for (QLineEdit *box : {m_name, m_location, m_soundFile, m_keywords})
+    for (QLineEdit *box : std::initializer_list<QLineEdit *>{m_name, m_location, m_soundFile, m_keywords})
         box->setCursorPosition(0); // of a long text the beginning is shown
     enableSoundControls();
 }
@@ -323,21 +311,6 @@ void frmProperty::enableSoundControls()
         control->setEnabled(plays);
 }
 
-void frmProperty::cleanLocationBox()
-{
-    const QString location = cleanLocation(m_location->text());
-    if (location != m_location->text())
-        m_location->setText(location);
-}
-
-void frmProperty::browseForLocation()
-{
-    const QPointer<frmProperty> self(this);
-    const QString path = m_services.edit.prompts.openFile(tr("Select File"), tr("All File Types|*.*"));
-    if (self && !path.isEmpty())
-        m_location->setText(cleanLocation(path));
-}
-
 void frmProperty::browseForSound()
 {
     const QPointer<frmProperty> self(this);
@@ -346,11 +319,10 @@ void frmProperty::browseForSound()
     if (!self || path.isEmpty())
         return;
     if (path.size() > kLongestSoundFile) {
-        m_services.edit.prompts.messageBox(
-            tr("The path of this sound file is too long: a note can keep %1 characters of it. Please choose "
-               "a file in another folder.")
-                .arg(kLongestSoundFile),
-            Prompts::kExclamation, kApplicationTitle.toString());
+        tell(m_services.edit.prompts,
+             tr("The path of this sound file is too long: a note can keep %1 characters of it. Please choose "
+                "a file in another folder.")
+                 .arg(kLongestSoundFile));
         return;
     }
     m_soundFile->setText(path);
@@ -375,24 +347,12 @@ void frmProperty::chooseColor()
     noteChange();
 }
 
-void frmProperty::manageCategories()
-{
-    const QPointer<frmProperty> self(this);
-    try {
-        m_services.views.showCategories();
-        if (self)
-            m_category->fill(m_services.store);
-    } catch (const RuntimeError &) {
-        // The list stays as it was.
-    }
-}
-
 // ---- Saving ----
 
 bool frmProperty::save()
 {
     const QPointer<frmProperty> self(this);
-    cleanLocationBox();
+    m_location->clean();
     const PropertyTargets targets{m_services.store, m_services.forms, m_services.windows, m_services.browser};
     Prompts &prompts = m_services.edit.prompts;
     try {
@@ -406,30 +366,9 @@ bool frmProperty::save()
                                kApplicationTitle.toString());
         return saved && self;
     } catch (const RuntimeError &error) {
-        tellError(prompts, error);
+        showRuntimeError(prompts, error);
     }
     return false;
-}
-
-void frmProperty::showModal()
-{
-    exec();
-}
-
-void frmProperty::reject()
-{
-    unload();
-}
-
-void frmProperty::unload()
-{
-    if (m_unloaded)
-        return;
-    m_unloaded = true;
-    m_pause.reset();
-    m_services.forms.remove(this);
-    hide();
-    deleteLater();
 }
 
 } // namespace norvane

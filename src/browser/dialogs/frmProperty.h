@@ -1,13 +1,10 @@
 #pragma once
 
+#include "browser/dialogs/NoteDialog.h"
 #include "browser/dialogs/note_properties.h"
-#include "shell/Forms.h"
-#include "watcher/WatchPause.h"
 
-#include <QDialog>
 #include <QIcon>
 #include <functional>
-#include <optional>
 
 class QButtonGroup;
 class QCheckBox;
@@ -21,17 +18,16 @@ namespace norvane {
 
 class CategoryBox;
 class ColorButton;
+class LocationBox;
 class ScreenModel;
-struct BrowserServices;
 
 /// The picture of a file's type, by its path or by ".HTM" alone; null when there is none.
 using TypePictures = std::function<QIcon(const QString &path)>;
 /// The desktop theme's pictures, by the name of the file.
 QIcon themeTypePicture(const QString &path);
 
-/// Shows and changes the settings of one note, or of several at once. To be made with `new`: unload()
-/// deletes it, and "&OK" and "&Cancel" lead there. The watch timer is off as long as the dialog is loaded.
-class frmProperty : public QDialog, public Form
+/// Shows and changes the settings of one note, or of several at once. "&OK" and "&Cancel" unload it.
+class frmProperty : public NoteDialog
 {
     Q_OBJECT
 
@@ -50,23 +46,11 @@ public:
     /// Loads the dialog for several notes; those of these IDs are meant until its end, whatever the list
     /// they were chosen in shows meanwhile. Raises what the engine raises.
     frmProperty(const BrowserServices &services, QVector<int> IDs, QWidget *parent = nullptr);
-    ~frmProperty() override;
-
-    /// Shows the dialog and returns when it is unloaded.
-    void showModal();
 
     /// Chooses a category; the first entry for -1 and 0. Without such a category nothing changes.
     void SetCatItem(int CAT_ID);
     /// Caption, type and picture of the type, by what the boxes say.
     void Refresh_FileType();
-
-    // Form
-    QString formName() const override { return QStringLiteral("frmProperty"); }
-    WindowHandle hWnd() const override { return static_cast<WindowHandle>(winId()); }
-    void unload() override;
-
-    /// "&Cancel", Escape and the window's close button.
-    void reject() override;
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -96,27 +80,21 @@ private:
 
     void noteChange();
     void enableSoundControls();
-    void browseForLocation();
     void browseForSound();
     void playSound();
     void chooseColor();
-    void manageCategories();
-    void cleanLocationBox();
     /// @return whether everything was saved; what went wrong has been told
     bool save();
     void setSaveEnabled(bool enabled);
 
-    const BrowserServices &m_services;
     const QVector<int> m_IDs;
     const Extent m_extent;
     const TypePictures m_pictures;
-    QLabel *m_picture = nullptr;             ///< `Picture1`
-    QLabel *m_type = nullptr;                ///< `Label2`
-    QLineEdit *m_name = nullptr;             ///< `txtName`
-    QLineEdit *m_location = nullptr;         ///< `txtURL`
-    QPushButton *m_browseLocation = nullptr; ///< `Command2`
-    CategoryBox *m_category = nullptr;       ///< `Combo1`
-    QPushButton *m_manage = nullptr;         ///< `Command1`
+    QLabel *m_picture = nullptr;       ///< `Picture1`
+    QLabel *m_type = nullptr;          ///< `Label2`
+    QLineEdit *m_name = nullptr;       ///< `txtName`
+    LocationBox *m_location = nullptr; ///< `txtURL`, with `Command2`
+    CategoryBox *m_category = nullptr; ///< `Combo1`, with `Command1`
     QLineEdit *m_keywords = nullptr;
     QLabel *m_dateCreated = nullptr;
     QLabel *m_lastUpdate = nullptr;
@@ -137,10 +115,8 @@ private:
     QPushButton *m_ok = nullptr;
     QPushButton *m_apply = nullptr;
     QPushButton *m_cancel = nullptr; ///< `Command3`
-    std::optional<WatchPause> m_pause;
-    QString m_shownType; ///< path or extension whose picture is shown; empty: a note's
+    QString m_shownType;             ///< path or extension whose picture is shown; empty: a note's
     bool m_filling = true;
-    bool m_unloaded = false;
 };
 
 } // namespace norvane

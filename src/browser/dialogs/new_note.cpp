@@ -1,8 +1,8 @@
 #include "browser/dialogs/new_note.h"
 
-#include "browser/dialogs/note_rows.h"
 #include "platform/Clock.h"
 #include "store/NoteStore.h"
+#include "store/note_row.h"
 
 namespace norvane {
 

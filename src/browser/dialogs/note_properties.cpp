@@ -1,7 +1,6 @@
 #include "browser/dialogs/note_properties.h"
 
 #include "browser/dialogs/location_cleaning.h"
-#include "browser/dialogs/note_rows.h"
 #include "platform/WindowSystem.h"
 #include "shell/numeric_prefix.h"
 #include "store/NoteStore.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/note_row.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QVector>
@@ -18,8 +20,7 @@ enum CheckValue {
     kGreyed = 2, ///< several notes: each keeps its own, except where told otherwise
 };
 
-inline constexpr quint32 kDefaultNoteColor = 0xC0FFFF; ///< blue-green-red: a pale yellow
-inline constexpr int kKeepCategory = -1;               ///< in place of a `CAT_ID`: "(Do Not Change)"
+inline constexpr int kKeepCategory = -1; ///< in place of a `CAT_ID`: "(Do Not Change)"
 
 // Lengths of the columns, in UTF-16 units.
 inline constexpr int kLongestName = 255;

@@ -1,14 +1,14 @@
 // How the Properties dialog is laid out.
 
-#include "browser/BrowserServices.h"
 #include "browser/dialogs/CategoryBox.h"
 #include "browser/dialogs/ColorButton.h"
+#include "browser/dialogs/LocationBox.h"
 #include "browser/dialogs/ScreenModel.h"
 #include "browser/dialogs/WholeCharacters.h"
 #include "browser/dialogs/browse_button.h"
 #include "browser/dialogs/frmProperty.h"
 #include "controls/svg_icon.h"
-#include "watcher/NoteViews.h"
+#include "richtext/EditServices.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -20,7 +20,6 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QToolButton>
-#include <limits>
 
 namespace norvane {
 
@@ -49,7 +48,7 @@ QToolButton *soundButton(const QString &name, const QString &what, const QString
 {
     auto *result = new QToolButton;
     result->setObjectName(name);
-    result->setIcon(svgIcon(QStringLiteral(":/norvane/icons/dialog-%1.svg").arg(picture)));
+    result->setIcon(svgIcon(QStringLiteral(":/norvane/icons/%1.svg").arg(picture)));
     result->setToolTip(what);
     result->setAccessibleName(what);
     result->setFocusPolicy(Qt::StrongFocus);
@@ -82,13 +81,11 @@ void frmProperty::makeControls()
     m_type->setTextFormat(Qt::PlainText);
     m_type->setWordWrap(true);
     m_name = textBox(QStringLiteral("txtName"), tr("Name"), kLongestName);
-    m_location = textBox(QStringLiteral("txtURL"), tr("Location"), std::numeric_limits<int>::max());
-    m_browseLocation = browseButton(QStringLiteral("Command2"), tr("Browse for a file"));
+    m_location =
+        new LocationBox(m_services.edit.prompts, QStringLiteral("txtURL"), QStringLiteral("Command2"));
     m_category =
-        new CategoryBox(isSingle() ? CategoryBox::FirstEntry::None : CategoryBox::FirstEntry::DoNotChange);
-    m_manage = browseButton(QStringLiteral("Command1"), tr("Note Categories"));
-    m_manage->setToolTip(tr("Show 'Note Categories' window"));
-    m_manage->setEnabled(m_services.views.has(NoteViews::View::Categories));
+        new CategoryBox(m_services, QStringLiteral("Command1"),
+                        isSingle() ? CategoryBox::FirstEntry::None : CategoryBox::FirstEntry::DoNotChange);
     m_keywords = textBox(QStringLiteral("txtKeywords"), tr("Keywords"), kLongestKeywords);
     m_active = button<QCheckBox>(QStringLiteral("chkActive"), tr("&Active"));
     m_autoSave = button<QCheckBox>(QStringLiteral("chkAutosave"), tr("Auto &save on close"));
@@ -113,7 +110,7 @@ void frmProperty::makeControls()
 
     m_picture->hide();
     m_type->hide();
-    for (QWidget *control : std::initializer_list<QWidget *>{m_name, m_location, m_browseLocation})
+    for (QWidget *control : std::initializer_list<QWidget *>{m_name, m_location, m_location->browseButton()})
         control->setEnabled(false);
     for (QCheckBox *box : {m_active, m_autoSave, m_playSound, m_showToolbar})
         box->setToolTip(tr("Grey: every note keeps its own"));
@@ -157,10 +154,10 @@ QWidget *frmProperty::generalPage()
     grid->addWidget(m_name, row++, 1, 1, 2);
     grid->addWidget(caption(tr("&Location:"), m_location), row, 0);
     grid->addWidget(m_location, row, 1);
-    grid->addWidget(m_browseLocation, row++, 2);
+    grid->addWidget(m_location->browseButton(), row++, 2);
     grid->addWidget(caption(tr("Category:"), m_category), row, 0);
     grid->addWidget(m_category, row, 1);
-    grid->addWidget(m_manage, row++, 2);
+    grid->addWidget(m_category->manageButton(), row++, 2);
     grid->addWidget(caption(tr("Keywords:"), m_keywords), row, 0);
     grid->addWidget(m_keywords, row++, 1, 1, 2);
     if (isSingle()) {

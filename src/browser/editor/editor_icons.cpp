@@ -17,8 +17,8 @@ struct Picture
 
 /// In the order of EditorIcon.
 constexpr std::array<Picture, 4> kPictures = {{{"window-close", "window-close"},
-                                               {"document-edit", "preview-edit"},
-                                               {"document-open-remote", "preview-open"},
+                                               {"document-edit", "note-edit"},
+                                               {"document-open-remote", "location-open"},
                                                {"document-save", "document-save"}}};
 
 } // namespace

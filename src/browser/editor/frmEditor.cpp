@@ -2,12 +2,10 @@
 
 #include "browser/editor/TitleStrip.h"
 #include "browser/editor/editor_icons.h"
-#include "browser/editor/runtime_error_box.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
-#include "platform/errors.h"
 #include "richtext/EditServices.h"
 #include "richtext/NV_RTFEdit.h"
 #include "shell/internal_error.h"
@@ -135,10 +133,7 @@ void frmEditor::bringUp()
 void frmEditor::load(int ID, const QString &title, const QString &location)
 {
     const NoteStore &store = m_services.store;
-    if (!store.database())
-        throw RuntimeError(kErrorNothingThere, tr("No note database is open."));
-    const auto row =
-        store.database()->openRecordset(QStringLiteral("Select * from Memos where id=%1").arg(ID));
+    const auto row = openNoteRow(store, ID);
     m_title->setTitle(u' ' + title);
     m_title->setTitleToolTip(title.trimmed());
     m_location->setPanelText(tr("Location: ") + location);
@@ -196,9 +191,9 @@ bool frmEditor::mayClose()
     m_asking = true;
     const QPointer<frmEditor> self(this);
     bringUp(); // which of the notes it is
-    const auto answer = m_services.edit.prompts.messageBox(
-        tr("Are you sure you want to close without saving this note?"), Prompts::kYesNo | Prompts::kQuestion,
-        kApplicationTitle.toString());
+    const bool mayBeLost =
+        ask(m_services.edit.prompts, tr("Are you sure you want to close without saving this note?"),
+            Prompts::kQuestion);
     if (!self)
         return true;
     m_asking = false;
@@ -206,7 +201,7 @@ bool frmEditor::mayClose()
         outerWindow()->deleteLater();
         return true;
     }
-    return answer == Prompts::kYes;
+    return mayBeLost;
 }
 
 bool frmEditor::closeWindow()

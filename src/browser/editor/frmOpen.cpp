@@ -1,11 +1,11 @@
 #include "browser/editor/frmOpen.h"
 
-#include "browser/editor/runtime_error_box.h"
 #include "browser/grid/NoteGrid.h"
 #include "platform/FileSystem.h"
 #include "platform/RuntimeError.h"
 #include "richtext/EditServices.h"
 #include "richtext/NV_RTFEdit.h"
+#include "shell/internal_error.h"
 #include "shell/windows/form_icon.h"
 #include "store/NoteStore.h"
 

@@ -9,6 +9,7 @@
 #include "platform/RuntimeError.h"
 #include "richtext/EditServices.h"
 #include "richtext/RichTextBox.h"
+#include "store/note_row.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -21,7 +22,6 @@ namespace norvane {
 
 namespace {
 
-constexpr quint32 kNewNotePaper = 0xC0FFFF; // blue-green-red: a pale yellow
 /// Bytes of a body file: what is read in a moment while the user goes through a list.
 constexpr qint64 kLargestBody = qint64(16) << 20;
 constexpr int kEdge = 1; // pixels around it
@@ -115,7 +115,7 @@ void frmQuickView::showNote(const QString &title, int ID, const QString &bodyFil
         loadBody(bodyFile);
     } else {
         empty();
-        m_view->setBackColor(kNewNotePaper);
+        m_view->setBackColor(kDefaultNoteColor);
     }
     m_view->verticalScrollBar()->setValue(scrolled);
     m_services.events.yield(); // the form may be gone now
@@ -129,7 +129,7 @@ void frmQuickView::showNothing()
     m_edit->setEnabled(false);
     m_open->setEnabled(false);
     empty();
-    m_view->setBackColor(kNewNotePaper);
+    m_view->setBackColor(kDefaultNoteColor);
 }
 
 void frmQuickView::loadBody(const QString &bodyFile)

@@ -1,9 +1,9 @@
 #include "browser/grid/NoteGrid.h"
 
+#include "browser/grid/NoteRows.h"
 #include "browser/grid/note_columns.h"
 #include "browser/grid/note_grid_commands.h"
 #include "browser/grid/note_grid_menu.h"
-#include "browser/grid/note_rows.h"
 #include "controls/BusyPointer.h"
 #include "controls/gridview/vbalGrid.h"
 #include "controls/menuview/NVPopupMenu.h"
@@ -318,6 +318,16 @@ int NoteGrid::SelectedRows() const
     for (int row = 1; row <= m_grid->Rows(); ++row)
         count += m_grid->CellSelected(row, kColumnTitle) ? 1 : 0;
     return count;
+}
+
+QStringList NoteGrid::selectedCells(int Col) const
+{
+    QStringList texts;
+    for (int row = 1; row <= m_grid->Rows(); ++row) {
+        if (m_grid->CellSelected(row, kColumnTitle))
+            texts.append(GetCelText(row, Col));
+    }
+    return texts;
 }
 
 bool NoteGrid::CellSelected(int Row, int Col) const

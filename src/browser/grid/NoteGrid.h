@@ -54,6 +54,8 @@ public:
     /// Number of rows that are marked as selected.
     int SelectedRows() const;
     bool CellSelected(int Row, int Col) const;
+    /// The texts of a column in those rows.
+    QStringList selectedCells(int Col) const;
     /// A cell's text; empty when there is no such cell.
     QString GetCelText(int Row, int Col) const;
 

@@ -136,8 +136,7 @@ void NoteGrid::openLocation(const QString &location)
     try {
         OpenLocation(m_services.shell, location);
     } catch (const RuntimeError &error) {
-        m_services.edit.prompts.messageBox(error.description(), Prompts::kExclamation,
-                                           kApplicationTitle.toString());
+        tell(m_services.edit.prompts, error.description());
     }
 }
 

@@ -1,10 +1,10 @@
 #include "browser/grid/note_grid_commands.h"
 
 #include "browser/grid/NoteGrid.h"
+#include "browser/grid/NoteRows.h"
 #include "browser/grid/note_columns.h"
 #include "browser/grid/note_grid_menu.h"
 #include "browser/grid/note_row_texts.h"
-#include "browser/grid/note_rows.h"
 #include "controls/BusyPointer.h"
 #include "controls/gridview/vbalGrid.h"
 #include "platform/EventLoop.h"
@@ -17,6 +17,7 @@
 #include "shell/Forms.h"
 #include "shell/internal_error.h"
 #include "store/NoteStore.h"
+#include "store/note_row.h"
 #include "watcher/NoteViews.h"
 #include "watcher/StickyNote.h"
 #include "watcher/WatchSettings.h"
@@ -86,8 +87,6 @@ public:
 
 private:
     QString cell(int column) const { return m_list->GetCelText(m_row, column); }
-    /// The texts of a column in the rows that are marked as selected.
-    QStringList selectedCells(int column) const;
     bool ask(const QString &question, const QString &title, int icon)
     {
         return m_services.edit.prompts.messageBox(question, Prompts::kYesNo | icon, title) == Prompts::kYes;
@@ -111,16 +110,6 @@ private:
     const int m_selected;
 };
 
-QStringList NoteGridCommand::selectedCells(int column) const
-{
-    QStringList texts;
-    for (int row = 1; row <= m_list->Rows(); ++row) {
-        if (m_list->CellSelected(row, kColumnTitle))
-            texts.append(m_list->GetCelText(row, column));
-    }
-    return texts;
-}
-
 void NoteGridCommand::openLocations()
 {
     if (m_selected >= 2)
@@ -133,7 +122,7 @@ void NoteGridCommand::openSeveral()
 {
     // What the user agrees to is what is selected now: a note that saves itself behind the question or on
     // the way has the list read anew, and then only one row is selected.
-    const QStringList locations = selectedCells(kColumnLocation);
+    const QStringList locations = m_list->selectedCells(kColumnLocation);
     if (!ask(NoteGrid::tr("You are going to open multiple windows and/or programs. Do you want to continue?"),
              NoteGrid::tr("Open Multiple Windows/Programs"), Prompts::kQuestion))
         return;
@@ -153,12 +142,7 @@ void NoteGridCommand::openSeveral()
 
 void NoteGridCommand::toggleActive()
 {
-    const auto note = m_services.store.database()
-                          ? m_services.store.database()->openRecordset(
-                                QStringLiteral("select ID,ACTIVE from Memos Where ID=") + m_id)
-                          : nullptr;
-    if (!note)
-        return;
+    const auto note = openNoteRow(m_services.store, m_id.toInt(), QStringLiteral("ID,ACTIVE"));
     const QString active = QStringLiteral("ACTIVE");
     note->edit();
     const bool isActive = !note->field(active).toBool();
@@ -209,7 +193,7 @@ void NoteGridCommand::deleteNotes()
 void NoteGridCommand::deleteSeveral()
 {
     // Those that the question is about: see openSeveral().
-    const QStringList ids = selectedCells(kColumnID);
+    const QStringList ids = m_list->selectedCells(kColumnID);
     if (!ask(NoteGrid::tr("Are you sure you want to delete %1 notes?").arg(m_selected),
              NoteGrid::tr("Delete Notes"), Prompts::kExclamation))
         return;
@@ -246,8 +230,7 @@ void NoteGridCommand::saveAs()
     Prompts &prompts = m_services.edit.prompts;
     const QString body = m_services.store.bodyFile(m_id.toInt());
     if (!files.exists(body)) {
-        prompts.messageBox(NoteGrid::tr("Note is empty. There is nothing to save!"), Prompts::kExclamation,
-                           kApplicationTitle.toString());
+        tell(prompts, NoteGrid::tr("Note is empty. There is nothing to save!"));
         return;
     }
     const QString path =

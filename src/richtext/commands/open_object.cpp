@@ -11,13 +11,8 @@
 namespace norvane {
 namespace {
 
-void tell(Prompts &prompts, const QString &text)
-{
-    prompts.messageBox(text, Prompts::kExclamation, kApplicationTitle.toString());
-}
-
 /// Whether the user wants it opened.
-bool ask(Prompts &prompts, const QString &name, bool isProgram)
+bool askToOpen(Prompts &prompts, const QString &name, bool isProgram)
 {
     const QString warning = QStringLiteral(
         "'%1' is a program, or a file that runs one.\n\nA program that came with a document can damage or "
@@ -26,8 +21,7 @@ bool ask(Prompts &prompts, const QString &name, bool isProgram)
     const QString question = QStringLiteral(
         "Do you want to open '%1' with its program?\n\nIt opens as a copy: changes to it are not kept here.");
     const int icon = isProgram ? Prompts::kExclamation : Prompts::kQuestion;
-    return prompts.messageBox((isProgram ? warning : question).arg(name), Prompts::kYesNo | icon,
-                              kApplicationTitle.toString()) == Prompts::kYes;
+    return ask(prompts, (isProgram ? warning : question).arg(name), icon);
 }
 
 QString nameOf(const rtf::PackagedFile &file)
@@ -56,7 +50,7 @@ void openObject(const rtf::EmbeddedObject &object, Shell &shell, Prompts &prompt
     try {
         const QString path = files.add(nameOf(*file), file->bytes);
         const QString name = safeFileName(path);
-        if (!ask(prompts, name, shell.runsProgram(path))) {
+        if (!askToOpen(prompts, name, shell.runsProgram(path))) {
             files.remove(path);
             return;
         }

@@ -15,8 +15,7 @@ void openLink(const QString &address, Shell &shell, Prompts &prompts)
     if (isFile && shell.runsProgram(address)) {
         const QString question =
             QStringLiteral("'%1' is a program. Are you sure you want to run it?").arg(address);
-        if (prompts.messageBox(question, Prompts::kYesNo | Prompts::kQuestion,
-                               kApplicationTitle.toString()) != Prompts::kYes)
+        if (!ask(prompts, question, Prompts::kQuestion))
             return;
     }
     shell.open(address);

@@ -133,10 +133,8 @@ void StartUp::avoidLockedDatabase()
 {
     if (!DatabaseIsLocked(m_state.store.engine(), databaseFileIn(m_state.store.DatabaseFolder)))
         return;
-    m_parts.prompts.messageBox(
-        QStringLiteral("The target Norvane database is not available or locked by another "
-                       "user. Default database will be used."),
-        Prompts::kExclamation, kApplicationTitle.toString());
+    tell(m_parts.prompts, QStringLiteral("The target Norvane database is not available or locked by another "
+                                         "user. Default database will be used."));
     m_state.store.DatabaseFolder = defaultFolder();
 }
 

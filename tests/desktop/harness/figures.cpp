@@ -213,10 +213,10 @@ private:
             m_x.press(QString::number(1 + turn % 2));
             if (timeUntil([&] { return m_x.title(window).startsWith(title); }) < 0)
                 return failed("the browser did not turn the page");
-            if (turn < 2) {
-                pass(1500);
-                m_x.press(QStringLiteral("ctrl+alt+a"));
-            }
+            // The pages get their notes at their first turn, when the browser is ready to tell of them.
+            if (turn < 2 && (!waitFor([&] { return m_norvane.noteOn(window) == 0; }) ||
+                             m_norvane.attach(window) == 0))
+                return failed("a page took no note");
             const double time =
                 timeUntil([&] { return m_norvane.noteOn(window) != note && m_norvane.noteOn(window) != 0; });
             if (time < 0)

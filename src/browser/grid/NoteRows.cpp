@@ -1,4 +1,4 @@
-#include "browser/grid/note_rows.h"
+#include "browser/grid/NoteRows.h"
 
 #include "browser/grid/note_columns.h"
 #include "controls/gridview/vbalGrid.h"
