@@ -186,8 +186,8 @@ TEST_F(Search, thatTakesLongCanBeStopped)
     find(u"cat"_s);
     // So many are read in several pieces, however fast the machine is.
     const QString more = u"with recursive n(i) as (select 1 union all select i + 1 from n where i < 6000) "
-                         "insert into Memos(WindowName, DateCreated, LastUpdate) select 'w', DateCreated, "
-                         "LastUpdate from n join Memos on ID = %1"_s.arg(first);
+                         "insert into Memos(WindowName, CAT_ID, DateCreated, LastUpdate) select 'w', 0, "
+                         "DateCreated, LastUpdate from n join Memos on ID = %1"_s.arg(first);
     ASSERT_EQ(QProcess::execute(u"sqlite3"_s, {store.DatabaseFile, more}), 0);
 
     auto *stop = part<QPushButton>(u"cmdStop"_s);
