@@ -1,5 +1,6 @@
 #include "app/NoteWindows.h"
 
+#include "app/ProgramOptions.h"
 #include "browser/BrowserServices.h"
 #include "browser/dialogs/frmNewNote.h"
 #include "browser/dialogs/frmProperty.h"
@@ -26,7 +27,8 @@ QWidget *activeWindow()
 
 bool NoteWindows::has(View view) const
 {
-    return view == View::Properties || view == View::OpenNote || view == View::Search;
+    return view == View::Categories || view == View::Properties || view == View::OpenNote ||
+           view == View::Search;
 }
 
 void NoteWindows::showNewNote()
@@ -56,6 +58,16 @@ void NoteWindows::ShowPropertyPage(NoteGrid &rows)
 void NoteWindows::showSearch(std::optional<int> category)
 {
     ShowSearch(m_services, category);
+}
+
+void NoteWindows::showCategories()
+{
+    m_options.show(frmSetting::kCategories);
+}
+
+QStringList NoteWindows::chooseCategories()
+{
+    return m_options.chooseCategories();
 }
 
 void NoteWindows::showOpenNote(NV_RTFEdit &RTFObj, const QString &caption)

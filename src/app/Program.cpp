@@ -24,6 +24,7 @@ namespace {
 
 /// Commands of the tray that can be used now; the others wait for their windows.
 const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_Search"),
+                                  QStringLiteral("mnu_Settings"),
                                   QStringLiteral("mnu_exit")};
 
 constexpr int kLongNoticeMs = 10000;
@@ -93,7 +94,7 @@ Program::Program()
                                              .printing = m_backends.printing,
                                              .clock = m_backends.clock,
                                              .state = m_state.edit}),
-      m_views(m_windows), m_noteWindows(m_browser, m_rescue, m_windows),
+      m_views(m_windows), m_noteWindows(m_browser, m_rescue, m_windows, m_options),
       m_browser({.store = m_state.store,
                  .forms = m_state.forms,
                  .settings = m_backends.settings,
@@ -113,6 +114,8 @@ Program::Program()
                  .trayHost = m_backends.trayHost,
                  .hotKeys = m_hotKeys,
                  .version = QVersionNumber::fromString(QCoreApplication::applicationVersion())}),
+      m_options(m_state, m_browser, m_hotKeys, m_windows,
+                [this] { QMetaObject::invokeMethod(this, &Program::end, Qt::QueuedConnection); }),
       m_rescue(m_state.store, m_backends.files, m_backends.clock, m_backends.notifier,
                [this](const QString &text) { m_windows.showNotice(text, kLongNoticeMs); }),
       m_menuImages(sharedMenuImages()), m_shutDown({.store = m_state.store,
@@ -205,10 +208,15 @@ void Program::connectWindows()
                 end();
         },
         Qt::QueuedConnection);
-    connect(&m_windows, &ShellForms::commandTriggered, this, [this](const QString &name) {
-        if (name == u"SEARCH" || name == u"mnu_Search")
-            m_noteWindows.showSearch({});
-    });
+    connect(
+        &m_windows, &ShellForms::commandTriggered, this,
+        [this](const QString &name) {
+            if (name == u"SEARCH" || name == u"mnu_Search")
+                m_noteWindows.showSearch({});
+            else if (name == u"SETTINGS" || name == u"mnu_Settings")
+                m_options.show(frmSetting::kAbout);
+        },
+        Qt::QueuedConnection); // the menu or button that it comes from is done with it first
     connect(&m_windows, &ShellForms::openPageRequested, this, &Program::openPage);
     connect(&m_backends.hotKeys, &HotKeys::pressed, this,
             [this, owner = m_windows.browser()->hWnd()](WindowHandle window, int id) {

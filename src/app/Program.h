@@ -2,6 +2,7 @@
 
 #include "app/Backends.h"
 #include "app/NoteWindows.h"
+#include "app/ProgramOptions.h"
 #include "app/ProgramViews.h"
 #include "browser/BrowserServices.h"
 #include "controls/menuview/menu_images.h"
@@ -75,6 +76,7 @@ private:
     NoteWindows m_noteWindows;
     BrowserServices m_browser;
     ShellForms m_windows;
+    ProgramOptions m_options;
     NoteRescue m_rescue;
     IconList m_menuImages;
     ShutDown m_shutDown;

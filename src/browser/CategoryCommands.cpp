@@ -32,14 +32,55 @@ bool CategoryCommands::addNew()
         m_prompts.inputBox(text("New Category Name:"), text("Add New Category"), text("New Category"));
     if (name.trimmed().isEmpty())
         return false;
-    dao::Recordset &categories = openCategories(m_store);
     // A quote in the name ends the condition: no category can be asked for by such a name.
-    categories.findFirst(QStringLiteral("Name=\"") + name + u'"');
-    if (!categories.noMatch()) {
+    if (isThere(QStringLiteral("Name=\"") + name + u'"')) {
         tell(m_prompts, text("Category already exist. Please use a different name and try again."));
         return false;
     }
-    categories.addNew();
+    write(name, true);
+    openCategories(m_store).requery();
+    return true;
+}
+
+bool CategoryCommands::addAll(const QStringList &names)
+{
+    for (const QString &name : names) {
+        if (!isThere(QStringLiteral("Name=\"") + name + u'"'))
+            write(name, true);
+    }
+    if (!names.isEmpty())
+        openCategories(m_store).requery();
+    return !names.isEmpty();
+}
+
+bool CategoryCommands::rename(int ID, const QString &name)
+{
+    if (isThere(QStringLiteral("Name='") + name + u'\'')) {
+        tell(m_prompts, text("Category already exist. Please use a different name and try again."));
+        return false;
+    }
+    if (!isThere(QStringLiteral("ID=") + QString::number(ID)))
+        return false;
+    write(name, false);
+    openCategories(m_store).requery();
+    return true;
+}
+
+bool CategoryCommands::isThere(const QString &condition)
+{
+    dao::Recordset &categories = openCategories(m_store);
+    categories.findFirst(condition);
+    return !categories.noMatch();
+}
+
+/// Names a new category, or the current one.
+void CategoryCommands::write(const QString &name, bool isNew)
+{
+    dao::Recordset &categories = openCategories(m_store);
+    if (isNew)
+        categories.addNew();
+    else
+        categories.edit();
     try {
         categories.setField(QStringLiteral("Name"), name);
         categories.update();
@@ -47,8 +88,6 @@ bool CategoryCommands::addNew()
         categories.cancelUpdate();
         throw;
     }
-    categories.requery();
-    return true;
 }
 
 bool CategoryCommands::remove(int ID)

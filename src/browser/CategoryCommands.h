@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 namespace norvane {
 
 class NoteStore;
 class Prompts;
 
-/// Adds and removes categories as the category bar's menu asks for it. What stands in the way is told;
+/// Adds, renames and removes categories, for the category bar's menu and the Options window. What stands in the way is told;
 /// errors of the engine are raised.
 class CategoryCommands
 {
@@ -17,10 +17,17 @@ public:
 
     /// Asks for a name and adds a category of it. @return whether there is a new one
     bool addNew();
+    /// Adds those that are not there yet, without a word on the others. @return whether any was asked for
+    bool addAll(const QStringList &names);
+    /// Gives a category another name, unless one has it: itself, too. @return whether it has it now
+    bool rename(int ID, const QString &name);
     /// Removes a category that no note has. @return whether it is gone
     bool remove(int ID);
 
 private:
+    bool isThere(const QString &condition);
+    void write(const QString &name, bool isNew);
+
     const NoteStore &m_store;
     Prompts &m_prompts;
 };

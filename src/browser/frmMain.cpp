@@ -140,6 +140,14 @@ void frmMain::connectParts()
     m_strip->setAvailable(QStringLiteral("ARButton9"), views.has(View::Mail));
 
     m_categoryMenu.select = [this](int filter) { m_categoryBar->selectFilter(filter); };
+    if (views.has(View::Categories)) {
+        m_categoryMenu.addFromList = [this] {
+            categoryCommand([this] {
+                if (m_categories.addAll(m_services.views.chooseCategories()))
+                    Refresh_tbCAT();
+            });
+        };
+    }
     m_categoryMenu.addNew = [this] {
         categoryCommand([this] {
             if (m_categories.addNew())
@@ -340,6 +348,21 @@ void frmMain::resizeEvent(QResizeEvent *event)
 void frmMain::Refresh_tbCAT()
 {
     m_categoryBar->setTabs(categoryTabs(readCategories(m_services.store)));
+}
+
+void frmMain::setShowCategoryBar(bool shown)
+{
+    m_grid->FilterCategory = 0;
+    m_grid->FilterCategoryText = QStringLiteral(" All Categories");
+    m_grid->setShowCategoryBar(shown);
+    m_categoryBar->setVisible(shown);
+    m_categoryBar->selectFilter(0);
+    showRow();
+}
+
+void frmMain::followDatabase()
+{
+    m_grid->setGridDB(m_services.store.database());
 }
 
 int frmMain::categoryTabCount() const

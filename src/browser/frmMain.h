@@ -55,6 +55,10 @@ public:
 
     /// Fills the category bar from the categories as they are now.
     void Refresh_tbCAT();
+    /// Shows or hides the category bar and the list's category caption, and shows all categories.
+    void setShowCategoryBar(bool shown);
+    /// Shows the notes of the database that is open now, or none.
+    void followDatabase();
     int categoryTabCount() const;
     /// @param number from 1; another number than that of a tab changes nothing
     void selectCategoryTab(int number);

@@ -19,10 +19,29 @@ bool HotKeyModel::RegHotKey(WindowHandle hWnd, int Modifiers, int Key)
     return m_hotKeys.registerHotKey(hWnd, m_count, Modifiers, Key);
 }
 
-void HotKeyModel::registerAll(WindowHandle hWnd)
+QVector<HotKeyId> HotKeyModel::registerAll(WindowHandle hWnd)
 {
-    for (const HotKeyDescription &description : HotKeyRecords::descriptions())
-        RegHotKey(hWnd, records[description.id].modifiers, records[description.id].key);
+    QVector<HotKeyId> refused;
+    for (const HotKeyDescription &description : HotKeyRecords::descriptions()) {
+        const HotKeyRecord &record = records[description.id];
+        if (!RegHotKey(hWnd, record.modifiers, record.key) && record.key != 0)
+            refused.append(description.id);
+    }
+    return refused;
+}
+
+bool HotKeyModel::isFree(WindowHandle hWnd, const HotKeyRecord &record)
+{
+    const int id = m_count + 1;
+    if (!m_hotKeys.registerHotKey(hWnd, id, record.modifiers, record.key))
+        return false;
+    m_hotKeys.unregisterHotKey(hWnd, id);
+    return true;
+}
+
+int HotKeyModel::keyOf(quint32 scanCode)
+{
+    return m_hotKeys.keyOf(scanCode);
 }
 
 void HotKeyModel::UnregisterHotKeys(WindowHandle hWnd)

@@ -3,6 +3,8 @@
 #include "options/HotKeyRecords.h"
 #include "platform/WindowHandle.h"
 
+#include <QVector>
+
 namespace norvane {
 
 class HotKeys;
@@ -29,7 +31,12 @@ public:
     bool RegHotKey(WindowHandle hWnd, int Modifiers, int Key);
     /// Registers the six records, ids 1 to 6 if none is registered yet. A combination that cannot be
     /// had is dead without a word.
-    void registerAll(WindowHandle hWnd);
+    /// @return those that could not be had; records without a key are none of them
+    QVector<HotKeyId> registerAll(WindowHandle hWnd);
+    /// Whether the system would give the combination now: it is registered and let go at once.
+    bool isFree(WindowHandle hWnd, const HotKeyRecord &record);
+    /// The virtual key code of a key of the keyboard, by the scan code of its events; 0 for one without.
+    int keyOf(quint32 scanCode);
     /// Withdraws all; the next id is 1 again.
     void UnregisterHotKeys(WindowHandle hWnd);
 

@@ -23,6 +23,9 @@ public:
     virtual bool registerHotKey(WindowHandle owner, int id, int modifiers, int key) = 0;
     /// @return false when the owner has no key of that id
     virtual bool unregisterHotKey(WindowHandle owner, int id) = 0;
+    /// The virtual key code by which registerHotKey() means a key of the keyboard; 0 for a key without one.
+    /// @param scanCode as the events of the toolkit's windows have it
+    virtual int keyOf(quint32 scanCode) = 0;
 
 signals:
     void pressed(norvane::WindowHandle owner, int id);

@@ -44,6 +44,11 @@ public:
     /// one first. By the text alone, too.
     virtual QStringList iconNames(const QString &path) const = 0;
 
+    /// Whether the desktop starts the program when the user's session begins.
+    virtual bool startsWithSession() const = 0;
+    /// Makes the desktop do so, by the program that runs now, or no longer. Raises 75, 76 or 3026.
+    virtual void setStartsWithSession(bool starts) = 0;
+
     /// The folder that the program keeps its data in; native, no separator at the end.
     virtual QString programFolder() const = 0;
 };

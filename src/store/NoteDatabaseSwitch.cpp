@@ -46,11 +46,16 @@ void NoteDatabaseSwitch::open(const QString &path)
 void NoteDatabaseSwitch::CloseNoteDatabase()
 {
     unloadForms({QStringLiteral("frmSticky"), QStringLiteral("frmOpen")});
+    closeAndCompact();
+    m_frame.unload();
+}
+
+void NoteDatabaseSwitch::closeAndCompact()
+{
     m_store.close();
     if (m_store.CompactOnExit)
         CompactNoteDatabase(m_store.engine(), m_store.files(), m_store.DatabaseFile, m_store.programFolder,
                             m_store.DatabasePassword);
-    m_frame.unload();
 }
 
 void NoteDatabaseSwitch::UnloadDatabaseForms()

@@ -37,6 +37,9 @@ public:
     /// Unloads the notes, closes the database, compacts it if that is wanted, unloads the frame.
     void CloseNoteDatabase();
 
+    /// Closes the database and compacts it if that is wanted; its place and password stay in the store.
+    void closeAndCompact();
+
     /// Unloads all windows that hold on to the open database.
     void UnloadDatabaseForms();
 

@@ -3,12 +3,12 @@
 #include "platform/EventLoop.h"
 #include "platform/FileSystem.h"
 #include "platform/Prompts.h"
-#include "platform/RuntimeError.h"
 #include "shell/internal_error.h"
 #include "shell/path_rules.h"
 #include "store/NoteStore.h"
 #include "store/note_database.h"
 #include "store/note_schema.h"
+#include "store/offer_new_database.h"
 
 namespace norvane {
 
@@ -32,8 +32,8 @@ PasswordDialogModel::Next PasswordDialogModel::Command1_Click(const QString &tex
         return Next::SelectText;
     }
     m_password = text;
-    m_store.DatabasePassword = text;
-    takeDatabase();
+    if (m_isOther)
+        takeDatabase();
     m_events.yield();
     return Next::Hide;
 }
@@ -54,13 +54,10 @@ PasswordDialogModel::Next PasswordDialogModel::Command3_Click()
 PasswordDialogModel::Next PasswordDialogModel::choose(const QString &folder)
 {
     const QString path = databaseFileIn(folder);
-    if (!m_store.files().exists(path)) {
-        const QString question =
-            QStringLiteral("Norvane database not found. Do you want to create a new database?");
-        if (!ask(m_prompts, question, Prompts::kQuestion) || !create(path))
-            return Next::Stay;
-    }
+    if (!m_store.files().exists(path) && !offerNewDatabase(m_store, m_prompts, path))
+        return Next::Stay;
     m_path = path;
+    m_isOther = true;
     m_found = whatIsInFile(m_store.engine(), m_store.files(), path);
     if (DatabaseHasPassword(m_store.engine(), path))
         return Next::FocusText;
@@ -72,19 +69,6 @@ void PasswordDialogModel::takeDatabase()
 {
     m_store.DatabaseFolder = folderOf(m_path);
     m_store.DatabaseFile = m_path;
-}
-
-bool PasswordDialogModel::create(const QString &path)
-{
-    try {
-        makeNoteDatabase(m_store.engine(), m_store.files(), path);
-        return true;
-    } catch (const RuntimeError &error) {
-        m_prompts.messageBox(
-            QStringLiteral("The database could not be created.\n%1").arg(error.description()),
-            Prompts::kCritical, kApplicationTitle.toString());
-        return false;
-    }
 }
 
 } // namespace norvane

@@ -13,7 +13,8 @@ class Prompts;
 /// What the password dialog `frmPassword` does, apart from its window.
 ///
 /// It comes up for every file that does not open without a password, and so for files that are no
-/// databases too: explanation() tells the user which it is.
+/// databases too: explanation() tells the user which it is. The caller takes the password; the store is
+/// touched only where another database is chosen in the dialog: that one becomes the store's.
 class PasswordDialogModel
 {
 public:
@@ -50,12 +51,12 @@ public:
 private:
     Next choose(const QString &folder);
     void takeDatabase();
-    bool create(const QString &path);
 
     NoteStore &m_store;
     Prompts &m_prompts;
     EventLoop &m_events;
     QString m_path;
+    bool m_isOther = false; ///< chosen by "&Select Database"
     FoundInFile m_found;
     QString m_password;
 };

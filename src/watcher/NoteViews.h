@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <optional>
 
 namespace norvane {
@@ -34,6 +34,9 @@ public:
     virtual void showSearch(std::optional<int> category) = 0;
     /// Shows where categories are kept, and waits for its end.
     virtual void showCategories() = 0;
+    /// Shows the dialog with the proposed categories, and waits for its end.
+    /// @return the chosen names; none when it was cancelled
+    virtual QStringList chooseCategories() = 0;
 
     /// Hands a note over to be sent by mail, as it is stored.
     virtual void SendNorvane(int ID) = 0;

@@ -116,9 +116,30 @@ void CTaskList::Refresh()
 
     dropDeadRows();
     for (const WindowHandle window : m_windows.topLevelWindows()) {
-        if (counts(window) && m_lookup.IsTrackedClass(m_windows.className(window).left(kLongestClass)))
+        if (counts(window) && isTracked(window))
             update(window);
     }
+}
+
+QVector<WindowHandle> CTaskList::followTrackedClasses()
+{
+    QVector<WindowHandle> dropped;
+    for (int i = 0; i < m_count; ++i) {
+        if (isTracked(m_rows[i].hWnd))
+            continue;
+        dropped.append(m_rows[i].hWnd);
+        m_rows[i] = Row();
+    }
+    compact();
+    m_unfinished = true;
+    return dropped;
+}
+
+QVector<WindowHandle> CTaskList::applicationWindows() const
+{
+    QVector<WindowHandle> found = m_windows.topLevelWindows();
+    found.removeIf([this](WindowHandle window) { return !counts(window); });
+    return found;
 }
 
 const CTaskList::Row *CTaskList::row(int Index) const
@@ -151,6 +172,11 @@ bool CTaskList::counts(WindowHandle hWnd) const
         return (owner == kNoWindow || m_windows.isToolWindow(owner)) && !m_windows.isToolWindow(hWnd);
     return owner == kNoWindow &&
            (!m_windows.isToolWindow(hWnd) || m_windows.className(hWnd) != QStringLiteral("Progman"));
+}
+
+bool CTaskList::isTracked(WindowHandle hWnd) const
+{
+    return m_lookup.IsTrackedClass(m_windows.className(hWnd).left(kLongestClass));
 }
 
 void CTaskList::locationChanged(WindowHandle hWnd)

@@ -63,6 +63,13 @@ public:
     /// that out.
     void Refresh();
 
+    /// Drops the rows of windows whose class is not tracked any more; the next Refresh() adds those that are
+    /// tracked now.
+    /// @return the windows that had a row
+    QVector<WindowHandle> followTrackedClasses();
+    /// All windows that count, in a row or not, from the front to the back.
+    QVector<WindowHandle> applicationWindows() const;
+
     /// Grows whenever a row comes, goes or changes.
     quint64 changeCount() const { return m_changeCount; }
     /// Rows for which there is room.
@@ -91,6 +98,7 @@ private:
     int rowOf(WindowHandle hWnd) const;
     int rowOf(int Index, WindowHandle hWnd) const;
     bool counts(WindowHandle hWnd) const;
+    bool isTracked(WindowHandle hWnd) const;
     void locationChanged(WindowHandle hWnd);
     void dropDeadRows();
     void compact();

@@ -40,6 +40,10 @@ public:
         return registered.remove({owner, id}) > 0;
     }
 
+    /// Keys of the keyboard, by their scan codes.
+    QMap<quint32, int> keys;
+    int keyOf(quint32 scanCode) override { return keys.value(scanCode); }
+
     /// @return false when nobody has registered the combination
     bool press(int modifiers, int key)
     {

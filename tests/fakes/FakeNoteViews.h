@@ -12,6 +12,7 @@ class FakeNoteViews : public NoteViews
 {
 public:
     QStringList opened;
+    QStringList chosenCategories; ///< in the dialog with the proposed ones
     bool isComplete = true;              ///< whether has() is true
     std::function<void()> duringNewNote; ///< while the dialog stands open
 
@@ -34,6 +35,7 @@ public:
                       (category ? QString::number(*category) : QStringLiteral("as chosen")));
     }
     void showCategories() override { opened.append(QStringLiteral("categories")); }
+    QStringList chooseCategories() override { return chosenCategories; }
     void SendNorvane(int ID) override { opened.append(QStringLiteral("mail %1").arg(ID)); }
     void AddToFavorites(const QString &title, const QString &location) override
     {

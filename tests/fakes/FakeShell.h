@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/RuntimeError.h"
 #include "platform/Shell.h"
 
 #include <QHash>
@@ -16,7 +17,9 @@ public:
     QStringList opened;
     QHash<QString, int> openResults; ///< kOpened where a location is not in it
     QHash<QString, QString> typeNames;
-    QStringList programs; ///< the locations that open() would run
+    QStringList programs;      ///< the locations that open() would run
+    bool startsItself = false; ///< with the session
+    int sessionError = 0;      ///< what changing that raises
     QString folder = QStringLiteral("/home/user/.local/share/norvane");
 
     int open(const QString &location) override
@@ -44,6 +47,14 @@ public:
     QStringList iconNames(const QString &path) const override
     {
         return {QStringLiteral("icon-of-") + path.section(u'.', -1).toLower()};
+    }
+
+    bool startsWithSession() const override { return startsItself; }
+    void setStartsWithSession(bool starts) override
+    {
+        if (sessionError)
+            throw RuntimeError(sessionError, QStringLiteral("The entry cannot be written."));
+        startsItself = starts;
     }
 
     QString programFolder() const override { return folder; }

@@ -1,8 +1,10 @@
 #include "platform/linux/LinuxShell.h"
 
 #include "platform/linux/DesktopAssociations.h"
+#include "platform/linux/PosixFileSystem.h"
 #include "platform/linux/type_names.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -10,6 +12,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
+#include <algorithm>
 #include <cerrno>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -17,6 +20,9 @@
 namespace norvane {
 
 namespace {
+
+/// Bytes of an entry of the session's start that are looked at.
+constexpr qint64 kLongestEntry = 65536;
 
 /// Starts a program that lives on by itself, in the home folder and with its output nowhere.
 bool start(const QString &program, const QStringList &arguments)
@@ -71,6 +77,29 @@ bool isProgram(const QString &path)
     if (type == applicationTypeName())
         return true;
     return type == fileTypeName() && ::access(QFile::encodeName(path).constData(), X_OK) == 0;
+}
+
+/// A desktop entry that runs a program without arguments.
+QByteArray sessionEntryFor(const QString &program)
+{
+    // In quotes, within which four characters are escaped; then as a value, in which a backslash is; and a
+    // percent sign would be a field.
+    QString command;
+    for (const QChar unit : program) {
+        if (QStringView(u"\"`$\\").contains(unit))
+            command += u'\\';
+        command += unit;
+    }
+    command.replace(u'\\', QStringLiteral("\\\\")).replace(u'%', QStringLiteral("%%"));
+    return QStringLiteral("[Desktop Entry]\n"
+                          "Type=Application\n"
+                          "Name=Norvane\n"
+                          "Comment=Notes that appear in the windows they belong to\n"
+                          "Exec=\"%1\"\n"
+                          "Icon=norvane\n"
+                          "Terminal=false\n")
+        .arg(command)
+        .toUtf8();
 }
 
 } // namespace
@@ -132,6 +161,34 @@ QString LinuxShell::programFolder() const
     const QString folder = m_folders.programFolder();
     makeFolderWithParents(folder);
     return folder;
+}
+
+QString LinuxShell::sessionEntry() const
+{
+    return m_folders.autostartFolder() + QStringLiteral("/norvane.desktop");
+}
+
+bool LinuxShell::startsWithSession() const
+{
+    QFile entry(sessionEntry());
+    if (!entry.open(QIODevice::ReadOnly))
+        return false;
+    const QList<QByteArray> lines = entry.read(kLongestEntry).split('\n');
+    return std::none_of(lines.begin(), lines.end(), [](const QByteArray &line) {
+        const QByteArray plain = line.simplified().replace(" = ", "=").toLower();
+        return plain == "hidden=true" || plain == "x-gnome-autostart-enabled=false";
+    });
+}
+
+void LinuxShell::setStartsWithSession(bool starts)
+{
+    PosixFileSystem files;
+    if (starts) {
+        makeFolderWithParents(m_folders.autostartFolder());
+        files.write(sessionEntry(), sessionEntryFor(QCoreApplication::applicationFilePath()));
+    } else if (files.exists(sessionEntry())) {
+        files.remove(sessionEntry());
+    }
 }
 
 int LinuxShell::openAddress(const QString &address) const

@@ -23,6 +23,10 @@ public:
     QString typeName(const QString &path) const override;
     QString typeKey(const QString &path) const override;
     QStringList iconNames(const QString &path) const override;
+    /// An entry of $XDG_CONFIG_HOME/autostart; one that the desktop's own settings have switched off counts
+    /// as none.
+    bool startsWithSession() const override;
+    void setStartsWithSession(bool starts) override;
     /// $XDG_DATA_HOME/norvane; made, with its parents, where it does not exist.
     QString programFolder() const override;
 
@@ -30,6 +34,7 @@ private:
     int openAddress(const QString &address) const;
     int openPath(const QString &path) const;
     int openByName(const QString &name) const;
+    QString sessionEntry() const;
 
     SessionFolders m_folders;
 };

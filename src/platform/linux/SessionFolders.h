@@ -16,6 +16,7 @@ struct SessionFolders
     static SessionFolders fromEnvironment();
 
     QString settingsFile() const { return config + QStringLiteral("/norvane/norvane.conf"); }
+    QString autostartFolder() const { return config + QStringLiteral("/autostart"); }
     QString programFolder() const { return data + QStringLiteral("/norvane"); }
 };
 

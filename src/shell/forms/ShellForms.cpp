@@ -67,6 +67,7 @@ WindowHandle ShellForms::loadFrame()
     form->setCommandEnabled(QStringLiteral("SEARCH"), m_services.views.has(NoteViews::View::Search));
     connect(form, &mdiMain::shutDownRequested, this, &ShellForms::shutDownRequested);
     connect(form, &mdiMain::commandTriggered, this, &ShellForms::toolBarCommand);
+    form->setCommandEnabled(QStringLiteral("SETTINGS"), true);
     connect(form, &mdiMain::activated, this, [this] {
         if (frmMain *child = browser())
             child->showRow();

@@ -71,6 +71,26 @@ bool X11HotKeys::unregisterHotKey(WindowHandle owner, int id)
     return true;
 }
 
+int X11HotKeys::keyOf(quint32 scanCode)
+{
+    constexpr int kLastVirtualKey = 0xFF;
+    if (!isConnected() || scanCode == 0)
+        return 0;
+    queueEvents();
+    if (m_keyboardChanged)
+        followKeyboard();
+    int fallback = 0; // a key that stands in for one that this keyboard lacks
+    for (int key = 1; m_keyboard && key <= kLastVirtualKey; ++key) {
+        const QVector<std::uint32_t> symbols = keySymbolsOf(key);
+        if (symbols.isEmpty() || m_keyboard->keyOf(symbols) != scanCode)
+            continue;
+        if (m_keyboard->keyOf(symbols.first(1)) == scanCode)
+            return key;
+        fallback = fallback == 0 ? key : fallback;
+    }
+    return fallback;
+}
+
 /// Looks before anything is written: writing to a server that has gone may end the process.
 bool X11HotKeys::isConnected()
 {

@@ -31,6 +31,7 @@ public:
 
     bool registerHotKey(WindowHandle owner, int id, int modifiers, int key) override;
     bool unregisterHotKey(WindowHandle owner, int id) override;
+    int keyOf(quint32 scanCode) override;
 
 private:
     using Owner = std::pair<WindowHandle, int>; ///< window and id

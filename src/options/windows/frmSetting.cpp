@@ -1,0 +1,194 @@
+#include "options/windows/frmSetting.h"
+
+#include "browser/editor/note_editors.h"
+#include "options/HotKeyModel.h"
+#include "options/settings/OptionsHost.h"
+#include "options/settings/SettingsChange.h"
+#include "options/windows/AboutPage.h"
+#include "options/windows/CategoryPage.h"
+#include "options/windows/DatabasePage.h"
+#include "options/windows/HotKeyPage.h"
+#include "options/windows/OptionsServices.h"
+#include "options/windows/ProgramsPage.h"
+#include "richtext/EditServices.h"
+#include "shell/windows/form_icon.h"
+#include "shell/windows/frmPassword.h"
+
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace norvane {
+
+namespace {
+
+QPushButton *button(const QString &name, const QString &text)
+{
+    auto *result = new QPushButton(text);
+    result->setObjectName(name);
+    return result;
+}
+
+/// The hot keys are withdrawn before any page looks at them.
+WindowHandle withdrawHotKeys(const OptionsServices &services)
+{
+    const WindowHandle owner = services.host.hotKeyOwner();
+    services.hotKeys.UnregisterHotKeys(owner);
+    return owner;
+}
+
+} // namespace
+
+void frmSetting::ShowOptions(const OptionsServices &services, Page page, QWidget *parent)
+{
+    const QVector<Form *> loaded = services.browser.forms.named(QStringLiteral("frmSetting"));
+    if (!loaded.isEmpty()) {
+        auto *form = dynamic_cast<frmSetting *>(loaded.constFirst());
+        form->raise();
+        form->activateWindow();
+        return;
+    }
+    auto *form = new frmSetting(services, parent);
+    form->showPage(page);
+    form->exec();
+}
+
+frmSetting::frmSetting(const OptionsServices &services, QWidget *parent)
+    : QDialog(parent), m_services(services), m_hotKeyOwner(withdrawHotKeys(services)),
+      m_pause(services.browser.timer), m_tabs(new QTabWidget), m_database(new DatabasePage(services)),
+      m_categories(new CategoryPage(services)), m_hotKeys(new HotKeyPage(services.hotKeys, m_hotKeyOwner)),
+      m_ok(button(QStringLiteral("cmdOK"), tr("&OK"))),
+      m_apply(button(QStringLiteral("cmdApply"), tr("&Apply"))),
+      m_close(button(QStringLiteral("Command3"), tr("&Close")))
+{
+    setObjectName(QStringLiteral("frmSetting"));
+    setWindowTitle(tr("Norvane Options"));
+    SetFormIcon(this);
+    arrange();
+    const auto canSave = [this] { SaveMode(1); };
+    connect(m_database, &DatabasePage::changed, this, canSave);
+    connect(m_categories, &CategoryPage::changed, this, canSave);
+    connect(m_hotKeys, &HotKeyPage::changed, this, canSave);
+    connect(m_ok, &QPushButton::clicked, this, [this] {
+        apply();
+        unload();
+    });
+    connect(m_apply, &QPushButton::clicked, this, [this] {
+        if (apply())
+            SaveMode(0);
+        else
+            unload();
+    });
+    connect(m_close, &QPushButton::clicked, this, &frmSetting::reject);
+    m_services.browser.forms.add(this);
+    m_categories->fill();
+    SaveMode(0);
+}
+
+frmSetting::~frmSetting()
+{
+    frmSetting::unload();
+}
+
+void frmSetting::arrange()
+{
+    m_tabs->setObjectName(QStringLiteral("SSTab1"));
+    m_tabs->addTab(m_database, tr("Database"));
+    m_tabs->addTab(m_categories, tr("Note Categories"));
+    m_tabs->addTab(m_hotKeys, tr("Hotkeys"));
+    m_tabs->addTab(
+        new AboutPage(m_services.browser.shell, m_services.browser.edit.prompts, m_services.version),
+        tr("About Norvane"));
+    m_tabs->addTab(new ProgramsPage(m_services), tr("Programs"));
+    showPage(kAbout);
+    m_ok->setDefault(true);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_ok);
+    buttons->addWidget(m_apply);
+    buttons->addWidget(m_close);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_tabs, 1);
+    layout->addLayout(buttons);
+    m_tabs->setFocus();
+}
+
+void frmSetting::showPage(Page page)
+{
+    m_tabs->setCurrentIndex(page);
+}
+
+void frmSetting::SaveMode(int Mode)
+{
+    m_ok->setEnabled(Mode == 1);
+    m_apply->setEnabled(Mode == 1);
+}
+
+bool frmSetting::apply()
+{
+    SettingsChoice choice;
+    m_database->read(choice);
+    m_categories->read(choice);
+    choice.hotKeys = m_hotKeys->chosen();
+    const QPointer<frmSetting> self(this);
+    const BrowserServices &browser = m_services.browser;
+    const auto outcome =
+        ApplySettings({.database = {.store = browser.store,
+                                    .databases = m_services.databases,
+                                    .settings = browser.settings,
+                                    .prompts = browser.edit.prompts,
+                                    .events = browser.events,
+                                    .timer = browser.timer,
+                                    .watch = m_services.watch,
+                                    .askPassword =
+                                        [self, &browser](PasswordDialogModel &model) {
+                                            frmPassword dialog(browser.forms, model, self);
+                                            dialog.setSelectDatabaseVisible(false);
+                                            dialog.exec();
+                                        },
+                                    .editorsMayClose = [&browser] { return EditorsMayClose(browser.forms); }},
+                       .shell = browser.shell,
+                       .watch = m_services.watch,
+                       .hotKeys = m_services.hotKeys,
+                       .host = m_services.host},
+                      choice);
+    if (!self)
+        return false;
+    if (outcome == DatabaseChange::Outcome::Changed) {
+        m_database->showDatabase();
+        m_categories->fill();
+    }
+    return outcome != DatabaseChange::Outcome::Failed;
+}
+
+QString frmSetting::formName() const
+{
+    return QStringLiteral("frmSetting");
+}
+
+WindowHandle frmSetting::hWnd() const
+{
+    return static_cast<WindowHandle>(winId());
+}
+
+void frmSetting::unload()
+{
+    if (m_unloaded)
+        return;
+    m_unloaded = true;
+    const QVector<HotKeyId> refused = m_services.hotKeys.registerAll(m_hotKeyOwner);
+    m_pause.reset();
+    m_services.browser.forms.remove(this);
+    hide();
+    deleteLater();
+    m_services.host.hotKeysRegistered(refused);
+}
+
+void frmSetting::reject()
+{
+    unload();
+}
+
+} // namespace norvane

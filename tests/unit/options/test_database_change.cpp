@@ -1,0 +1,166 @@
+#include "OptionsLogic.h"
+#include "options/settings/PasswordChange.h"
+#include "options/settings/RecentFolders.h"
+
+#include <QFile>
+
+using namespace norvane;
+using namespace norvane::test;
+using Outcome = DatabaseChange::Outcome;
+
+namespace {
+
+const QString kAsk = u"36 Norvane database not found. Do you want to create a new database?"_s;
+const QString kProceed = u"52 Norvane database path has been changed. | Are you sure you want to proceed?"_s;
+
+class ChangingTheDatabase : public testing::Test, protected OptionsLogic
+{
+protected:
+    Outcome change(const QString &folderText, bool asDefault = false)
+    {
+        return DatabaseChange(parts.database).changeTo(folderText, asDefault);
+    }
+    /// Nothing has happened to the open database, to the clock and to the settings.
+    void expectUntouched()
+    {
+        EXPECT_EQ(note(), u"here");
+        EXPECT_EQ(store.DatabaseFolder, folder.path() + u'/');
+        EXPECT_EQ(store.DatabaseFile, databaseFileIn(folder.path() + u'/'));
+        EXPECT_TRUE(store.DatabasePassword.isEmpty());
+        EXPECT_EQ(timer.interval(), watch.WatchInterval);
+        EXPECT_TRUE(settings.values.isEmpty());
+    }
+};
+
+TEST_F(ChangingTheDatabase, MakesAMissingOneAndComesBack)
+{
+    prompts.answers = {Prompts::kYes, Prompts::kYes};
+    EXPECT_EQ(change(otherFolder, true), Outcome::Changed);
+    EXPECT_EQ(boxes(), QStringList({kAsk, kProceed}));
+    EXPECT_EQ(store.database()->path(), otherFile);
+    EXPECT_EQ(note(), QString());
+    EXPECT_EQ(settings.values[u"DB"_s][u"Database"_s], otherFolder);
+    EXPECT_EQ(settings.values[u"DB"_s][u"MRU1"_s], otherFolder);
+    EXPECT_EQ(timer.interval(), watch.WatchInterval);
+    addNote(u"there"_s);
+
+    EXPECT_EQ(change(otherFolder.toUpper()), Outcome::Same);
+    prompts.answers = {Prompts::kYes};
+    EXPECT_EQ(change(folder.path() + u'/'), Outcome::Changed);
+    EXPECT_EQ(note(), u"here");
+    EXPECT_EQ(settings.values[u"DB"_s][u"Database"_s], otherFolder) << "the default stays";
+    EXPECT_EQ(settings.values[u"DB"_s][u"MRU1"_s], folder.path() + u'/');
+}
+
+TEST_F(ChangingTheDatabase, StopsAtEachNoWithTheOldOneOpen)
+{
+    EXPECT_EQ(change(otherFolder), Outcome::Stopped);
+    EXPECT_FALSE(QFile::exists(otherFile));
+    prompts.answers = {Prompts::kYes, Prompts::kNo};
+    EXPECT_EQ(change(otherFolder), Outcome::Declined);
+    prompts.answers = {Prompts::kYes};
+    editorsMayClose = false;
+    EXPECT_EQ(change(otherFolder), Outcome::Stopped);
+    EXPECT_EQ(log.last(), u"editors");
+    expectUntouched();
+}
+
+TEST_F(ChangingTheDatabase, StopsAtAFolderThatWillNotDo)
+{
+    // Gone, and not to be made; of another kind of file system; taken.
+    prompts.answers = {Prompts::kYes};
+    EXPECT_EQ(change(folder.filePath(u"gone/"_s)), Outcome::Stopped);
+    EXPECT_TRUE(boxes().last().startsWith(u"16 The database could not be created."));
+    prompts.answers = {Prompts::kYes};
+    EXPECT_EQ(change(u"/proc/"_s), Outcome::Stopped);
+    EXPECT_TRUE(boxes().last().startsWith(u"16 The database could not be created."));
+
+    makeNoteDatabase(*engine, files, otherFile);
+    {
+        const auto user = engine->workspace(0)->openDatabase(otherFile, false, false, {});
+        EXPECT_EQ(change(otherFolder), Outcome::Stopped);
+        EXPECT_EQ(boxes().last(), u"16 Can not start Norvane database. | Database located in '"_s +
+                                      otherFolder + u"' is currently locked by another user."_s);
+    }
+    // Opens, and is no note database: the program must not end of it.
+    QFile::remove(otherFile);
+    engine->workspace(0)->createDatabase(otherFile, {})->close();
+    prompts.answers = {Prompts::kYes};
+    const Outcome outcome = change(otherFolder);
+    EXPECT_TRUE(outcome == Outcome::Stopped || outcome == Outcome::Changed);
+    EXPECT_FALSE(log.contains(u"program ends"_s));
+    if (outcome == Outcome::Stopped)
+        expectUntouched();
+}
+
+TEST_F(ChangingTheDatabase, NeedsTheRightPassword)
+{
+    makeNoteDatabase(*engine, files, otherFile);
+    setPassword(otherFile, u"sesame"_s);
+    for (const QString &typed : {QString(), u"guess"_s}) {
+        typedPassword = typed;
+        prompts.answers = {Prompts::kYes};
+        EXPECT_EQ(change(otherFolder), Outcome::Stopped);
+        EXPECT_EQ(log.last(), u"password for "_s + otherFile);
+        expectUntouched();
+    }
+    typedPassword = u"sesame"_s;
+    prompts.answers = {Prompts::kYes};
+    EXPECT_EQ(change(otherFolder), Outcome::Changed);
+    EXPECT_EQ(store.DatabasePassword, u"sesame");
+    EXPECT_EQ(store.database()->path(), otherFile);
+
+    prompts.answers = {Prompts::kYes};
+    EXPECT_EQ(change(folder.path() + u'/'), Outcome::Changed);
+    EXPECT_TRUE(store.DatabasePassword.isEmpty());
+    // A file of another kind looks like one with a password that nothing satisfies.
+    files.write(otherFile, "shopping list");
+    prompts.answers = {Prompts::kYes};
+    EXPECT_EQ(change(otherFolder), Outcome::Stopped);
+    EXPECT_EQ(bytesOf(otherFile), "shopping list");
+}
+
+TEST_F(ChangingTheDatabase, LeavesAFolderThatHasVanished)
+{
+    makeNoteDatabase(*engine, files, otherFile);
+    QFile::remove(store.DatabaseFile);
+    prompts.answers = {Prompts::kYes};
+    EXPECT_EQ(change(otherFolder), Outcome::Changed);
+    EXPECT_EQ(store.database()->path(), otherFile);
+    EXPECT_FALSE(QFile::exists(databaseFileIn(folder.path() + u'/')));
+}
+
+TEST_F(ChangingTheDatabase, ChangesThePasswordOfTheOpenOne)
+{
+    EXPECT_FALSE(changePassword(store, prompts, u"x"_s, u"new"_s, u"new"_s));
+    EXPECT_FALSE(changePassword(store, prompts, {}, u"new"_s, u"New"_s));
+    EXPECT_TRUE(store.DatabasePassword.isEmpty());
+    EXPECT_TRUE(changePassword(store, prompts, {}, u"new"_s, u"new"_s));
+    EXPECT_EQ(store.DatabasePassword, u"new");
+    EXPECT_FALSE(bytes().contains("here"));
+    EXPECT_EQ(note(), u"here") << "it goes on";
+    EXPECT_FALSE(changePassword(store, prompts, {}, {}, {}));
+    EXPECT_TRUE(changePassword(store, prompts, u"new"_s, {}, {}));
+    EXPECT_TRUE(bytes().contains("here"));
+    store.close();
+    store.DatabasePassword = u"new"_s;
+    EXPECT_FALSE(changePassword(store, prompts, u"new"_s, u"other"_s, u"other"_s));
+    EXPECT_EQ(boxes(),
+              QStringList(
+                  {u"48 Current password is not correct."_s, u"48 Confirmation field does not match."_s,
+                   u"64 Database password has been changed."_s, u"48 Current password is not correct."_s,
+                   u"64 Database password has been changed."_s, u"16 Error changing Database password."_s}));
+}
+
+TEST(RecentFolders, KeepFiveNewestFirstAndKnowThoseThatAreThere)
+{
+    fakes::MemorySettings settings;
+    RecentFolders recent(settings);
+    for (const char16_t *name : {u"/a/", u"/b/", u"/c/", u"/B/", u"/d/", u"/e/", u"/f/"})
+        recent.AddMRU(QString::fromUtf16(name));
+    EXPECT_EQ(recent.list().join(u' '), u"/f/ /e/ /d/ /c/ /b/");
+    settings.save(u"DB"_s, u"MRU2"_s, {});
+    EXPECT_EQ(recent.list().join(u' '), u"/f/ /d/ /c/ /b/");
+}
+
+} // namespace
