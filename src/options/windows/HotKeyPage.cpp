@@ -30,7 +30,7 @@ HotKeyPage::HotKeyPage(HotKeyModel &hotKeys, WindowHandle owner) : m_hotKeys(hot
     for (const HotKeyDescription &description : HotKeyRecords::descriptions()) {
         Row &row = m_rows[static_cast<std::size_t>(number)];
         row.id = description.id;
-        row.box = new HotKeyBox(QStringLiteral("HKC_") + description.name,
+        row.box = new HotKeyBox(QStringLiteral("HKC_") + description.name.toString(),
                                 [this](quint32 scanCode) { return m_hotKeys.keyOf(scanCode); });
         row.box->setAccessibleName(description.caption.chopped(1).toString());
         row.remark = new QLabel;
