@@ -87,7 +87,7 @@ private:
             const auto number = static_cast<int>(random.bounded(1'000'000));
             QString place = QStringLiteral("https://example.org/pages/%1/index.html").arg(number);
             if (i % 10 == 7)
-                location =
+                place =
                     QStringLiteral("/home/ann/letters/%1.%2").arg(number).arg(kinds[i / 10 % kinds.size()]);
             else if (i % 10 == 8)
                 place = QStringLiteral("/home/ann/projects/%1").arg(number);

@@ -8,6 +8,7 @@
 #include "browser/editor/note_editors.h"
 #include "browser/grid/NoteGrid.h"
 #include "browser/grid/note_columns.h"
+#include "search/frmSearch.h"
 #include "shell/forms/ShellForms.h"
 
 #include <QApplication>
@@ -26,7 +27,8 @@ QWidget *activeWindow()
 
 bool NoteWindows::has(View view) const
 {
-    return view == View::Categories || view == View::Properties || view == View::OpenNote;
+    return view == View::Categories || view == View::Properties || view == View::OpenNote ||
+           view == View::Search;
 }
 
 void NoteWindows::showNewNote()
@@ -51,6 +53,11 @@ void NoteWindows::ShowPropertyPage(NoteGrid &rows)
     for (const QString &ID : rows.selectedCells(kColumnID))
         IDs.append(ID.toInt());
     frmProperty::ShowPropertyPage(m_services, IDs, activeWindow());
+}
+
+void NoteWindows::showSearch(std::optional<int> category)
+{
+    ShowSearch(m_services, category);
 }
 
 void NoteWindows::showCategories()

@@ -20,13 +20,13 @@ public:
     {
     }
 
-    /// Search, mail, the organizer and favorites are still to come.
+    /// Mail, the organizer and favorites are still to come.
     bool has(View view) const override;
     void showNewNote() override;
     void showEditor(int ID, const QString &title, const QString &location) override;
     void ShowPropertyPage(int ID) override;
     void ShowPropertyPage(NoteGrid &rows) override;
-    void showSearch(int) override {}
+    void showSearch(std::optional<int> category) override;
     void showCategories() override;
     QStringList chooseCategories() override;
     void SendNorvane(int) override {}

@@ -23,7 +23,8 @@ namespace norvane {
 namespace {
 
 /// Commands of the tray that can be used now; the others wait for their windows.
-const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_Settings"),
+const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_Search"),
+                                  QStringLiteral("mnu_Settings"),
                                   QStringLiteral("mnu_exit")};
 
 constexpr int kLongNoticeMs = 10000;
@@ -210,7 +211,9 @@ void Program::connectWindows()
     connect(
         &m_windows, &ShellForms::commandTriggered, this,
         [this](const QString &name) {
-            if (name == u"SETTINGS" || name == u"mnu_Settings")
+            if (name == u"SEARCH" || name == u"mnu_Search")
+                m_noteWindows.showSearch({});
+            else if (name == u"SETTINGS" || name == u"mnu_Settings")
                 m_options.show(frmSetting::kAbout);
         },
         Qt::QueuedConnection); // the menu or button that it comes from is done with it first
@@ -244,9 +247,11 @@ void Program::hotKeyPressed(int id)
     case HotKeyAction::DeleteFrontNote:
         m_watching->noteKeys.deleteFrontNote();
         break;
-    case HotKeyAction::ToggleWindowList:
     case HotKeyAction::ShowSearch:
-        // Registered, so that no other program takes them; their windows are still to come.
+        m_noteWindows.showSearch({});
+        break;
+    case HotKeyAction::ToggleWindowList:
+        // Registered, so that no other program takes it; its window is still to come.
         break;
     }
 }

@@ -28,6 +28,7 @@
 #include <QMdiSubWindow>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <optional>
 #include <utility>
 
 namespace norvane {
@@ -447,7 +448,8 @@ void frmMain::sideButton(const QString &name)
         m_grid->RunGridMenu(hasLocation ? QStringLiteral("OPEN") : QStringLiteral("EDIT"));
     } else if (name == u"ARButton1") {
         const BusyPointer busy;
-        m_services.views.showSearch(m_categoryBar->isVisible() ? m_categoryBar->filter() : 0);
+        m_services.views.showSearch(m_categoryBar->isVisible() ? std::optional(m_categoryBar->filter())
+                                                               : std::nullopt);
     } else if (name == u"ARButton2") {
         m_services.views.showNewNote();
         if (m_previewOpen)

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QVariant>
 #include <QVector>
+#include <functional>
 #include <memory>
 
 /// The database engine: workspaces, databases, recordsets, in the shape of data access objects.
@@ -136,6 +137,12 @@ public:
     /// Changes the file password; empty is none. Raises 3031 when @p oldPassword is wrong. The
     /// database stays open, with the new password.
     virtual void newPassword(const QString &oldPassword, const QString &newPassword) = 0;
+
+    /// Called about fifty times a second while a dynaset reads its rows, between two statements: events
+    /// may run in it and the database may be used, for which it is not called anew. False stops the
+    /// reading, which raises 3059; so does whatever it raises itself. A reading that it watches has no
+    /// time limit. Empty for none.
+    virtual void setProgress(std::function<bool()> goOn) = 0;
 
     /// Statements run against the file so far, for tests and figures.
     virtual quint64 statementCount() const = 0;

@@ -25,6 +25,7 @@ enum ErrorNumber {
     kErrorDiskFull = 3026,          ///< no room left on the disk
     kErrorReadOnly = 3027,          ///< the database or object is read-only
     kErrorNotAPassword = 3031,      ///< the database does not open with this password
+    kErrorCancelled = 3059,         ///< the user stopped what was going on
     kErrorSyntax = 3075,            ///< a condition or statement does not parse
     kErrorFieldTooLong = 3163,      ///< a text is longer than its field
     kErrorRequired = 3314,          ///< a required field has no value

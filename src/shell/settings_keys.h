@@ -61,6 +61,12 @@ inline constexpr Key kPreviewLeft{u"Preview", u"Left", u"0"};
 inline constexpr Key kPreviewWidth{u"Preview", u"Width", u"0"};
 inline constexpr Key kPreviewHeight{u"Preview", u"Height", u"0"};
 
+// What a search looks into, flags. The names of the first two stand crosswise to what they keep: stored
+// values keep their meaning so.
+inline constexpr Key kSearchInNoteText{u"Search", u"IncludeURL", u"1"};
+inline constexpr Key kSearchInLocation{u"Search", u"IncludeNoteText", u"1"};
+inline constexpr Key kSearchExactMatch{u"Search", u"ExactMatch", u"0"};
+
 /// The stored text, or the key's default.
 inline QString read(const SettingsStore &store, const Key &key)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QStringList>
+#include <optional>
 
 namespace norvane {
 
@@ -29,8 +30,8 @@ public:
     /// Shows the properties of all selected rows of a list, and waits for their end.
     virtual void ShowPropertyPage(NoteGrid &rows) = 0;
     /// Shows the search window.
-    /// @param category to search in: 0 all, -1 notes without one, else its ID
-    virtual void showSearch(int category) = 0;
+    /// @param category to search in: 0 all, -1 notes without one, else its ID; nothing: as chosen there
+    virtual void showSearch(std::optional<int> category) = 0;
     /// Shows where categories are kept, and waits for its end.
     virtual void showCategories() = 0;
     /// Shows the dialog with the proposed categories, and waits for its end.

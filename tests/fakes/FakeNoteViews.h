@@ -29,7 +29,11 @@ public:
     }
     void ShowPropertyPage(int ID) override { opened.append(QStringLiteral("properties %1").arg(ID)); }
     void ShowPropertyPage(NoteGrid &) override { opened.append(QStringLiteral("properties of rows")); }
-    void showSearch(int category) override { opened.append(QStringLiteral("search %1").arg(category)); }
+    void showSearch(std::optional<int> category) override
+    {
+        opened.append(QStringLiteral("search ") +
+                      (category ? QString::number(*category) : QStringLiteral("as chosen")));
+    }
     void showCategories() override { opened.append(QStringLiteral("categories")); }
     QStringList chooseCategories() override { return chosenCategories; }
     void SendNorvane(int ID) override { opened.append(QStringLiteral("mail %1").arg(ID)); }

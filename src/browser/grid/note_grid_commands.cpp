@@ -83,7 +83,7 @@ public:
     void sendMail() { m_services.views.SendNorvane(m_id.toInt()); }
     void addToFavorites() { m_services.views.AddToFavorites(m_title, m_location); }
     void makeNote() { m_services.views.showNewNote(); }
-    void search() { m_services.views.showSearch(0); }
+    void search() { m_services.views.showSearch({}); }
 
 private:
     QString cell(int column) const { return m_list->GetCelText(m_row, column); }

@@ -4,6 +4,8 @@
 #include "platform/errors.h"
 #include "platform/sqlite/Catalogue.h"
 
+#include <QScopedValueRollback>
+
 namespace norvane::dao {
 
 void DatabaseCore::connect(const QString &password)
@@ -37,6 +39,16 @@ Connection &DatabaseCore::connection() const
 quint64 DatabaseCore::statementCount() const
 {
     return m_statementsBefore + (m_connection ? m_connection->statementCount() : 0);
+}
+
+void DatabaseCore::tellProgress()
+{
+    if (!hasProgress())
+        return;
+    const QScopedValueRollback<bool> isIn(m_isInProgress, true);
+    const std::function<bool()> goOn = m_progress; // it may put another in its place
+    if (!goOn())
+        throw RuntimeError(kErrorCancelled, QStringLiteral("The query was stopped."));
 }
 
 void DatabaseCore::readTables()

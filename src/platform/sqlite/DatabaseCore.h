@@ -4,6 +4,7 @@
 #include "platform/sqlite/Connection.h"
 #include "platform/sqlite/FileLock.h"
 
+#include <functional>
 #include <memory>
 
 namespace norvane::dao {
@@ -36,6 +37,12 @@ public:
     /// A name for a temporary table.
     QByteArray newTemporaryTable() { return "temp.snapshot" + QByteArray::number(++m_temporaryTables); }
 
+    void setProgress(std::function<bool()> goOn) { m_progress = std::move(goOn); }
+    /// Whether somebody wants to be told now how a reading goes on.
+    bool hasProgress() const { return m_progress && !m_isInProgress; }
+    /// Has the caller's events run. Raises 3059 when he has enough; the database may be closed then.
+    void tellProgress();
+
     std::unique_ptr<FileLock> lock;
 
 private:
@@ -47,6 +54,8 @@ private:
     QVector<TableDef> m_tables;
     int m_generation = 0;
     int m_temporaryTables = 0;
+    std::function<bool()> m_progress;
+    bool m_isInProgress = false;
     quint64 m_statementsBefore = 0; ///< of connections that are closed
 };
 

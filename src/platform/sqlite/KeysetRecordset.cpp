@@ -17,9 +17,9 @@ constexpr int kLargestCache = 1200;
 } // namespace
 
 KeysetRecordset::KeysetRecordset(std::shared_ptr<DatabaseCore> core, std::unique_ptr<SelectQuery> query,
-                                 RecordsetType type, bool readOnly)
+                                 RecordsetType type, bool readOnly, const RowSet *among)
     : QueryRecordset(std::move(core), std::move(query), readOnly || type == RecordsetType::Snapshot),
-      m_rows(std::make_unique<RowSet>(sharedCore(), this->query(), type == RecordsetType::Snapshot)),
+      m_rows(std::make_unique<RowSet>(sharedCore(), this->query(), type == RecordsetType::Snapshot, among)),
       m_cacheSize(kCacheSize)
 {
 }

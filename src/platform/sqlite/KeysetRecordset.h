@@ -13,7 +13,7 @@ class KeysetRecordset : public QueryRecordset
 {
 public:
     KeysetRecordset(std::shared_ptr<DatabaseCore> core, std::unique_ptr<SelectQuery> query,
-                    RecordsetType type, bool readOnly);
+                    RecordsetType type, bool readOnly, const RowSet *among = nullptr);
 
     bool bof() const override;
     bool eof() const override;
@@ -38,6 +38,8 @@ public:
     void close() override;
 
 private:
+    const RowSet *ownRows() const override { return m_rows.get(); }
+
     using Row = QVector<QVariant>;
 
     void checkCurrent() const;

@@ -73,7 +73,7 @@ std::unique_ptr<Recordset> QueryRecordset::openRecordset(RecordsetType type)
     auto filtered = std::make_unique<SelectQuery>(*m_query);
     if (!m_filter.trimmed().isEmpty())
         filtered->addFilter(m_filter);
-    return openRows(m_core, std::move(filtered), type, m_readOnly);
+    return openRows(m_core, std::move(filtered), type, m_readOnly, ownRows());
 }
 
 void QueryRecordset::close()

@@ -7,6 +7,7 @@
 namespace norvane::dao {
 
 class DatabaseCore;
+class RowSet;
 
 /// What all recordsets of a statement have in common. They are read-only unless a derived class
 /// says otherwise.
@@ -41,6 +42,8 @@ protected:
     void checkOpen() const;
     /// Raises 3027 for a recordset that is read-only, 91 for a closed one.
     void checkUpdatable() const;
+    /// The rows that recordsets opened from this one are among, where that is known.
+    virtual const RowSet *ownRows() const { return nullptr; }
     [[noreturn]] static void raiseNoCurrentRecord();
 
 private:

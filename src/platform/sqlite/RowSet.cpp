@@ -5,7 +5,10 @@
 #include "platform/sqlite/DatabaseCore.h"
 #include "platform/sqlite/values.h"
 
+#include <QElapsedTimer>
+#include <QtEndian>
 #include <algorithm>
+#include <limits>
 
 namespace norvane::dao {
 
@@ -17,16 +20,27 @@ constexpr qint64 kUnknown = -1;
 constexpr int kMostChanges = 500;
 /// Up to here it is quicker to look for each.
 constexpr int kFewChanges = 8;
+constexpr qint64 kPieceMilliseconds = 20;
+constexpr qint64 kFirstPiece = 64;
+
+/// A row with what it is ordered by, in a heap of bytes.
+struct OrderedRow
+{
+    qsizetype begin;
+    qsizetype size;
+    qint64 key;
+};
 
 } // namespace
 
-RowSet::RowSet(std::shared_ptr<DatabaseCore> core, const SelectQuery &query, bool snapshot)
+RowSet::RowSet(std::shared_ptr<DatabaseCore> core, const SelectQuery &query, bool snapshot,
+               const RowSet *among)
     : m_core(std::move(core)), m_query(query), m_snapshot(snapshot),
       m_source(snapshot ? m_core->newTemporaryTable() : query.source()),
       m_readSql("SELECT " + query.selectList() + " FROM " + m_source + " WHERE rowid=?"),
       m_orderKeySql("SELECT " + query.orderList() + " FROM " + m_source + " WHERE rowid=?")
 {
-    requery();
+    read(!snapshot && among && among->isCurrent() ? among : nullptr);
 }
 
 RowSet::~RowSet()
@@ -47,17 +61,43 @@ Connection &RowSet::connection() const
 
 void RowSet::requery()
 {
-    Connection &database = connection();
-    Transaction transaction(database, Transaction::Kind::Read);
-    const qint64 version = database.foreignVersion();
-    const bool known = m_generation == m_core->generation() && version == m_foreignVersion;
+    read(nullptr);
+}
+
+bool RowSet::isInPieces() const
+{
+    return !m_snapshot && m_core->hasProgress();
+}
+
+/// Whether the keys are those that reading them anew would give.
+bool RowSet::isCurrent() const
+{
+    return !m_snapshot && m_generation == m_core->generation() && m_changes == connection().changeCount() &&
+           m_foreignVersion == connection().foreignVersion();
+}
+
+void RowSet::read(const RowSet *among)
+{
+    std::optional<Transaction> transaction;
+    const bool isWhole = !isInPieces();
+    if (isWhole)
+        transaction.emplace(connection(), Transaction::Kind::Read);
+    const qint64 version = connection().foreignVersion();
+    const quint64 changes = connection().changeCount();
+    const int generation = m_core->generation();
+    const bool known = m_generation == generation && version == m_foreignVersion;
     m_foreignVersion = kUnknown; // a failure half way is made good by the next requery
-    if (!known || !readChanged())
+    if (among)
+        readAmong(*among);
+    else if (!known || !readChanged())
         readAll();
-    m_generation = m_core->generation();
+    m_generation = generation;
+    m_changes = changes;
+    if (isWhole)
+        transaction->commit();
+    else if (generation == m_core->generation() && readChanged())
+        m_changes = connection().changeCount(); // with what was written between the pieces
     m_foreignVersion = version;
-    m_changes = database.changeCount();
-    transaction.commit();
 }
 
 /// A new password takes a new connection, which has no copy yet.
@@ -69,20 +109,97 @@ void RowSet::ensureCopy()
 
 void RowSet::readAll()
 {
-    Connection &database = connection();
-    const SqlText where = m_query.where();
+    SqlText where = m_query.where();
     if (m_snapshot) {
         makeCopy();
         copyRows(where);
+        where = {" WHERE 1", {}};
     }
+    qint64 first = std::numeric_limits<qint64>::min();
+    qint64 last = std::numeric_limits<qint64>::max();
+    if (isInPieces()) {
+        first = connection().single("SELECT min(rowid) FROM " + m_source).toLongLong();
+        last = connection().single("SELECT max(rowid) FROM " + m_source).toLongLong();
+    }
+    const QByteArray sql = "SELECT " + m_query.orderList() + " FROM " + m_source + where.sql +
+                           " AND rowid BETWEEN ? AND ? ORDER BY rowid";
+    const bool isOrdered = m_query.isOrdered();
+    QByteArray bytes;
+    std::vector<OrderedRow> found;
+    inPieces(first, last, [&](qint64 from, qint64 to) {
+        Statement rows = connection().prepare(sql);
+        rows.bind(where.values + QVector<QVariant>{static_cast<qlonglong>(from), static_cast<qlonglong>(to)});
+        const int keyColumn = rows.columnCount() - 1;
+        while (rows.step()) {
+            const qsizetype begin = bytes.size();
+            if (isOrdered)
+                appendOrderKey(bytes, rows);
+            found.push_back({begin, bytes.size() - begin, rows.integer(keyColumn)});
+        }
+    });
+    if (isOrdered) {
+        const auto orderOf = [&bytes](const OrderedRow &row) {
+            return std::string_view(bytes.constData() + row.begin, static_cast<std::size_t>(row.size));
+        };
+        std::sort(found.begin(), found.end(), [&orderOf](const OrderedRow &left, const OrderedRow &right) {
+            return orderOf(left) < orderOf(right);
+        });
+    }
+    m_keys.resize(found.size());
+    std::transform(found.begin(), found.end(), m_keys.begin(), [](const OrderedRow &row) { return row.key; });
+    m_ascending = !isOrdered;
+}
+
+/// What the others are ordered by orders these, too.
+void RowSet::readAmong(const RowSet &others)
+{
+    const std::vector<qint64> keys = others.m_keys;
+    const bool isAscending = others.m_ascending;
+    std::vector<qint64> sought = keys;
+    std::sort(sought.begin(), sought.end()); // as they stand in the file
+    const SqlText condition = m_query.lastCondition();
+    const QByteArray sql = "SELECT 1 FROM " + m_source + " WHERE " + condition.sql + " AND rowid=?";
+    const auto keyParameter = static_cast<int>(condition.values.size()) + 1;
+    std::vector<qint64> found;
+    inPieces(0, static_cast<qint64>(sought.size()) - 1, [&](qint64 from, qint64 to) {
+        Statement row = connection().prepare(sql);
+        row.bind(condition.values);
+        for (qint64 i = from; i <= to; ++i) {
+            const qint64 key = sought[static_cast<std::size_t>(i)];
+            row.restart(keyParameter, key);
+            if (row.step())
+                found.push_back(key);
+        }
+    });
     m_keys.clear();
-    m_ascending = !m_query.isOrdered();
-    Statement rows = database.prepare("SELECT rowid FROM " + m_source +
-                                      (m_snapshot ? QByteArray() : where.sql) + m_query.orderBy());
-    if (!m_snapshot)
-        rows.bind(where.values);
-    while (rows.step())
-        m_keys.push_back(rows.integer(0));
+    std::copy_if(keys.begin(), keys.end(), std::back_inserter(m_keys),
+                 [&found](qint64 key) { return std::binary_search(found.begin(), found.end(), key); });
+    m_ascending = isAscending;
+}
+
+/// Calls for the numbers from @p first to @p last, all at once or for so many at a time as are read in a
+/// moment.
+void RowSet::inPieces(qint64 first, qint64 last, const ReadPiece &readPiece)
+{
+    if (!isInPieces()) {
+        readPiece(first, last);
+        return;
+    }
+    qint64 size = kFirstPiece;
+    for (qint64 from = first;;) {
+        QElapsedTimer timer;
+        timer.start();
+        const qint64 to = last - from < size ? last : from + size - 1;
+        readPiece(from, to);
+        if (timer.elapsed() < kPieceMilliseconds / 2)
+            size *= 2;
+        else if (timer.elapsed() > kPieceMilliseconds)
+            size = std::max<qint64>(1, size / 2);
+        m_core->tellProgress();
+        if (to >= last)
+            return;
+        from = to + 1;
+    }
 }
 
 /// An empty temporary table with the statement's columns; its key is the row's key in the table.
@@ -156,7 +273,7 @@ void RowSet::insertInOrder(qint64 key)
     const auto mine = orderKey(key);
     const auto place = std::partition_point(m_keys.begin(), m_keys.end(), [&](qint64 other) {
         const auto theirs = orderKey(other);
-        return theirs && mine && isBefore(*theirs, *mine);
+        return theirs && mine && std::string_view(*theirs) < std::string_view(*mine);
     });
     m_keys.insert(place, key);
 }
@@ -168,33 +285,37 @@ std::optional<RowSet::OrderKey> RowSet::orderKey(qint64 key)
     if (!row.step())
         return std::nullopt;
     OrderKey result;
-    for (int i = 0; i < row.columnCount(); ++i)
-        result.append(row.value(i));
+    appendOrderKey(result, row);
     return result;
 }
 
-bool RowSet::isBefore(const OrderKey &left, const OrderKey &right) const
+/// Null comes first, and texts sort byte by byte.
+void RowSet::appendOrderKey(QByteArray &bytes, const Statement &row) const
 {
     const auto &order = m_query.order();
-    for (int i = 0; i < left.size(); ++i) {
-        const bool descending =
-            static_cast<std::size_t>(i) < order.size() && order[static_cast<std::size_t>(i)].descending;
-        const QVariant &a = descending ? right[i] : left[i];
-        const QVariant &b = descending ? left[i] : right[i];
-        if (a.isValid() != b.isValid())
-            return !a.isValid(); // Null comes first
-        if (!a.isValid())
-            continue;
-        if (a.typeId() == QMetaType::QString) {
-            // Byte by byte, as SQLite sorts.
-            const int difference = a.toString().toUtf8().compare(b.toString().toUtf8());
-            if (difference != 0)
-                return difference < 0;
-        } else if (a.toLongLong() != b.toLongLong()) {
-            return a.toLongLong() < b.toLongLong();
+    for (int i = 0; i < row.columnCount(); ++i) {
+        const qsizetype begin = bytes.size();
+        if (row.isNull(i)) {
+            bytes += '\0';
+        } else if (row.isText(i)) {
+            bytes += '\2';
+            for (const char byte : row.bytes(i)) {
+                bytes += byte;
+                if (byte == '\0')
+                    bytes += '\1';
+            }
+            bytes += QByteArrayView("\0", 2); // a text comes before those that it begins
+        } else {
+            bytes += '\1';
+            const auto number = static_cast<quint64>(row.integer(i)) ^ (quint64(1) << 63);
+            const quint64 inOrder = qToBigEndian(number);
+            bytes.append(reinterpret_cast<const char *>(&inOrder), sizeof inOrder);
         }
+        const auto place = static_cast<std::size_t>(i);
+        if (place < order.size() && order[place].descending)
+            std::transform(bytes.begin() + begin, bytes.end(), bytes.begin() + begin,
+                           [](char byte) { return static_cast<char>(~byte); });
     }
-    return false;
 }
 
 int RowSet::find(const SqlText &condition, int from)

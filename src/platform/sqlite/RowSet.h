@@ -19,10 +19,14 @@ class Statement;
 /// A dynaset reads the table; a snapshot reads a copy of the selected columns in a temporary table
 /// in memory, which nobody writes. Reading anew costs by what this program changed since; after a
 /// change by another program all rows are read.
+///
+/// While somebody wants to hear of the progress, a dynaset is read piece by piece.
 class RowSet
 {
 public:
-    RowSet(std::shared_ptr<DatabaseCore> core, const SelectQuery &query, bool snapshot);
+    /// @param among rows that hold all of this statement's: its last condition is the one that they lack
+    RowSet(std::shared_ptr<DatabaseCore> core, const SelectQuery &query, bool snapshot,
+           const RowSet *among = nullptr);
     ~RowSet();
     RowSet(const RowSet &) = delete;
     RowSet &operator=(const RowSet &) = delete;
@@ -41,18 +45,25 @@ public:
     void erase(int position);
 
 private:
-    using OrderKey = QVector<QVariant>;
+    /// What a row is ordered by, as bytes: a row comes before another when its bytes do.
+    using OrderKey = QByteArray;
+    using ReadPiece = std::function<void(qint64 first, qint64 last)>;
 
     Connection &connection() const;
     void ensureCopy();
+    bool isInPieces() const;
+    bool isCurrent() const;
+    void read(const RowSet *among);
     void readAll();
+    void readAmong(const RowSet &others);
+    void inPieces(qint64 first, qint64 last, const ReadPiece &readPiece);
     bool readChanged();
     void makeCopy();
     void copyRows(const SqlText &where);
     bool refreshRow(qint64 key);
     void insertInOrder(qint64 key);
     std::optional<OrderKey> orderKey(qint64 key);
-    bool isBefore(const OrderKey &left, const OrderKey &right) const;
+    void appendOrderKey(QByteArray &bytes, const Statement &row) const;
     int positionOf(qint64 key, int from) const;
     int firstOf(const QSet<qint64> &keys, int from) const;
 

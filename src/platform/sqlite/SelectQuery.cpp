@@ -125,6 +125,11 @@ QVector<FieldDef> SelectQuery::storedColumns() const
     return fields;
 }
 
+SqlText SelectQuery::lastCondition() const
+{
+    return m_conditions.isEmpty() ? SqlText{"1", {}} : m_conditions.constLast();
+}
+
 SqlText SelectQuery::where() const
 {
     SqlText result{" WHERE 1", {}};

@@ -36,10 +36,12 @@ public:
     QByteArray selectList() const { return m_selectList; }
     /// The selected columns and those that it is ordered by, each once, as the table names them.
     QVector<FieldDef> storedColumns() const;
+    /// The filter that was added last, or the statement's own condition; "1" where there is none.
+    SqlText lastCondition() const;
     /// " WHERE ..." of the statement and its filters, with "1" where there is none.
     SqlText where() const;
     QByteArray orderBy() const;
-    /// What a row is ordered by, as a list of values; empty when there is no order.
+    /// What a row is ordered by, as a list of values, with its key at the end.
     QByteArray orderList() const;
 
 private:

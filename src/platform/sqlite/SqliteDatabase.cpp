@@ -108,6 +108,11 @@ void SqliteDatabase::newPassword(const QString &oldPassword, const QString &newP
     m_core->connect(m_password);
 }
 
+void SqliteDatabase::setProgress(std::function<bool()> goOn)
+{
+    m_core->setProgress(std::move(goOn));
+}
+
 quint64 SqliteDatabase::statementCount() const
 {
     return m_core->statementCount();

@@ -21,6 +21,7 @@ public:
     void appendTable(const TableDef &table) override;
     void setAllowZeroLength(const QString &table, const QString &field, bool allow) override;
     void newPassword(const QString &oldPassword, const QString &newPassword) override;
+    void setProgress(std::function<bool()> goOn) override;
     quint64 statementCount() const override;
     void close() override;
 

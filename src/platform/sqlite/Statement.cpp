@@ -69,6 +69,13 @@ void Statement::bind(const QVector<QVariant> &values)
     }
 }
 
+void Statement::restart(int parameter, qint64 number)
+{
+    sqlite3_reset(m_prepared->handle);
+    if (const int code = sqlite3_bind_int64(m_prepared->handle, parameter, number); code != SQLITE_OK)
+        m_connection.raise(code);
+}
+
 bool Statement::step()
 {
     if (!std::exchange(m_started, true))
@@ -91,6 +98,11 @@ bool Statement::isNull(int column) const
     return sqlite3_column_type(m_prepared->handle, column) == SQLITE_NULL;
 }
 
+bool Statement::isText(int column) const
+{
+    return sqlite3_column_type(m_prepared->handle, column) == SQLITE_TEXT;
+}
+
 qint64 Statement::integer(int column) const
 {
     return sqlite3_column_int64(m_prepared->handle, column);
@@ -103,9 +115,15 @@ double Statement::real(int column) const
 
 QString Statement::text(int column) const
 {
+    const std::string_view all = bytes(column);
+    return QString::fromUtf8(all.data(), static_cast<qsizetype>(all.size()));
+}
+
+std::string_view Statement::bytes(int column) const
+{
     // The text first: asking for its length may convert it.
-    const auto *bytes = reinterpret_cast<const char *>(sqlite3_column_text(m_prepared->handle, column));
-    return QString::fromUtf8(bytes, sqlite3_column_bytes(m_prepared->handle, column));
+    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(m_prepared->handle, column));
+    return {text, static_cast<std::size_t>(sqlite3_column_bytes(m_prepared->handle, column))};
 }
 
 QVariant Statement::value(int column) const

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QVariant>
 #include <QVector>
+#include <string_view>
 
 struct sqlite3_stmt;
 
@@ -35,13 +36,18 @@ public:
     Statement &operator=(Statement &&) = delete;
 
     void bind(const QVector<QVariant> &values);
+    /// Begins again with another number for one parameter; the first one is 1.
+    void restart(int parameter, qint64 number);
     /// Whether there is a (further) row.
     bool step();
     int columnCount() const;
     bool isNull(int column) const;
+    bool isText(int column) const;
     qint64 integer(int column) const;
     double real(int column) const;
     QString text(int column) const;
+    /// The text as it stands in the file, until the next step.
+    std::string_view bytes(int column) const;
     /// An integer, a double, a text, or an invalid value.
     QVariant value(int column) const;
 

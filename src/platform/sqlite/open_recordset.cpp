@@ -7,12 +7,14 @@
 namespace norvane::dao {
 
 std::unique_ptr<Recordset> openRows(const std::shared_ptr<DatabaseCore> &core,
-                                    std::unique_ptr<SelectQuery> query, RecordsetType type, bool readOnly)
+                                    std::unique_ptr<SelectQuery> query, RecordsetType type, bool readOnly,
+                                    const RowSet *among)
 {
     if (query->isAggregate() || type == RecordsetType::ForwardOnly)
         return std::make_unique<FinishedRecordset>(core, std::move(query),
                                                    type == RecordsetType::ForwardOnly);
-    return std::make_unique<KeysetRecordset>(core, std::move(query), type, readOnly || core->readOnly());
+    return std::make_unique<KeysetRecordset>(core, std::move(query), type, readOnly || core->readOnly(),
+                                             among);
 }
 
 } // namespace norvane::dao

@@ -12,6 +12,7 @@
 #include "shell/windows/frmPassword.h"
 #include "shell/windows/mdiMain.h"
 #include "store/NoteStore.h"
+#include "watcher/NoteViews.h"
 
 namespace norvane {
 
@@ -63,6 +64,7 @@ WindowHandle ShellForms::loadFrame()
 {
     auto *form = new mdiMain(m_services.forms, m_services.settings, m_services.clock, m_services.twips);
     form->setDatabaseFolder(m_services.store.DatabaseFolder);
+    form->setCommandEnabled(QStringLiteral("SEARCH"), m_services.views.has(NoteViews::View::Search));
     connect(form, &mdiMain::shutDownRequested, this, &ShellForms::shutDownRequested);
     connect(form, &mdiMain::commandTriggered, this, &ShellForms::toolBarCommand);
     form->setCommandEnabled(QStringLiteral("SETTINGS"), true);

@@ -218,6 +218,56 @@ TEST_F(RecordsetTest, FilterHoldsForRecordsetsOpenedFromIt)
     EXPECT_EQ(errorOf([&] { all->openRecordset(RecordsetType::Dynaset); }), kErrorSyntax);
 }
 
+TEST_F(RecordsetTest, AFilterKeepsTheOrderAndSeesWhatChangedSince)
+{
+    for (int i = 0; i < 30; ++i)
+        add(QString(QChar(u'a' + (i * 7) % 26)));
+    const QString sql = u"select ID,WindowName from Memos where WindowName<'w' order by WindowName desc"_s;
+    const auto all = rows(sql);
+    all->setFilter(u"WindowName>'f' and ID<>9"_s);
+    const auto filtered = [&] { return ids(*all->openRecordset(RecordsetType::Dynaset)); };
+    const auto expected = [&] {
+        return ids(u"select ID from Memos where WindowName<'w' and WindowName>'f' and ID<>9"
+                   " order by WindowName desc"_s);
+    };
+    EXPECT_EQ(filtered(), expected());
+    change(12, u"WindowName"_s, u"uu"_s);
+    removeNote(5);
+    add(u"kk"_s);
+    EXPECT_EQ(filtered(), expected());
+}
+
+TEST_F(RecordsetTest, AReadingTellsItsProgressAndCanBeStopped)
+{
+    for (int i = 0; i < 200; ++i)
+        add(QString::number(i * 7 % 200));
+    const QString sql = u"select ID,WindowName from Memos where WindowName like '*1*' order by WindowName"_s;
+    const QString before = ids(sql);
+    int calls = 0;
+    int added = 0;
+    database->setProgress([&] {
+        if (++calls == 2) // while the first half is read
+            added = add(u"01"_s);
+        return true;
+    });
+    const auto hits = rows(sql);
+    EXPECT_GT(calls, 1);
+    database->setProgress({});
+    EXPECT_EQ(ids(*hits), ids(sql));
+    EXPECT_EQ(ids(*hits), QString()) << "at its end";
+    EXPECT_EQ(ids(sql), QString::number(added) + u' ' + before);
+
+    hits->setFilter(u"ID>20"_s);
+    database->setProgress([] { return false; });
+    EXPECT_EQ(errorOf([&] { rows(sql); }), kErrorCancelled);
+    EXPECT_EQ(errorOf([&] { hits->openRecordset(RecordsetType::Dynaset); }), kErrorCancelled);
+    database->setProgress([&] {
+        database->close();
+        return true;
+    });
+    EXPECT_EQ(errorOf([&] { rows(sql); }), kErrorNothingThere);
+}
+
 TEST_F(RecordsetTest, CountsAndExtremes)
 {
     const QString extremes =

@@ -1,0 +1,251 @@
+#include "search/frmSearch.h"
+
+#include "browser/grid/NoteGrid.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/Prompts.h"
+#include "platform/RuntimeError.h"
+#include "platform/Shell.h"
+#include "platform/WindowSystem.h"
+#include "platform/errors.h"
+#include "richtext/EditServices.h"
+#include "search/SearchAnimation.h"
+#include "search/SearchTabs.h"
+#include "search/find_notes.h"
+#include "shell/internal_error.h"
+#include "shell/path_rules.h"
+#include "shell/windows/form_icon.h"
+#include "store/NoteStore.h"
+#include "watcher/NoteGridView.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScreen>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace norvane {
+
+namespace {
+
+/// A clip for the animation, beside the program's other files. In spite of its name it is no library.
+const QString kClipName = QStringLiteral("Mmr2.dll");
+
+constexpr int kWidthInCharacters = 132;
+constexpr int kHeightInLines = 34;
+
+QPushButton *button(const QString &name, const QString &text)
+{
+    auto *result = new QPushButton(text);
+    result->setObjectName(name);
+    return result;
+}
+
+dao::Database &openDatabase(const NoteStore &store)
+{
+    if (!store.database())
+        throw RuntimeError(kErrorNothingThere, QStringLiteral("No database is open."));
+    return *store.database();
+}
+
+} // namespace
+
+frmSearch::frmSearch(const BrowserServices &services)
+    : m_services(services), m_tabs(new SearchTabs(services.clock.now().date())),
+      m_notes(new NoteGrid(services)), m_animation(new SearchAnimation),
+      m_find(button(QStringLiteral("Command1"), tr("&Find Now"))),
+      m_new(button(QStringLiteral("Command3"), tr("&New Search"))),
+      m_close(button(QStringLiteral("Command4"), tr("&Close"))), m_status(new QStatusBar)
+{
+    setObjectName(QStringLiteral("frmSearch"));
+    setWindowTitle(tr("Norvane Search"));
+    setWindowFlags(Qt::Window);
+    SetFormIcon(this);
+    arrange();
+    connectControls();
+
+    m_tabs->setOptions(loadSearchOptions(m_services.settings));
+    m_tabs->setCurrentIndex(0);
+    m_notes->ResetColumns();
+    m_notes->setGridDB(m_services.store.database());
+    openClip();
+    listCategories();
+    ResetMinMax();
+    m_services.forms.add(this);
+}
+
+frmSearch::~frmSearch()
+{
+    m_services.forms.remove(this);
+}
+
+void frmSearch::arrange()
+{
+    m_notes->setObjectName(QStringLiteral("DBGrid1"));
+    m_status->setObjectName(QStringLiteral("StatusBar1"));
+    m_find->setDefault(true);
+    QSizePolicy keepsItsRoom = m_animation->sizePolicy();
+    keepsItsRoom.setRetainSizeWhenHidden(true);
+    m_animation->setSizePolicy(keepsItsRoom);
+    m_animation->hide();
+
+    auto *buttons = new QVBoxLayout;
+    for (QPushButton *each : {m_find, m_new, m_close})
+        buttons->addWidget(each);
+    buttons->addStretch();
+    buttons->addWidget(m_animation, 0, Qt::AlignHCenter);
+    auto *top = new QHBoxLayout;
+    top->addWidget(m_tabs, 1);
+    top->addLayout(buttons);
+
+    auto *result = new QGroupBox(tr("Result"));
+    result->setObjectName(QStringLiteral("Frame2"));
+    auto *inResult = new QVBoxLayout(result);
+    inResult->addWidget(m_notes);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(top);
+    layout->addWidget(result, 1);
+    layout->addWidget(m_status);
+    const QFontMetrics font = fontMetrics();
+    resize(QSize(kWidthInCharacters * font.averageCharWidth(), kHeightInLines * font.height())
+               .boundedTo(screen()->availableSize() * 9 / 10));
+}
+
+void frmSearch::connectControls()
+{
+    connect(m_tabs, &SearchTabs::resetAsked, this, &frmSearch::ResetMinMax);
+    connect(m_find, &QPushButton::clicked, this, &frmSearch::Command1_Click);
+    connect(m_new, &QPushButton::clicked, this, &frmSearch::Command3_Click);
+    connect(m_close, &QPushButton::clicked, this, &frmSearch::unload);
+    connect(m_notes, &NoteGrid::Changed, this, &frmSearch::followInBrowser);
+    connect(m_notes, &NoteGrid::Refresh, this, &frmSearch::followInBrowser);
+}
+
+void frmSearch::openClip()
+{
+    const QString file = withSeparator(m_services.shell.programFolder()) + kClipName;
+    if (!m_services.edit.files.exists(file))
+        return;
+    m_animation->open(file);
+    m_animation->play();
+}
+
+void frmSearch::listCategories()
+{
+    m_tabs->setCategories(readCategories(m_services.store));
+}
+
+void frmSearch::selectCategory(int category)
+{
+    m_tabs->selectCategory(category);
+}
+
+void frmSearch::ResetMinMax()
+{
+    SearchDates dates = m_tabs->criteria().dates;
+    readDateSpan(m_services.store, dates);
+    m_tabs->setDates(dates);
+}
+
+void frmSearch::Command1_Click()
+{
+    m_animation->show();
+    m_animation->play();
+    const SearchCriteria criteria = m_tabs->criteria();
+    m_tabs->keepText();
+    try {
+        showResult(findNotes(openDatabase(m_services.store), criteria));
+    } catch (const RuntimeError &) {
+        // The animation goes on, until a search succeeds.
+        m_services.edit.prompts.messageBox(tr("Please check your criteria and try again."),
+                                           Prompts::kExclamation, kApplicationTitle.toString());
+        return;
+    }
+    const int count = m_notes->GridRS()->recordCount();
+    m_status->showMessage(QString::number(count) + tr(" Item(s) found"));
+    if (count > 0)
+        m_notes->SetFocus();
+    m_animation->stop();
+    m_animation->hide();
+}
+
+void frmSearch::Command3_Click()
+{
+    try {
+        showResult(findNothing(openDatabase(m_services.store)));
+    } catch (const RuntimeError &error) {
+        showRuntimeError(m_services.edit.prompts, error);
+        return;
+    }
+    m_tabs->clearText();
+    m_tabs->selectCategory(kAllCategories);
+    m_status->clearMessage();
+    ResetMinMax();
+}
+
+void frmSearch::showResult(std::unique_ptr<dao::Recordset> notes)
+{
+    m_notes->setGridRS(std::move(notes));
+    m_notes->Refresh_Grid();
+}
+
+void frmSearch::followInBrowser()
+{
+    m_services.browser.Refresh_Grid();
+    m_services.browser.refreshAround();
+}
+
+void frmSearch::bringUp()
+{
+    if (isMinimized())
+        showNormal();
+    show();
+    raise();
+    activateWindow();
+    m_services.windows.setForegroundWindow(hWnd());
+    m_tabs->editText();
+}
+
+WindowHandle frmSearch::hWnd() const
+{
+    return static_cast<WindowHandle>(winId());
+}
+
+void frmSearch::unload()
+{
+    if (m_unloaded)
+        return;
+    m_unloaded = true;
+    saveSearchOptions(m_services.settings, m_tabs->criteria().options);
+    m_notes->setGridRS(nullptr);
+    m_notes->setGridDB(nullptr);
+    m_services.forms.remove(this);
+    hide();
+    deleteLater();
+}
+
+void ShowSearch(const BrowserServices &services, std::optional<int> category)
+{
+    const QVector<Form *> open = services.forms.named(QStringLiteral("frmSearch"));
+    auto *window = open.isEmpty() ? nullptr : dynamic_cast<frmSearch *>(open.first());
+    try {
+        if (window)
+            window->listCategories(); // it may have been open for long
+        else
+            window = std::make_unique<frmSearch>(services).release();
+    } catch (const RuntimeError &error) {
+        showRuntimeError(services.edit.prompts, error);
+        return;
+    }
+    if (category == 0)
+        window->selectCategory(kAllCategories);
+    else if (category == -1)
+        window->selectCategory(kNoCategory);
+    else if (category)
+        window->selectCategory(*category);
+    window->bringUp();
+}
+
+} // namespace norvane

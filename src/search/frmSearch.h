@@ -1,0 +1,79 @@
+#pragma once
+
+#include "browser/BrowserServices.h"
+#include "search/search_criteria.h"
+#include "shell/Forms.h"
+
+#include <QDialog>
+#include <memory>
+#include <optional>
+
+class QPushButton;
+class QStatusBar;
+
+namespace norvane {
+
+class NoteGrid;
+class SearchAnimation;
+class SearchTabs;
+
+namespace dao {
+class Recordset;
+}
+
+/// The search window: finds notes and lists them with all their commands. Not modal; closing it ends it and
+/// keeps the options. What was searched for is forgotten with it.
+class frmSearch : public QDialog, public Form
+{
+    Q_OBJECT
+
+public:
+    /// Adds itself to the forms. Raises what the engine raises.
+    explicit frmSearch(const BrowserServices &services);
+    ~frmSearch() override;
+
+    /// Sets the dates to the span of all notes. Without notes they stay as they are.
+    void ResetMinMax();
+    /// Offers the categories as they are now. Raises what the engine raises.
+    void listCategories();
+    /// @param category kAllCategories, kNoCategory or an ID
+    void selectCategory(int category);
+    /// Brings the window to the front and gives its text the keyboard.
+    void bringUp();
+
+    // Form
+    QString formName() const override { return QStringLiteral("frmSearch"); }
+    WindowHandle hWnd() const override;
+    void unload() override;
+
+    void reject() override { unload(); }
+
+private:
+    void arrange();
+    void connectControls();
+    void openClip();
+    /// "&Find Now"
+    void Command1_Click();
+    /// "&New Search"
+    void Command3_Click();
+    void showResult(std::unique_ptr<dao::Recordset> notes);
+    void followInBrowser();
+
+    const BrowserServices &m_services;
+    SearchTabs *m_tabs;
+    NoteGrid *m_notes; ///< `DBGrid1`
+    SearchAnimation *m_animation;
+    QPushButton *m_find;  ///< `Command1`
+    QPushButton *m_new;   ///< `Command3`
+    QPushButton *m_close; ///< `Command4`
+    QStatusBar *m_status;
+    bool m_unloaded = false;
+};
+
+/// Shows the search window: the one that is open, or a new one. A fault is shown in a box, and no window is
+/// left by it.
+/// @param category to search in, as the browser counts them: 0 all, -1 notes without one, else its ID;
+///                 nothing leaves the window's choice
+void ShowSearch(const BrowserServices &services, std::optional<int> category);
+
+} // namespace norvane
