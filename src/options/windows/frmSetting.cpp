@@ -1,6 +1,7 @@
 #include "options/windows/frmSetting.h"
 
 #include "browser/editor/note_editors.h"
+#include "controls/named_button.h"
 #include "options/HotKeyModel.h"
 #include "options/settings/OptionsHost.h"
 #include "options/settings/SettingsChange.h"
@@ -24,13 +25,6 @@
 namespace norvane {
 
 namespace {
-
-QPushButton *button(const QString &name, const QString &text)
-{
-    auto *result = new QPushButton(text);
-    result->setObjectName(name);
-    return result;
-}
 
 /// The hot keys are withdrawn before any page looks at them.
 WindowHandle withdrawHotKeys(const OptionsServices &services)
@@ -62,9 +56,9 @@ frmSetting::frmSetting(const OptionsServices &services, QWidget *parent)
       m_hotKeyOwner(withdrawHotKeys(services)), m_tabs(new QTabWidget),
       m_database(new DatabasePage(services)), m_categories(new CategoryPage(services)),
       m_hotKeys(new HotKeyPage(services.hotKeys, m_hotKeyOwner)),
-      m_ok(button(QStringLiteral("cmdOK"), tr("&OK"))),
-      m_apply(button(QStringLiteral("cmdApply"), tr("&Apply"))),
-      m_close(button(QStringLiteral("Command3"), tr("&Close")))
+      m_ok(namedButton(QStringLiteral("cmdOK"), tr("&OK"))),
+      m_apply(namedButton(QStringLiteral("cmdApply"), tr("&Apply"))),
+      m_close(namedButton(QStringLiteral("Command3"), tr("&Close")))
 {
     setWindowTitle(tr("Norvane Options"));
     SetFormIcon(this);

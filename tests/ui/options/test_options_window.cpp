@@ -118,8 +118,8 @@ TEST_F(OptionsWindow, ChangesTheDatabaseAndShowsWhatIsInIt)
     EXPECT_EQ(box->folder(), store.DatabaseFolder);
     QTest::keyClicks(box, u"x"_s);
     EXPECT_EQ(box->folder(), store.DatabaseFolder);
-    prompts.folders = {other.chopped(1), other.chopped(1)};
-    prompts.answers = {Prompts::kNo, Prompts::kYes, Prompts::kYes};
+    fakes::script(prompts.folders, {other.chopped(1), other.chopped(1)});
+    fakes::script(prompts.answers, {Prompts::kNo, Prompts::kYes, Prompts::kYes});
     press(u"Command2"_s);
     EXPECT_EQ(box->folder(), store.DatabaseFolder);
     EXPECT_TRUE(canSave());
@@ -158,9 +158,9 @@ TEST_F(OptionsWindow, AsksForThePasswordOfAnotherDatabase)
     makeNoteDatabase(*engine, files, databaseFileIn(other));
     setPassword(databaseFileIn(other), u"sesame"_s);
     open();
-    prompts.folders = {other};
+    fakes::script(prompts.folders, {other});
     press(u"Command2"_s);
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     bool isHidden = false;
     QTimer::singleShot(0, window, [&] {
         QWidget *dialog = QApplication::activeModalWidget();
@@ -208,7 +208,7 @@ TEST_F(OptionsWindow, KeepsTheListOfCategories)
     press(u"cmdCatUpdate"_s);
     EXPECT_TRUE(lastBox().contains(u"3075"));
 
-    prompts.inputs = {u"Zoo"_s, u"  "_s, u"zoo"_s};
+    fakes::script(prompts.inputs, {u"Zoo"_s, u"  "_s, u"zoo"_s});
     for (int i = 0; i < 3; ++i)
         press(u"cmdCatAddNew"_s);
     EXPECT_EQ(categories(), QStringList({u"Arbeit"_s, u"Home"_s, u"Zoo"_s}));
