@@ -8,8 +8,16 @@
 #include <QVector>
 #include <functional>
 #include <optional>
+#include <type_traits>
 
 namespace norvane::fakes {
+
+/// Replaces what a queue of answers holds.
+template <typename Item> void script(QQueue<Item> &queue, const QList<std::type_identity_t<Item>> &items)
+{
+    queue.clear();
+    queue.append(items);
+}
 
 /// Answers message boxes and choosers from a script and keeps what was asked.
 ///

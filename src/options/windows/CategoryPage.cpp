@@ -1,5 +1,6 @@
 #include "options/windows/CategoryPage.h"
 
+#include "controls/named_button.h"
 #include "options/settings/OptionsHost.h"
 #include "options/settings/SettingsChange.h"
 #include "options/windows/OptionsServices.h"
@@ -23,25 +24,14 @@
 
 namespace norvane {
 
-namespace {
-
-QPushButton *button(const QString &name, const QString &text)
-{
-    auto *result = new QPushButton(text);
-    result->setObjectName(name);
-    return result;
-}
-
-} // namespace
-
 CategoryPage::CategoryPage(const OptionsServices &services)
     : m_services(services), m_commands(services.browser.store, services.browser.edit.prompts),
       m_showCategory(new QCheckBox(tr("Show Category Bar/Selector in 'Note Browser' window"))),
       m_list(new QListWidget), m_name(new QLineEdit),
-      m_addNew(button(QStringLiteral("cmdCatAddNew"), tr("&Add New"))),
-      m_update(button(QStringLiteral("cmdCatUpdate"), tr("&Update"))),
-      m_remove(button(QStringLiteral("cmdCatRemove"), tr("&Remove"))),
-      m_presets(button(QStringLiteral("cmdAddPreset"), tr("Ca&tegories")))
+      m_addNew(namedButton(QStringLiteral("cmdCatAddNew"), tr("&Add New"))),
+      m_update(namedButton(QStringLiteral("cmdCatUpdate"), tr("&Update"))),
+      m_remove(namedButton(QStringLiteral("cmdCatRemove"), tr("&Remove"))),
+      m_presets(namedButton(QStringLiteral("cmdAddPreset"), tr("Ca&tegories")))
 {
     constexpr int kLongestCategory = 50;
     m_showCategory->setObjectName(QStringLiteral("chkShowCategory"));

@@ -1,6 +1,7 @@
 #include "options/windows/DatabasePage.h"
 
 #include "browser/dialogs/dialog_parts.h"
+#include "controls/named_button.h"
 #include "options/settings/PasswordChange.h"
 #include "options/settings/RecentFolders.h"
 #include "options/windows/FolderBox.h"
@@ -27,13 +28,6 @@
 namespace norvane {
 
 namespace {
-
-template <typename Button> Button *button(const QString &name, const QString &text)
-{
-    auto *result = new Button(text);
-    result->setObjectName(name);
-    return result;
-}
 
 /// The rows of all frames begin at the same place.
 QGridLayout *rows(QGroupBox *frame)
@@ -63,16 +57,16 @@ QString askForFolder(Prompts &prompts)
 
 DatabasePage::DatabasePage(const OptionsServices &services)
     : m_services(services), m_current(new StatusPanel(QStringLiteral("lblCurrentDatabase"))),
-      m_startup(button<QCheckBox>(QStringLiteral("chkStartup"), tr("Run Norvane at Windows startup"))),
-      m_exact(
-          button<QCheckBox>(QStringLiteral("chkExactWindowName"), tr("Enable Exact Window/URL matching"))),
+      m_startup(namedButton<QCheckBox>(QStringLiteral("chkStartup"), tr("Run Norvane at Windows startup"))),
+      m_exact(namedButton<QCheckBox>(QStringLiteral("chkExactWindowName"),
+                                     tr("Enable Exact Window/URL matching"))),
       m_folder(new FolderBox(QStringLiteral("txtDBName"), tr("Database Path"))),
-      m_default(button<QCheckBox>(QStringLiteral("chkDefaultDatabase"), tr("Default Database"))),
+      m_default(namedButton<QCheckBox>(QStringLiteral("chkDefaultDatabase"), tr("Default Database"))),
       m_import(new FolderBox(QStringLiteral("cmbImport"), tr("Database Path of the notes to import"))),
       m_currentPassword(passwordBox(QStringLiteral("txtCurrentPassword"), tr("Current Password"))),
       m_newPassword(passwordBox(QStringLiteral("txtNewPassword"), tr("New Password"))),
       m_confirmPassword(passwordBox(QStringLiteral("txtConfirmPassword"), tr("Confirm Password"))),
-      m_changePassword(button<QPushButton>(QStringLiteral("Command5"), tr("Add/Change Password")))
+      m_changePassword(namedButton(QStringLiteral("Command5"), tr("Add/Change Password")))
 {
     m_startup->setToolTip(tr("When your desktop session begins"));
     m_default->setToolTip(tr("Norvane starts with this database from now on"));
@@ -117,7 +111,7 @@ QGroupBox *DatabasePage::databaseFrame()
     frame->setObjectName(QStringLiteral("Frame2"));
     QPushButton *browseFolders = browseButton(QStringLiteral("Command2"), tr("Browse"));
     browseFolders->setToolTip(tr("Browse"));
-    auto *restore = button<QPushButton>(QStringLiteral("Command4"), tr("Restore Default Database"));
+    auto *restore = namedButton(QStringLiteral("Command4"), tr("Restore Default Database"));
     QGridLayout *grid = rows(frame);
     grid->addWidget(caption(tr("Database Path:"), m_folder), 0, 0);
     grid->addWidget(m_folder, 0, 1, 1, 2);
@@ -139,7 +133,7 @@ QGroupBox *DatabasePage::importFrame()
     frame->setObjectName(QStringLiteral("Frame3"));
     QPushButton *browseFolders = browseButton(QStringLiteral("Command6"), tr("Browse for notes to import"));
     browseFolders->setToolTip(tr("Browse"));
-    auto *import = button<QPushButton>(QStringLiteral("Command7"), tr("&Import"));
+    auto *import = namedButton(QStringLiteral("Command7"), tr("&Import"));
     import->setEnabled(false);
     import->setToolTip(tr("Importing notes is still to come"));
     QGridLayout *grid = rows(frame);

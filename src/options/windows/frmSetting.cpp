@@ -1,6 +1,7 @@
 #include "options/windows/frmSetting.h"
 
 #include "browser/editor/note_editors.h"
+#include "controls/named_button.h"
 #include "options/HotKeyModel.h"
 #include "options/settings/OptionsHost.h"
 #include "options/settings/SettingsChange.h"
@@ -19,17 +20,11 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace norvane {
 
 namespace {
-
-QPushButton *button(const QString &name, const QString &text)
-{
-    auto *result = new QPushButton(text);
-    result->setObjectName(name);
-    return result;
-}
 
 /// The hot keys are withdrawn before any page looks at them.
 WindowHandle withdrawHotKeys(const OptionsServices &services)
@@ -45,25 +40,26 @@ void frmSetting::ShowOptions(const OptionsServices &services, Page page, QWidget
 {
     const QVector<Form *> loaded = services.browser.forms.named(QStringLiteral("frmSetting"));
     if (!loaded.isEmpty()) {
-        auto *form = dynamic_cast<frmSetting *>(loaded.constFirst());
-        form->raise();
-        form->activateWindow();
+        if (auto *form = dynamic_cast<frmSetting *>(loaded.constFirst())) {
+            form->raise();
+            form->activateWindow();
+        }
         return;
     }
     auto *form = new frmSetting(services, parent);
     form->showPage(page);
-    form->exec();
+    form->showModal();
 }
 
 frmSetting::frmSetting(const OptionsServices &services, QWidget *parent)
-    : QDialog(parent), m_services(services), m_hotKeyOwner(withdrawHotKeys(services)),
-      m_pause(services.browser.timer), m_tabs(new QTabWidget), m_database(new DatabasePage(services)),
-      m_categories(new CategoryPage(services)), m_hotKeys(new HotKeyPage(services.hotKeys, m_hotKeyOwner)),
-      m_ok(button(QStringLiteral("cmdOK"), tr("&OK"))),
-      m_apply(button(QStringLiteral("cmdApply"), tr("&Apply"))),
-      m_close(button(QStringLiteral("Command3"), tr("&Close")))
+    : NoteDialog(services.browser, QStringLiteral("frmSetting"), parent), m_options(services),
+      m_hotKeyOwner(withdrawHotKeys(services)), m_tabs(new QTabWidget),
+      m_database(new DatabasePage(services)), m_categories(new CategoryPage(services)),
+      m_hotKeys(new HotKeyPage(services.hotKeys, m_hotKeyOwner)),
+      m_ok(namedButton(QStringLiteral("cmdOK"), tr("&OK"))),
+      m_apply(namedButton(QStringLiteral("cmdApply"), tr("&Apply"))),
+      m_close(namedButton(QStringLiteral("Command3"), tr("&Close")))
 {
-    setObjectName(QStringLiteral("frmSetting"));
     setWindowTitle(tr("Norvane Options"));
     SetFormIcon(this);
     arrange();
@@ -81,8 +77,8 @@ frmSetting::frmSetting(const OptionsServices &services, QWidget *parent)
         else
             unload();
     });
-    connect(m_close, &QPushButton::clicked, this, &frmSetting::reject);
-    m_services.browser.forms.add(this);
+    connect(m_close, &QPushButton::clicked, this, &frmSetting::unload);
+    m_services.forms.add(this);
     m_categories->fill();
     SaveMode(0);
 }
@@ -98,10 +94,9 @@ void frmSetting::arrange()
     m_tabs->addTab(m_database, tr("Database"));
     m_tabs->addTab(m_categories, tr("Note Categories"));
     m_tabs->addTab(m_hotKeys, tr("Hotkeys"));
-    m_tabs->addTab(
-        new AboutPage(m_services.browser.shell, m_services.browser.edit.prompts, m_services.version),
-        tr("About Norvane"));
-    m_tabs->addTab(new ProgramsPage(m_services), tr("Programs"));
+    m_tabs->addTab(new AboutPage(m_services.shell, m_services.edit.prompts, m_options.version),
+                   tr("About Norvane"));
+    m_tabs->addTab(new ProgramsPage(m_options), tr("Programs"));
     showPage(kAbout);
     m_ok->setDefault(true);
     auto *buttons = new QHBoxLayout;
@@ -133,27 +128,27 @@ bool frmSetting::apply()
     m_categories->read(choice);
     choice.hotKeys = m_hotKeys->chosen();
     const QPointer<frmSetting> self(this);
-    const BrowserServices &browser = m_services.browser;
-    const auto outcome =
-        ApplySettings({.database = {.store = browser.store,
-                                    .databases = m_services.databases,
-                                    .settings = browser.settings,
-                                    .prompts = browser.edit.prompts,
-                                    .events = browser.events,
-                                    .timer = browser.timer,
-                                    .watch = m_services.watch,
-                                    .askPassword =
-                                        [self, &browser](PasswordDialogModel &model) {
-                                            frmPassword dialog(browser.forms, model, self);
-                                            dialog.setSelectDatabaseVisible(false);
-                                            dialog.exec();
-                                        },
-                                    .editorsMayClose = [&browser] { return EditorsMayClose(browser.forms); }},
-                       .shell = browser.shell,
-                       .watch = m_services.watch,
-                       .hotKeys = m_services.hotKeys,
-                       .host = m_services.host},
-                      choice);
+    const BrowserServices &services = m_services;
+    const SettingsChangeParts parts{
+        .database = {.store = services.store,
+                     .databases = m_options.databases,
+                     .settings = services.settings,
+                     .prompts = services.edit.prompts,
+                     .events = services.events,
+                     .timer = services.timer,
+                     .watch = m_options.watch,
+                     .askPassword =
+                         [self, &services](PasswordDialogModel &model) {
+                             frmPassword dialog(services.forms, model, self);
+                             dialog.setSelectDatabaseVisible(false);
+                             dialog.exec();
+                         },
+                     .editorsMayClose = [&services] { return EditorsMayClose(services.forms); }},
+        .shell = services.shell,
+        .watch = m_options.watch,
+        .hotKeys = m_options.hotKeys,
+        .host = m_options.host};
+    const DatabaseChange::Outcome outcome = ApplySettings(parts, choice);
     if (!self)
         return false;
     if (outcome == DatabaseChange::Outcome::Changed) {
@@ -163,32 +158,13 @@ bool frmSetting::apply()
     return outcome != DatabaseChange::Outcome::Failed;
 }
 
-QString frmSetting::formName() const
-{
-    return QStringLiteral("frmSetting");
-}
-
-WindowHandle frmSetting::hWnd() const
-{
-    return static_cast<WindowHandle>(winId());
-}
-
 void frmSetting::unload()
 {
-    if (m_unloaded)
+    if (!std::exchange(m_withdrawn, false))
         return;
-    m_unloaded = true;
-    const QVector<HotKeyId> refused = m_services.hotKeys.registerAll(m_hotKeyOwner);
-    m_pause.reset();
-    m_services.browser.forms.remove(this);
-    hide();
-    deleteLater();
-    m_services.host.hotKeysRegistered(refused);
-}
-
-void frmSetting::reject()
-{
-    unload();
+    const QVector<HotKeyId> refused = m_options.hotKeys.registerAll(m_hotKeyOwner);
+    NoteDialog::unload();
+    m_options.host.hotKeysRegistered(refused);
 }
 
 } // namespace norvane

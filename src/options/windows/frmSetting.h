@@ -1,11 +1,6 @@
 #pragma once
 
-#include "platform/WindowHandle.h"
-#include "shell/Forms.h"
-#include "watcher/WatchPause.h"
-
-#include <QDialog>
-#include <optional>
+#include "browser/dialogs/NoteDialog.h"
 
 class QPushButton;
 class QTabWidget;
@@ -16,11 +11,10 @@ class CategoryPage;
 class DatabasePage;
 class HotKeyPage;
 struct OptionsServices;
-struct SettingsChangeParts;
 
 /// The Options window. As long as it is loaded the watch timer is off and the system-wide hot keys are
 /// withdrawn.
-class frmSetting : public QDialog, public Form
+class frmSetting : public NoteDialog
 {
     Q_OBJECT
 
@@ -39,20 +33,16 @@ public:
     /// Enables "&OK" and "&Apply" with 1, disables them with any other value.
     void SaveMode(int Mode);
 
-    QString formName() const override;
-    WindowHandle hWnd() const override;
     /// Registers the hot keys again, with their present values, and starts the timer.
     void unload() override;
-    void reject() override;
 
 private:
     void arrange();
     /// @return false when the program ends
     bool apply();
 
-    const OptionsServices &m_services;
+    const OptionsServices &m_options;
     WindowHandle m_hotKeyOwner;
-    std::optional<WatchPause> m_pause;
     QTabWidget *m_tabs;
     DatabasePage *m_database;
     CategoryPage *m_categories;
@@ -60,7 +50,7 @@ private:
     QPushButton *m_ok;
     QPushButton *m_apply;
     QPushButton *m_close;
-    bool m_unloaded = false;
+    bool m_withdrawn = true; ///< the hot keys
 };
 
 } // namespace norvane

@@ -266,4 +266,19 @@ TEST_F(X11HotKeysTest, EndOfTheServerEndsNothingElse)
     EXPECT_FALSE(without.registerHotKey(kBrowser, 1, kCtrlAlt, 'A'));
 }
 
+TEST_F(X11HotKeysTest, TellsTheKeysThatItWouldGrab)
+{
+    const auto keyOf = [&](xcb_keysym_t symbol) { return keys->keyOf(keyboard->keyOf(symbol)); };
+    EXPECT_EQ(keyOf(XK_w), 'W');
+    EXPECT_EQ(keyOf(XK_exclam), '1');
+    EXPECT_EQ(keyOf(XK_Tab), 9);
+    EXPECT_EQ(keyOf(XK_F5), 116);
+    EXPECT_EQ(keyOf(XK_KP_5), 101);
+    EXPECT_EQ(keyOf(XK_Control_L), 0);
+    EXPECT_EQ(keys->keyOf(0), 0);
+    keyboard->swapKeys(XK_a, XK_q);
+    EXPECT_TRUE(waitFor([&] { return keyOf(XK_a) == 'A'; }));
+    EXPECT_EQ(keyOf(XK_q), 'Q');
+}
+
 } // namespace

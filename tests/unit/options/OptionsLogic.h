@@ -47,6 +47,7 @@ public:
         makeDatabase();
         store.open();
         addNote(u"here"_s);
+        store.requeryNoteSet();
         QDir().mkpath(otherFolder);
         timer.setInterval(watch.WatchInterval);
         timer.setEnabled(true);

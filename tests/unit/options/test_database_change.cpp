@@ -34,7 +34,7 @@ protected:
 
 TEST_F(ChangingTheDatabase, MakesAMissingOneAndComesBack)
 {
-    prompts.answers = {Prompts::kYes, Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes, Prompts::kYes});
     EXPECT_EQ(change(otherFolder, true), Outcome::Changed);
     EXPECT_EQ(boxes(), QStringList({kAsk, kProceed}));
     EXPECT_EQ(store.database()->path(), otherFile);
@@ -45,7 +45,7 @@ TEST_F(ChangingTheDatabase, MakesAMissingOneAndComesBack)
     addNote(u"there"_s);
 
     EXPECT_EQ(change(otherFolder.toUpper()), Outcome::Same);
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     EXPECT_EQ(change(folder.path() + u'/'), Outcome::Changed);
     EXPECT_EQ(note(), u"here");
     EXPECT_EQ(settings.values[u"DB"_s][u"Database"_s], otherFolder) << "the default stays";
@@ -56,9 +56,9 @@ TEST_F(ChangingTheDatabase, StopsAtEachNoWithTheOldOneOpen)
 {
     EXPECT_EQ(change(otherFolder), Outcome::Stopped);
     EXPECT_FALSE(QFile::exists(otherFile));
-    prompts.answers = {Prompts::kYes, Prompts::kNo};
+    fakes::script(prompts.answers, {Prompts::kYes, Prompts::kNo});
     EXPECT_EQ(change(otherFolder), Outcome::Declined);
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     editorsMayClose = false;
     EXPECT_EQ(change(otherFolder), Outcome::Stopped);
     EXPECT_EQ(log.last(), u"editors");
@@ -68,10 +68,10 @@ TEST_F(ChangingTheDatabase, StopsAtEachNoWithTheOldOneOpen)
 TEST_F(ChangingTheDatabase, StopsAtAFolderThatWillNotDo)
 {
     // Gone, and not to be made; of another kind of file system; taken.
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     EXPECT_EQ(change(folder.filePath(u"gone/"_s)), Outcome::Stopped);
     EXPECT_TRUE(boxes().last().startsWith(u"16 The database could not be created."));
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     EXPECT_EQ(change(u"/proc/"_s), Outcome::Stopped);
     EXPECT_TRUE(boxes().last().startsWith(u"16 The database could not be created."));
 
@@ -85,7 +85,7 @@ TEST_F(ChangingTheDatabase, StopsAtAFolderThatWillNotDo)
     // Opens, and is no note database: the program must not end of it.
     QFile::remove(otherFile);
     engine->workspace(0)->createDatabase(otherFile, {})->close();
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     const Outcome outcome = change(otherFolder);
     EXPECT_TRUE(outcome == Outcome::Stopped || outcome == Outcome::Changed);
     EXPECT_FALSE(log.contains(u"program ends"_s));
@@ -99,23 +99,23 @@ TEST_F(ChangingTheDatabase, NeedsTheRightPassword)
     setPassword(otherFile, u"sesame"_s);
     for (const QString &typed : {QString(), u"guess"_s}) {
         typedPassword = typed;
-        prompts.answers = {Prompts::kYes};
+        fakes::script(prompts.answers, {Prompts::kYes});
         EXPECT_EQ(change(otherFolder), Outcome::Stopped);
         EXPECT_EQ(log.last(), u"password for "_s + otherFile);
         expectUntouched();
     }
     typedPassword = u"sesame"_s;
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     EXPECT_EQ(change(otherFolder), Outcome::Changed);
     EXPECT_EQ(store.DatabasePassword, u"sesame");
     EXPECT_EQ(store.database()->path(), otherFile);
 
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     EXPECT_EQ(change(folder.path() + u'/'), Outcome::Changed);
     EXPECT_TRUE(store.DatabasePassword.isEmpty());
     // A file of another kind looks like one with a password that nothing satisfies.
     files.write(otherFile, "shopping list");
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     EXPECT_EQ(change(otherFolder), Outcome::Stopped);
     EXPECT_EQ(bytesOf(otherFile), "shopping list");
 }
@@ -124,7 +124,7 @@ TEST_F(ChangingTheDatabase, LeavesAFolderThatHasVanished)
 {
     makeNoteDatabase(*engine, files, otherFile);
     QFile::remove(store.DatabaseFile);
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     EXPECT_EQ(change(otherFolder), Outcome::Changed);
     EXPECT_EQ(store.database()->path(), otherFile);
     EXPECT_FALSE(QFile::exists(databaseFileIn(folder.path() + u'/')));

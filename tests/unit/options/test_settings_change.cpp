@@ -46,12 +46,12 @@ TEST_F(ApplyingSettings, StopsAtTheDatabaseWithTheStepsBeforeDone)
     EXPECT_TRUE(log.isEmpty());
 
     // No to "proceed" leaves only the database out.
-    prompts.answers = {Prompts::kYes, Prompts::kNo};
+    fakes::script(prompts.answers, {Prompts::kYes, Prompts::kNo});
     EXPECT_EQ(ApplySettings(parts, choice), Outcome::Declined);
     EXPECT_EQ(log, QStringList({u"categories"_s, u"no bar"_s}));
 
     log.clear();
-    prompts.answers = {Prompts::kYes};
+    fakes::script(prompts.answers, {Prompts::kYes});
     EXPECT_EQ(ApplySettings(parts, choice), Outcome::Changed);
     EXPECT_EQ(log, QStringList({u"editors"_s, u"database"_s, u"categories"_s, u"no bar"_s}));
 }

@@ -1,7 +1,11 @@
 #include "ScriptedPrograms.h"
 #include "in_child.h"
 
+#include "error_of.h"
+#include "file_bytes.h"
 #include "platform/linux/LinuxShell.h"
+
+#include <QCoreApplication>
 
 using namespace norvane;
 using namespace norvane::test;
@@ -133,6 +137,29 @@ TEST_F(LinuxShellTest, ProgramFolderIsMadeForTheUserAlone)
         ASSERT_EQ(::stat(QFile::encodeName(made).constData(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777, 0700u);
     }
+}
+
+TEST_F(LinuxShellTest, StartsWithTheSessionByAnEntryThatTheDesktopMaySwitchOff)
+{
+    const QString entry = path(u"config/autostart/norvane.desktop"_qs);
+    LinuxShell shell(folders);
+    EXPECT_FALSE(shell.startsWithSession());
+    shell.setStartsWithSession(false); // nothing to take away
+    shell.setStartsWithSession(true);
+    EXPECT_TRUE(shell.startsWithSession());
+    const QString command = u"\nExec=\"%1\"\n"_qs.arg(QCoreApplication::applicationFilePath());
+    EXPECT_TRUE(bytesOf(entry).contains(command.toUtf8())) << bytesOf(entry).toStdString();
+    for (const char *off : {"Hidden=true", "X-GNOME-Autostart-enabled = false"}) {
+        makeFile(u"config/autostart/norvane.desktop"_qs, QByteArray("[Desktop Entry]\nExec=norvane\n") + off);
+        EXPECT_FALSE(shell.startsWithSession()) << off;
+    }
+    shell.setStartsWithSession(true);
+    EXPECT_TRUE(shell.startsWithSession());
+    shell.setStartsWithSession(false);
+    EXPECT_FALSE(QFile::exists(entry));
+    makeFile(u"config2"_qs, "in the way of the folder");
+    folders.config = path(u"config2"_qs);
+    EXPECT_NE(errorOf([&] { LinuxShell(folders).setStartsWithSession(true); }), 0);
 }
 
 } // namespace
