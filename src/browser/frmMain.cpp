@@ -386,9 +386,12 @@ void frmMain::tabClick()
     m_grid->FilterCategory = m_categoryBar->filter();
     m_grid->FilterCategoryText = u' ' + m_categoryBar->filterName();
     m_services.events.yield();
+    const bool hadFocus = m_categoryBar->hasFocus();
     m_categoryBar->setEnabled(false); // no second click while a long list is read
     Refresh_Grid();
     m_categoryBar->setEnabled(true);
+    if (hadFocus) // or the arrow keys would not go beyond the next tab
+        m_categoryBar->setFocus();
     showRow();
     MakeupButtons();
     if (m_previewOpen)

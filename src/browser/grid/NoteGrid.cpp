@@ -18,6 +18,7 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -85,6 +86,9 @@ NoteGrid::NoteGrid(const BrowserServices &services, QWidget *parent)
     m_category->setObjectName(QStringLiteral("lblCategory"));
     m_category->setTextFormat(Qt::PlainText);
     m_category->setContentsMargins(4, 0, 4, 0);
+    // A name stands where lines begin, whatever it is written in.
+    m_category->setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter) |
+                             Qt::AlignAbsolute);
     QFont bold = m_category->font();
     bold.setBold(true);
     m_category->setFont(bold);
@@ -282,9 +286,9 @@ void NoteGrid::showEmptyLabel()
     if (FilterCategory != 0)
         text = tr("No notes in this category. Press Ins to make one.");
     else if (m_attachKey.isEmpty())
-        text = tr("No notes yet. Press Ins to make the first one.");
+        text = tr("No notes yet. Make the first one with \"Add a new note\" (Ins).");
     else
-        text = tr("No notes yet. Press Ins to make the first one, or %1 in any window to attach one to it.")
+        text = tr("No notes yet. Make the first one with \"Add a new note\" (Ins), or with %1 in any window.")
                    .arg(m_attachKey);
     m_empty->setText(isEmpty ? text : QString());
     m_empty->setVisible(isEmpty);

@@ -135,6 +135,8 @@ TEST_F(GridView, SpeaksToScreenReaders)
     EXPECT_EQ(table->child(table->indexOfChild(focus)), focus);
     EXPECT_EQ(focus->tableCellInterface()->rowIndex(), 2);
     EXPECT_EQ(focus->tableCellInterface()->columnHeaderCells().value(0), table->child(1));
+    grid.setCellIcon(3, 1, 0);
+    EXPECT_EQ(table->tableInterface()->cellAt(2, 0)->text(QAccessible::Name), u"Active"_qs) << "a mark";
     const QRect place = focus->rect();
     EXPECT_EQ(table->childAt(place.center().x(), place.center().y()), focus);
     EXPECT_EQ(table->tableInterface()->selectedRows(), QList<int>{2});
