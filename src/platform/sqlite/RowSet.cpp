@@ -288,7 +288,7 @@ void RowSet::insertInOrder(qint64 key)
     const auto mine = orderKey(key);
     const auto place = std::partition_point(m_keys.begin(), m_keys.end(), [&](qint64 other) {
         const auto theirs = orderKey(other);
-        return theirs && mine && std::string_view(*theirs) < std::string_view(*mine);
+        return theirs && mine && *theirs < *mine;
     });
     m_keys.insert(place, key);
 }
