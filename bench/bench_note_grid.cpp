@@ -96,10 +96,15 @@ private:
     }
 };
 
-Notes &notes(int count)
+std::map<int, std::unique_ptr<Notes>> &allNotes()
 {
     static std::map<int, std::unique_ptr<Notes>> made;
-    std::unique_ptr<Notes> &of = made[count];
+    return made;
+}
+
+Notes &notes(int count)
+{
+    std::unique_ptr<Notes> &of = allNotes()[count];
     if (!of)
         of = std::make_unique<Notes>(count);
     return *of;
@@ -161,10 +166,51 @@ void sort(benchmark::State &state)
         emit of.list.grid()->ColumnClick(static_cast<int>(state.range(0)));
 }
 
+/// What a note's save, a new note or a deleted one costs the list, sorted by a column; not the save itself.
+void refresh(benchmark::State &state)
+{
+    enum Edit { kSave, kAdd, kDelete };
+    Notes &of = notes(static_cast<int>(state.range(0)));
+    const auto edit = static_cast<Edit>(state.range(2));
+    of.list.FilterCategory = 0;
+    emit of.list.grid()->ColumnClick(static_cast<int>(state.range(1)));
+    of.list.Refresh_Grid();
+    const auto rows = of.store.database()->openRecordset(QStringLiteral("select * from Memos"));
+    int turn = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        rows->findFirst(QStringLiteral("ID=%1").arg(of.list.GetCelText(++turn * 37, kColumnID)));
+        if (edit == kDelete) {
+            rows->remove();
+        } else {
+            if (edit == kAdd) {
+                rows->addNew();
+                rows->setField(QStringLiteral("WindowName"), QStringLiteral("new"));
+                rows->setField(QStringLiteral("CAT_ID"), 0);
+                rows->setField(QStringLiteral("FriendlyName"),
+                               QStringLiteral("Note on page %1x").arg(turn * 7));
+            } else {
+                rows->edit();
+            }
+            rows->setField(QStringLiteral("LastUpdate"),
+                           QDateTime(QDate(2024, 1, 1), QTime(8, 0)).addSecs(turn * 60));
+            rows->update();
+        }
+        state.ResumeTiming();
+        of.list.Refresh_Grid();
+        QApplication::processEvents();
+    }
+}
+
 BENCHMARK(memory)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(read)->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
 BENCHMARK(fill)->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
 BENCHMARK(switchCategory)->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
+BENCHMARK(refresh)
+    ->Unit(benchmark::kMillisecond)
+    ->ArgNames({"notes", "column", "edit"})
+    ->ArgsProduct({{10'000, 100'000}, {kColumnTitle, kColumnLastUpdate, kColumnType}, {0, 1, 2}})
+    ->Iterations(10);
 BENCHMARK(sort)
     ->Unit(benchmark::kMillisecond)
     ->ArgName("column")
@@ -183,5 +229,6 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
+    allNotes().clear(); // windows go before the application
     return 0;
 }
