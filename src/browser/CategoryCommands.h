@@ -7,8 +7,8 @@ namespace norvane {
 class NoteStore;
 class Prompts;
 
-/// Adds, renames and removes categories, for the category bar's menu and the Options window. What stands in the way is told;
-/// errors of the engine are raised.
+/// Adds, renames and removes categories, for the category bar's menu and the Options window. What stands in
+/// the way is told; errors of the engine are raised.
 class CategoryCommands
 {
 public:

@@ -12,7 +12,7 @@ class FakeNoteViews : public NoteViews
 {
 public:
     QStringList opened;
-    QStringList chosenCategories; ///< in the dialog with the proposed ones
+    QStringList chosenCategories;        ///< in the dialog with the proposed ones
     bool isComplete = true;              ///< whether has() is true
     std::function<void()> duringNewNote; ///< while the dialog stands open
 
