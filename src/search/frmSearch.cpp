@@ -92,7 +92,8 @@ void frmSearch::arrange()
     m_notes->setObjectName(QStringLiteral("DBGrid1"));
     m_status->setObjectName(QStringLiteral("StatusBar1"));
     m_find->setDefault(true);
-    m_stop->setAutoDefault(false); // Enter is not to stop what Enter has begun
+    m_stop->setAutoDefault(false);        // Enter is not to stop what Enter has begun
+    m_stop->setFocusPolicy(Qt::TabFocus); // it goes when the search is over
     for (QWidget *each : {static_cast<QWidget *>(m_animation), static_cast<QWidget *>(m_stop)}) {
         QSizePolicy keepsItsRoom = each->sizePolicy();
         keepsItsRoom.setRetainSizeWhenHidden(true);
