@@ -1,5 +1,6 @@
 #include "NotesOnWindows.h"
 
+using namespace norvane;
 using namespace norvane::test;
 using namespace Qt::StringLiterals;
 

@@ -45,10 +45,10 @@ public:
             tabs->setCurrentIndex(page);
             keep(*window, u"options-%1"_s.arg(page + 1));
         }
-        frmAddCategory presets(forms, window);
-        presets.show();
-        presets.findChild<QListWidget *>()->item(2)->setSelected(true);
-        keep(presets, u"add-categories"_s);
+        auto *presets = new frmAddCategory(forms, window);
+        presets->show();
+        presets->findChild<QListWidget *>()->item(2)->setSelected(true);
+        keep(*presets, u"add-categories"_s);
         window->unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return m_isDone;

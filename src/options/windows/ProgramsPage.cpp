@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <algorithm>
 
 namespace norvane {
 
@@ -33,6 +34,14 @@ QTreeWidget *table(const QString &name, const QStringList &headings)
     return result;
 }
 
+/// Programs of the families are told by these: the class of their windows is the watcher's own word.
+bool isFamilyName(const QString &name)
+{
+    const QVector<TrackedPrograms::Family> families = TrackedPrograms::families();
+    return std::any_of(families.begin(), families.end(),
+                       [&](const TrackedPrograms::Family &family) { return family.name == name; });
+}
+
 QString nameOf(const QTreeWidgetItem *item)
 {
     return item ? item->data(0, kName).toString() : QString();
@@ -49,8 +58,8 @@ ProgramsPage::ProgramsPage(const OptionsServices &services)
                                         .forms = services.browser.forms}),
       m_tracked(table(QStringLiteral("lstTracked"), {tr("Program"), tr("Tracked because")})),
       m_remove(new QPushButton(tr("Re&move"))),
-      m_running(
-          table(QStringLiteral("lstRunning"), {tr("Program"), tr("Windows"), tr("Tracked as"), tr("Title")})),
+      m_running(table(QStringLiteral("lstRunning"),
+                      {tr("Program"), tr("Windows"), tr("Tracked because"), tr("Title")})),
       m_name(new QLineEdit), m_add(new QPushButton(tr("Add &Program")))
 {
     m_tracked->setAccessibleName(tr("Programs whose windows can have notes"));
@@ -126,9 +135,13 @@ void ProgramsPage::fill()
         const QSignalBlocker quiet(m_running); // what is typed stays
         m_running->clear();
         for (const TrackedPrograms::Program &running : m_programs.running()) {
-            const QString trackedAs = running.trackedAs.isEmpty() ? tr("(not tracked)") : running.trackedAs;
-            auto *item = new QTreeWidgetItem(
-                m_running, {running.className, QString::number(running.windows), trackedAs, running.caption});
+            const bool isFamily = isFamilyName(running.trackedAs);
+            const QString because = running.trackedAs.isEmpty() ? tr("(not tracked)")
+                                    : isFamily                  ? tr("Built in")
+                                                                : tr("Added by you");
+            auto *item =
+                new QTreeWidgetItem(m_running, {isFamily ? running.trackedAs : running.className,
+                                                QString::number(running.windows), because, running.caption});
             item->setData(0, kName, running.trackedAs.isEmpty() ? running.className : QString());
             item->setToolTip(3, running.caption);
             if (!program.isEmpty() && running.className == program)

@@ -139,9 +139,12 @@ bool frmSetting::apply()
                      .watch = m_options.watch,
                      .askPassword =
                          [self, &services](PasswordDialogModel &model) {
-                             frmPassword dialog(services.forms, model, self);
-                             dialog.setSelectDatabaseVisible(false);
-                             dialog.exec();
+                             // On the heap: it goes with this window when the program ends under it.
+                             const QPointer<frmPassword> dialog =
+                                 new frmPassword(services.forms, model, self);
+                             dialog->setSelectDatabaseVisible(false);
+                             dialog->exec();
+                             delete dialog.data();
                          },
                      .editorsMayClose = [&services] { return EditorsMayClose(services.forms); }},
         .shell = services.shell,

@@ -61,6 +61,7 @@ protected:
 TEST_F(OptionsWindow, QuietensTheProgramAsLongAsItIsLoaded)
 {
     window = new frmSetting(options, nullptr);
+    window->show();
     EXPECT_EQ(find<QTabWidget>(u"SSTab1"_s)->currentIndex(), 3);
     EXPECT_EQ(find<QLabel>(u"lblVersion"_s)->text(), u"version: 1.2.3");
     EXPECT_TRUE(keyboard.registered.isEmpty());
@@ -258,7 +259,7 @@ TEST_F(OptionsWindow, OffersTheProgramsOnTheDesktop)
     running->setCurrentItem(running->topLevelItem(0));
     press(u"cmdProgramAdd"_s);
     EXPECT_EQ(settings.values[u"ClassEx"_s][u"01"_s], u"XTerm");
-    EXPECT_EQ(running->topLevelItem(0)->text(2), u"XTerm");
+    EXPECT_EQ(running->topLevelItem(0)->text(2), u"Added by you");
     EXPECT_EQ(tracked->topLevelItemCount(), builtIn + 1);
     tracked->setCurrentItem(tracked->topLevelItem(0));
     EXPECT_FALSE(button(u"cmdProgramRemove"_s)->isEnabled()) << "a family stays";
