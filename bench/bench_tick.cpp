@@ -91,9 +91,28 @@ void tickAfterARestack(benchmark::State &state)
     }
 }
 
+/// A note was saved that belongs to none of the windows.
+void tickAfterANoteChange(benchmark::State &state)
+{
+    FullDesk &full = desk();
+    int times = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const auto notes = full.store.database()->openRecordset(
+            QStringLiteral("select * from Memos where ID=%1").arg(kNotes / 2));
+        notes->edit();
+        notes->setField(QStringLiteral("KeyWords"), QString::number(++times));
+        notes->update();
+        full.store.requeryNoteIndex();
+        state.ResumeTiming();
+        full.tick();
+    }
+}
+
 BENCHMARK(unchangedTick)->Unit(benchmark::kMicrosecond);
 BENCHMARK(tickAfterARestack)->Unit(benchmark::kMicrosecond);
 BENCHMARK(tickAfterAPageChange)->Unit(benchmark::kMicrosecond);
+BENCHMARK(tickAfterANoteChange)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

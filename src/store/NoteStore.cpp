@@ -9,6 +9,7 @@ namespace norvane {
 namespace {
 
 constexpr int kCachedRecords = 100;
+constexpr std::size_t kKeptNoteChanges = 32;
 
 void keepAtHand(dao::Recordset &recordset)
 {
@@ -48,7 +49,7 @@ void NoteStore::open()
         close();
         throw;
     }
-    ++m_noteChangeCount;
+    countNoteChange({});
 }
 
 void NoteStore::openDatabase()
@@ -95,8 +96,27 @@ void NoteStore::checkOpen() const
 void NoteStore::requeryNoteIndex()
 {
     checkOpen();
-    m_noteIndex->requery();
+    countNoteChange(m_noteIndex->requeryChanged());
+}
+
+void NoteStore::countNoteChange(std::optional<QSet<int>> notes)
+{
     ++m_noteChangeCount;
+    m_noteChanges.push_back(std::move(notes));
+    if (m_noteChanges.size() > kKeptNoteChanges)
+        m_noteChanges.pop_front();
+}
+
+std::optional<QSet<int>> NoteStore::notesChangedSince(quint64 count) const
+{
+    QSet<int> notes;
+    auto change = m_noteChanges.crbegin();
+    for (quint64 at = m_noteChangeCount; at > count; --at, ++change) {
+        if (change == m_noteChanges.crend() || !*change)
+            return {};
+        notes.unite(**change);
+    }
+    return notes;
 }
 
 void NoteStore::requeryNoteSet()

@@ -2,7 +2,11 @@
 
 #include "platform/dao.h"
 
+#include <QSet>
 #include <QString>
+#include <deque>
+#include <memory>
+#include <optional>
 
 namespace norvane {
 
@@ -49,6 +53,9 @@ public:
     /// Grows with every requeryNoteIndex() and every open(): answers kept from NoteIndex are good
     /// as long as it is the same.
     quint64 noteChangeCount() const { return m_noteChangeCount; }
+    /// The notes that have changed in NoteIndex since the count was @p count; nothing when it could be
+    /// any.
+    std::optional<QSet<int>> notesChangedSince(quint64 count) const;
 
     /// The rich text file of a note; it need not be there.
     QString bodyFile(int id) const;
@@ -56,6 +63,7 @@ public:
 private:
     void openDatabase();
     void openRecordsets();
+    void countNoteChange(std::optional<QSet<int>> notes);
 
     dao::Engine &m_engine;
     FileSystem &m_files;
@@ -65,6 +73,7 @@ private:
     std::unique_ptr<dao::Recordset> m_noteIndex;
     std::unique_ptr<dao::Recordset> m_categorySet;
     quint64 m_noteChangeCount = 0;
+    std::deque<std::optional<QSet<int>>> m_noteChanges; ///< the newest ones, one for each count
 };
 
 } // namespace norvane

@@ -27,6 +27,8 @@ namespace norvane {
 
 namespace {
 
+constexpr int kFewNotes = 20; ///< that are worth a look one by one
+
 /// Whether the window's own words made the condition fail: asking again cannot go better. Any other
 /// fault (a locked database, say) may pass.
 bool isAboutTheText(const RuntimeError &error)
@@ -137,9 +139,12 @@ void WatchCycle::OpenMatchingNotes()
 void WatchCycle::openNoteOf(const clsWindow &window)
 {
     KeptAnswer answer = question(window);
-    const auto kept = m_kept.constFind(window.hWnd);
+    const auto kept = m_kept.find(window.hWnd);
+    const bool sameQuestion = kept != m_kept.end() && kept->sameQuestion(answer);
+    if (sameQuestion && kept->notes != answer.notes && isStillNone(*kept, window))
+        kept->notes = answer.notes;
     // Whether a note is open, and the window minimised, only matters where there is a note.
-    const bool holds = kept != m_kept.constEnd() && kept->sameQuestion(answer) &&
+    const bool holds = sameQuestion && kept->notes == answer.notes &&
                        (kept->note == 0 || (kept->minimized == answer.minimized &&
                                             kept->noteOpen == ClipExists(kept->note, window.hWnd)));
     if (holds) {
@@ -176,22 +181,50 @@ void WatchCycle::openNoteOf(const clsWindow &window)
     m_kept.insert(window.hWnd, answer);
 }
 
+/// Whether "no note", an answer to the same question, has outlived what changed in the notes. However
+/// many notes there are, a window without one costs a look at the few that changed.
+bool WatchCycle::isStillNone(const KeptAnswer &kept, const clsWindow &window)
+{
+    if (kept.note != 0 || kept.unparsable)
+        return false;
+    const std::optional<QSet<int>> changed = m_parts.store.notesChangedSince(kept.notes);
+    if (!changed || changed->size() > kFewNotes)
+        return false;
+    if (changed->isEmpty())
+        return true;
+    QStringList notes;
+    for (const int id : *changed)
+        notes.append(QStringLiteral("ID=%1").arg(id));
+    return countNotes(QStringLiteral("(%1) and (%2)")
+                          .arg(notes.join(QStringLiteral(" or ")), conditionOf(window))) == 0;
+}
+
+QString WatchCycle::conditionOf(const clsWindow &window)
+{
+    const MatchFacts facts =
+        matchFacts(window, m_parts.windows, m_parts.location, m_parts.shell, m_parts.settings);
+    return BuildMatchCriteria(window, facts, m_parts.settings) +
+           QStringLiteral(" and Active=True And URL <> ''");
+}
+
+int WatchCycle::countNotes(const QString &condition)
+{
+    m_parts.store.checkOpen();
+    return openNoteRows(m_parts.store, condition, QStringLiteral("count(*) as mMemos"),
+                        dao::RecordsetType::ForwardOnly)
+        ->field(QStringLiteral("mMemos"))
+        .toInt();
+}
+
 /// The first note that belongs to the window.
 WatchCycle::FoundNote WatchCycle::noteOf(const clsWindow &window)
 {
-    const QString criteria = BuildMatchCriteria(
-        window, matchFacts(window, m_parts.windows, m_parts.location, m_parts.shell, m_parts.settings),
-        m_parts.settings);
-    m_parts.store.checkOpen();
-    const QString text = criteria + QStringLiteral(" and Active=True And URL <> ''");
-    const auto count = openNoteRows(m_parts.store, text, QStringLiteral("count(*) as mMemos"),
-                                    dao::RecordsetType::ForwardOnly);
-    if (count->field(QStringLiteral("mMemos")).toInt() == 0)
+    const QString condition = conditionOf(window);
+    if (countNotes(condition) == 0)
         return {};
-    count->close();
 
     dao::Recordset &index = *m_parts.store.NoteIndex();
-    index.findFirst(text);
+    index.findFirst(condition);
     if (index.noMatch())
         return {};
     const int id = index.field(QStringLiteral("ID")).toInt();
@@ -204,8 +237,8 @@ WatchCycle::FoundNote WatchCycle::noteOf(const clsWindow &window)
 
 bool WatchCycle::KeptAnswer::sameQuestion(const KeptAnswer &other) const
 {
-    return notes == other.notes && exact == other.exact && windowTitle == other.windowTitle &&
-           documentName == other.documentName && className == other.className;
+    return exact == other.exact && windowTitle == other.windowTitle && documentName == other.documentName &&
+           className == other.className;
 }
 
 /// The number of note changes grows with every database that is opened, so it stands for that too.

@@ -95,12 +95,16 @@ private:
         bool noteOpen = false;
         bool unparsable = false; ///< the pass ends here
         qint16 partialLength = 0;
+        /// But for the notes, which may have changed since.
         bool sameQuestion(const KeptAnswer &other) const;
     };
 
     void OpenMatchingNotes();
     void openNoteOf(const clsWindow &window);
     FoundNote noteOf(const clsWindow &window);
+    QString conditionOf(const clsWindow &window);
+    int countNotes(const QString &condition);
+    bool isStillNone(const KeptAnswer &kept, const clsWindow &window);
     KeptAnswer question(const clsWindow &window) const;
     CloseState closeState() const;
 

@@ -40,14 +40,17 @@ TEST_F(NoteStoreOnDisk, ShowsANewNoteInTheIndexOnlyAfterItsRequery)
               u"ID,WindowName,URL,Active,FriendlyName,LocationName,ClassName");
     EXPECT_EQ(errorOf([this] { store.NoteIndex()->addNew(); }), kErrorReadOnly);
     const quint64 opened = store.noteChangeCount();
-    addNote(u"x"_s);
+    const int ID = addNote(u"x"_s);
     store.requeryNoteSet();
     EXPECT_FALSE(found());
     EXPECT_EQ(store.noteChangeCount(), opened);
     store.requeryNoteIndex();
     EXPECT_TRUE(found());
     EXPECT_EQ(store.noteChangeCount(), opened + 1) << "answers kept from it are old";
+    EXPECT_EQ(store.notesChangedSince(opened), QSet<int>{ID});
+    EXPECT_EQ(store.notesChangedSince(opened + 1), QSet<int>()) << "nothing since";
     store.open();
+    EXPECT_EQ(store.notesChangedSince(opened), std::nullopt) << "another database, perhaps";
     EXPECT_EQ(store.noteChangeCount(), opened + 2);
 }
 
