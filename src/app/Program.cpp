@@ -24,8 +24,7 @@ namespace {
 
 /// Commands of the tray that can be used now; the others wait for their windows.
 const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_Search"),
-                                  QStringLiteral("mnu_Settings"),
-                                  QStringLiteral("mnu_exit")};
+                                  QStringLiteral("mnu_Settings"), QStringLiteral("mnu_exit")};
 
 constexpr int kLongNoticeMs = 10000;
 
