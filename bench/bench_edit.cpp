@@ -1,12 +1,7 @@
 // Figures of the editor: opening it, and working in a document of 1 MB and 20,000 paragraphs.
 
-#include "fakes/FakeClock.h"
-#include "fakes/FakeFileSystem.h"
-#include "fakes/FakePrinting.h"
-#include "fakes/FakePrompts.h"
-#include "fakes/FakeShell.h"
+#include "fakes/Editing.h"
 #include "richtext/NV_RTFEdit.h"
-#include "richtext/commands/EditState.h"
 #include "richtext/links/document_scan.h"
 
 #include <QApplication>
@@ -18,17 +13,6 @@ using namespace norvane;
 namespace {
 
 constexpr int kParagraphs = 20'000;
-
-struct Editing
-{
-    fakes::FakeFileSystem files;
-    fakes::FakeShell shell;
-    fakes::FakePrompts prompts;
-    fakes::FakePrinting printing;
-    fakes::FakeClock clock;
-    EditState state;
-    EditServices services{files, shell, prompts, printing, clock, state};
-};
 
 /// About 1 MB of text.
 QString longText()

@@ -2,10 +2,10 @@
 
 #include "controls/ImageList.h"
 #include "controls/gridview/vbalGrid.h"
+#include "memory_in_use.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QPainter>
 #include <QRandomGenerator>
 #include <benchmark/benchmark.h>
@@ -18,15 +18,6 @@ constexpr int kRows = 100'000;
 constexpr int kTitles = 2;
 constexpr int kTypes = 6;
 constexpr int kUpdated = 9;
-
-/// In kilobytes, of this program.
-double memoryInUse()
-{
-    QFile status(QStringLiteral("/proc/self/statm"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    return status.readAll().split(' ').value(1).toDouble() * 4;
-}
 
 /// Notes as a browser lists them: titles that begin alike, a few kinds, many different dates.
 class FullGrid

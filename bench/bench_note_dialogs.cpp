@@ -2,15 +2,8 @@
 
 #include "unit/watcher/Desk.h"
 
-#include "browser/BrowserServices.h"
 #include "browser/dialogs/frmProperty.h"
-#include "fakes/FakeNoteGridView.h"
-#include "fakes/FakeNoteViews.h"
-#include "fakes/FakePrinting.h"
-#include "fakes/FakePrompts.h"
-#include "fakes/MemorySettings.h"
-#include "richtext/EditServices.h"
-#include "richtext/commands/EditState.h"
+#include "ui/WindowParts.h"
 
 #include <QApplication>
 #include <benchmark/benchmark.h>
@@ -22,10 +15,10 @@ namespace {
 constexpr int kNotes = 2'000;
 constexpr int kCategories = 200;
 
-class FullDesk : public tests::Desk
+class FullDesk : public tests::Desk, public tests::WindowParts
 {
 public:
-    FullDesk()
+    FullDesk() : WindowParts(files, shell, clock)
     {
         const auto categories = store.database()->openRecordset(QStringLiteral("select * from Category"));
         for (int i = 0; i < kCategories; ++i) {
@@ -47,28 +40,7 @@ public:
         store.requeryNoteSet();
     }
 
-    fakes::MemorySettings memory;
-    fakes::FakePrompts prompts;
-    fakes::FakePrinting printing;
-    fakes::FakeNoteGridView grid;
-    fakes::FakeNoteViews views;
-    EditState editState;
-    EditServices edit{files, shell, prompts, printing, clock, editState};
-    BrowserServices services{.store = store,
-                             .forms = forms,
-                             .settings = memory,
-                             .shell = shell,
-                             .clock = clock,
-                             .sound = sound,
-                             .events = events,
-                             .windows = windows,
-                             .timer = timer,
-                             .watch = tests::Desk::settings,
-                             .edit = edit,
-                             .browser = grid,
-                             .views = views,
-                             .isFrameVisible = [] { return true; },
-                             .twips = Twips(96, 96)};
+    BrowserServices services = browserServices<tests::Desk>(*this, tests::Desk::settings);
 };
 
 FullDesk &desk()
@@ -93,7 +65,7 @@ BENCHMARK(openProperties)->Unit(benchmark::kMillisecond);
 /// With a durable write for each note.
 void saveProperties(benchmark::State &state)
 {
-    const PropertyTargets targets{desk().store, desk().forms, desk().windows, desk().grid};
+    const PropertyTargets targets{desk().store, desk().forms, desk().windows, desk().browserView};
     QVector<int> IDs;
     for (int i = 1; i <= state.range(0); ++i)
         IDs.append(i);

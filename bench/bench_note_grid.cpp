@@ -1,21 +1,14 @@
 // What the browser's list of notes costs with a database of 10,000 and 100,000 notes.
 
-#include "browser/BrowserServices.h"
 #include "browser/grid/NoteGrid.h"
 #include "browser/grid/note_columns.h"
 #include "controls/gridview/vbalGrid.h"
-#include "fakes/FakeNoteGridView.h"
-#include "fakes/FakeNoteViews.h"
-#include "fakes/FakePrinting.h"
-#include "fakes/FakePrompts.h"
-#include "fakes/MemorySettings.h"
+#include "memory_in_use.h"
 #include "platform/linux/LinuxShell.h"
-#include "richtext/EditServices.h"
-#include "richtext/commands/EditState.h"
+#include "ui/WindowParts.h"
 #include "unit/watcher/Desk.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <benchmark/benchmark.h>
@@ -26,21 +19,18 @@ namespace {
 
 constexpr int kCategories = 10;
 
-/// In kilobytes, of this program.
-double memoryInUse()
+/// With the types and icons of a real desktop.
+struct DeskWithTypes : tests::Desk
 {
-    QFile status(QStringLiteral("/proc/self/statm"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    return status.readAll().split(' ').value(1).toDouble() * 4;
-}
+    LinuxShell linuxShell;
+};
 
 /// The list on the screen over a database of notes in ten categories: web pages, documents of a dozen kinds,
 /// folders and plain notes.
-class Notes : public tests::Desk
+class Notes : public DeskWithTypes, public tests::WindowParts
 {
 public:
-    explicit Notes(int count)
+    explicit Notes(int count) : WindowParts(files, linuxShell, clock)
     {
         const auto categories = store.database()->openRecordset(QStringLiteral("select * from Category"));
         for (int i = 0; i < kCategories; ++i) {
@@ -60,17 +50,7 @@ public:
     }
 
     QVector<int> categoryIds;
-    LinuxShell linuxShell;
-    fakes::FakePrompts prompts;
-    fakes::FakePrinting printing;
-    fakes::MemorySettings stored;
-    fakes::FakeNoteGridView browser;
-    fakes::FakeNoteViews views;
-    EditState editState;
-    EditServices edit{files, linuxShell, prompts, printing, clock, editState};
-    BrowserServices services{store,        forms, stored,   linuxShell, clock,   sound, events,
-                             windows,      timer, settings, edit,       browser, views, [] { return true; },
-                             Twips(96, 96)};
+    BrowserServices services = browserServices<tests::Desk>(*this, Desk::settings);
     NoteGrid list{services};
 
 private:
@@ -116,10 +96,15 @@ private:
     }
 };
 
-Notes &notes(int count)
+std::map<int, std::unique_ptr<Notes>> &allNotes()
 {
     static std::map<int, std::unique_ptr<Notes>> made;
-    std::unique_ptr<Notes> &of = made[count];
+    return made;
+}
+
+Notes &notes(int count)
+{
+    std::unique_ptr<Notes> &of = allNotes()[count];
     if (!of)
         of = std::make_unique<Notes>(count);
     return *of;
@@ -181,10 +166,51 @@ void sort(benchmark::State &state)
         emit of.list.grid()->ColumnClick(static_cast<int>(state.range(0)));
 }
 
+/// What a note's save, a new note or a deleted one costs the list, sorted by a column; not the save itself.
+void refresh(benchmark::State &state)
+{
+    enum Edit { kSave, kAdd, kDelete };
+    Notes &of = notes(static_cast<int>(state.range(0)));
+    const auto edit = static_cast<Edit>(state.range(2));
+    of.list.FilterCategory = 0;
+    emit of.list.grid()->ColumnClick(static_cast<int>(state.range(1)));
+    of.list.Refresh_Grid();
+    const auto rows = of.store.database()->openRecordset(QStringLiteral("select * from Memos"));
+    int turn = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        rows->findFirst(QStringLiteral("ID=%1").arg(of.list.GetCelText(++turn * 37, kColumnID)));
+        if (edit == kDelete) {
+            rows->remove();
+        } else {
+            if (edit == kAdd) {
+                rows->addNew();
+                rows->setField(QStringLiteral("WindowName"), QStringLiteral("new"));
+                rows->setField(QStringLiteral("CAT_ID"), 0);
+                rows->setField(QStringLiteral("FriendlyName"),
+                               QStringLiteral("Note on page %1x").arg(turn * 7));
+            } else {
+                rows->edit();
+            }
+            rows->setField(QStringLiteral("LastUpdate"),
+                           QDateTime(QDate(2024, 1, 1), QTime(8, 0)).addSecs(turn * 60));
+            rows->update();
+        }
+        state.ResumeTiming();
+        of.list.Refresh_Grid();
+        QApplication::processEvents();
+    }
+}
+
 BENCHMARK(memory)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(read)->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
 BENCHMARK(fill)->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
 BENCHMARK(switchCategory)->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
+BENCHMARK(refresh)
+    ->Unit(benchmark::kMillisecond)
+    ->ArgNames({"notes", "column", "edit"})
+    ->ArgsProduct({{10'000, 100'000}, {kColumnTitle, kColumnLastUpdate, kColumnType}, {0, 1, 2}})
+    ->Iterations(10);
 BENCHMARK(sort)
     ->Unit(benchmark::kMillisecond)
     ->ArgName("column")
@@ -203,5 +229,6 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
+    allNotes().clear(); // windows go before the application
     return 0;
 }

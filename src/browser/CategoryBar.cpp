@@ -65,7 +65,7 @@ void CategoryBar::selectFilter(int filter)
 
 void CategoryBar::setBarStyle(int style)
 {
-    m_style = style == kButtons ? kButtons : kTabs;
+    m_style = style == kTabs ? kTabs : kButtons;
     update();
 }
 

@@ -27,7 +27,7 @@ public:
     /// Nothing happens without such a tab.
     void selectFilter(int filter);
 
-    /// Flat buttons are wrapped in no frame; another number than kButtons means tabs.
+    /// Flat buttons are wrapped in no frame; another number than kTabs means buttons.
     void setBarStyle(int style);
     Style barStyle() const { return m_style; }
 

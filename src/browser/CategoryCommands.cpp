@@ -2,7 +2,6 @@
 
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
-#include "platform/errors.h"
 #include "shell/internal_error.h"
 #include "store/NoteStore.h"
 
@@ -19,8 +18,7 @@ QString text(const char *source)
 
 dao::Recordset &openCategories(const NoteStore &store)
 {
-    if (!store.CategorySet())
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
+    store.checkOpen();
     return *store.CategorySet();
 }
 

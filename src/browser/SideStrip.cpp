@@ -39,6 +39,7 @@ constexpr Button kButtons[] = {
     {"ARButton9", "mail", QT_TRANSLATE_NOOP("frmMain", "Email note as an attachment"), true},
     {kLine, "", "", false},
     {"ARButton3", "note-properties", QT_TRANSLATE_NOOP("frmMain", "Show 'Property' window"), true},
+    {kLine, "", "", false},
     {"ARButton6", "categories", QT_TRANSLATE_NOOP("frmMain", "Show 'Options->Note Categories' window"),
      false},
     {kLine, "", "", false},

@@ -12,7 +12,7 @@
 #include "richtext/EditServices.h"
 #include "shell/internal_error.h"
 #include "shell/numeric_prefix.h"
-#include "shell/settings_keys.h"
+#include "shell/window_places.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/TrayIcon.h"
 #include "shell/windows/form_icon.h"
@@ -386,9 +386,12 @@ void frmMain::tabClick()
     m_grid->FilterCategory = m_categoryBar->filter();
     m_grid->FilterCategoryText = u' ' + m_categoryBar->filterName();
     m_services.events.yield();
+    const bool hadFocus = m_categoryBar->hasFocus();
     m_categoryBar->setEnabled(false); // no second click while a long list is read
     Refresh_Grid();
     m_categoryBar->setEnabled(true);
+    if (hadFocus) // or the arrow keys would not go beyond the next tab
+        m_categoryBar->setFocus();
     showRow();
     MakeupButtons();
     if (m_previewOpen)
@@ -469,24 +472,19 @@ void frmMain::sideButton(const QString &name)
 
 void frmMain::restorePlace()
 {
-    const auto value = [this](const settings::Key &key) { return stored(m_services.settings, key); };
     m_window->setGeometry(
-        m_services.twips.toPixels(QRectF(value(settings::kBrowserLeft), value(settings::kBrowserTop),
-                                         value(settings::kBrowserWidth), value(settings::kBrowserHeight))));
+        m_services.twips.toPixels(settings::readPlace(m_services.settings, settings::kBrowserPlace)));
 }
 
 void frmMain::savePlace()
 {
-    const QRectF place = m_services.twips.fromPixels(m_window->geometry());
-    const auto write = [this](const settings::Key &key, double number) {
-        settings::save(m_services.settings, key, QString::number(qRound64(number)));
+    SettingsStore &store = m_services.settings;
+    if (!m_window->isMinimized() && !m_window->isMaximized())
+        settings::savePlace(store, settings::kBrowserPlace,
+                            m_services.twips.fromPixels(m_window->geometry()));
+    const auto write = [&store](const settings::Key &key, int number) {
+        settings::save(store, key, QString::number(number));
     };
-    if (!m_window->isMinimized() && !m_window->isMaximized()) {
-        write(settings::kBrowserTop, place.top());
-        write(settings::kBrowserLeft, place.left());
-        write(settings::kBrowserWidth, place.width());
-        write(settings::kBrowserHeight, place.height());
-    }
     write(settings::kBrowserWindowState, m_window->isMinimized() ? 1 : m_window->isMaximized() ? 2 : 0);
     write(settings::kLastCategory, m_categoryBar->currentIndex() + 1);
 }

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QDateTime>
+#include <QSet>
 #include <QString>
 #include <QVariant>
 #include <QVector>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 /// The database engine: workspaces, databases, recordsets, in the shape of data access objects.
 ///
@@ -106,6 +109,12 @@ public:
 
     /// Reads the rows anew; the first record is current.
     virtual void requery() = 0;
+    /// The same, and tells which records that can have changed: the keys (values of the counted field)
+    /// of those that this database wrote, added or deleted since the rows were read last. Nothing when
+    /// it could be any: too many changed, somebody else wrote, or the recordset is forward-only.
+    virtual std::optional<QSet<int>> requeryChanged() = 0;
+    /// The keys of the records in their order; none of a forward-only recordset.
+    virtual std::vector<int> keys() const = 0;
     virtual int recordCount() const = 0;
     /// How many records the engine may keep at hand for the current place. A hint.
     virtual void setCacheSize(int records) = 0;

@@ -2,8 +2,8 @@
 
 #include "browser/grid/NoteGrid.h"
 #include "platform/Clock.h"
+#include "platform/EventLoop.h"
 #include "platform/FileSystem.h"
-#include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
 #include "platform/Shell.h"
 #include "platform/WindowSystem.h"
@@ -18,9 +18,11 @@
 #include "store/NoteStore.h"
 #include "watcher/NoteGridView.h"
 
+#include <QCloseEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -31,6 +33,10 @@ namespace {
 
 /// A clip for the animation, beside the program's other files. In spite of its name it is no library.
 const QString kClipName = QStringLiteral("Mmr2.dll");
+
+/// A search that takes less lets no events run, or shows nothing of how it goes on.
+constexpr int kQuietCalls = 4;
+constexpr int kQuickMs = 300;
 
 constexpr int kWidthInCharacters = 132;
 constexpr int kHeightInLines = 34;
@@ -56,7 +62,8 @@ frmSearch::frmSearch(const BrowserServices &services)
       m_notes(new NoteGrid(services)), m_animation(new SearchAnimation),
       m_find(button(QStringLiteral("Command1"), tr("&Find Now"))),
       m_new(button(QStringLiteral("Command3"), tr("&New Search"))),
-      m_close(button(QStringLiteral("Command4"), tr("&Close"))), m_status(new QStatusBar)
+      m_close(button(QStringLiteral("Command4"), tr("&Close"))),
+      m_stop(button(QStringLiteral("cmdStop"), tr("S&top"))), m_status(new QStatusBar)
 {
     setObjectName(QStringLiteral("frmSearch"));
     setWindowTitle(tr("Norvane Search"));
@@ -85,16 +92,23 @@ void frmSearch::arrange()
     m_notes->setObjectName(QStringLiteral("DBGrid1"));
     m_status->setObjectName(QStringLiteral("StatusBar1"));
     m_find->setDefault(true);
-    QSizePolicy keepsItsRoom = m_animation->sizePolicy();
-    keepsItsRoom.setRetainSizeWhenHidden(true);
-    m_animation->setSizePolicy(keepsItsRoom);
-    m_animation->hide();
+    m_stop->setAutoDefault(false);        // Enter is not to stop what Enter has begun
+    m_stop->setFocusPolicy(Qt::TabFocus); // it goes when the search is over
+    for (QWidget *each : {static_cast<QWidget *>(m_animation), static_cast<QWidget *>(m_stop)}) {
+        QSizePolicy keepsItsRoom = each->sizePolicy();
+        keepsItsRoom.setRetainSizeWhenHidden(true);
+        each->setSizePolicy(keepsItsRoom);
+        each->hide();
+    }
+    auto *running = new QHBoxLayout;
+    running->addWidget(m_animation);
+    running->addWidget(m_stop);
 
     auto *buttons = new QVBoxLayout;
     for (QPushButton *each : {m_find, m_new, m_close})
         buttons->addWidget(each);
     buttons->addStretch();
-    buttons->addWidget(m_animation, 0, Qt::AlignHCenter);
+    buttons->addLayout(running);
     auto *top = new QHBoxLayout;
     top->addWidget(m_tabs, 1);
     top->addLayout(buttons);
@@ -118,6 +132,7 @@ void frmSearch::connectControls()
     connect(m_tabs, &SearchTabs::resetAsked, this, &frmSearch::ResetMinMax);
     connect(m_find, &QPushButton::clicked, this, &frmSearch::Command1_Click);
     connect(m_new, &QPushButton::clicked, this, &frmSearch::Command3_Click);
+    connect(m_stop, &QPushButton::clicked, this, [this] { m_isStopped = true; });
     connect(m_close, &QPushButton::clicked, this, &frmSearch::unload);
     connect(m_notes, &NoteGrid::Changed, this, &frmSearch::followInBrowser);
     connect(m_notes, &NoteGrid::Refresh, this, &frmSearch::followInBrowser);
@@ -151,28 +166,79 @@ void frmSearch::ResetMinMax()
 
 void frmSearch::Command1_Click()
 {
+    if (m_isRunning)
+        return;
     m_animation->show();
     m_animation->play();
     const SearchCriteria criteria = m_tabs->criteria();
     m_tabs->keepText();
     try {
-        showResult(findNotes(openDatabase(m_services.store), criteria));
-    } catch (const RuntimeError &) {
-        // The animation goes on, until a search succeeds.
-        m_services.edit.prompts.messageBox(tr("Please check your criteria and try again."),
-                                           Prompts::kExclamation, kApplicationTitle.toString());
+        std::unique_ptr<dao::Recordset> found = search(criteria);
+        showResult(std::move(found));
+    } catch (const RuntimeError &error) {
+        if (m_unloaded) {
+            deleteLater();
+        } else if (error.number() == kErrorCancelled) {
+            m_status->showMessage(tr("The search was stopped."));
+            endAnimation();
+        } else {
+            // The animation goes on, until a search succeeds.
+            tell(m_services.edit.prompts, tr("Please check your criteria and try again."));
+        }
         return;
     }
     const int count = m_notes->GridRS()->recordCount();
     m_status->showMessage(QString::number(count) + tr(" Item(s) found"));
     if (count > 0)
         m_notes->SetFocus();
+    endAnimation();
+}
+
+std::unique_ptr<dao::Recordset> frmSearch::search(const SearchCriteria &criteria)
+{
+    dao::Database &database = openDatabase(m_services.store);
+    const QString status = m_status->currentMessage();
+    m_isRunning = true;
+    m_isStopped = false;
+    m_progressCalls = 0;
+    m_time.start();
+    const auto over = qScopeGuard([&] {
+        m_isRunning = false;
+        m_stop->hide();
+        m_status->showMessage(status);
+        if (m_services.store.database() == &database) // or it was closed meanwhile
+            database.setProgress({});
+    });
+    database.setProgress([this] { return goOn(); });
+    auto found = findNotes(database, criteria);
+    if (m_isStopped)
+        throw RuntimeError(kErrorCancelled, QStringLiteral("The search was stopped."));
+    return found;
+}
+
+/// Whether the search that runs is to go on.
+bool frmSearch::goOn()
+{
+    if (++m_progressCalls <= kQuietCalls)
+        return true;
+    if (!m_stop->isVisible() && m_time.elapsed() > kQuickMs) {
+        m_stop->show();
+        m_status->showMessage(tr("Searching..."));
+    }
+    m_services.events.yield();
+    return !m_isStopped;
+}
+
+void frmSearch::endAnimation()
+{
     m_animation->stop();
     m_animation->hide();
 }
 
 void frmSearch::Command3_Click()
 {
+    if (m_isRunning)
+        return;
     try {
         showResult(findNothing(openDatabase(m_services.store)));
     } catch (const RuntimeError &error) {
@@ -213,6 +279,20 @@ WindowHandle frmSearch::hWnd() const
     return static_cast<WindowHandle>(winId());
 }
 
+void frmSearch::reject()
+{
+    if (m_isRunning)
+        m_isStopped = true;
+    else
+        unload();
+}
+
+void frmSearch::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    unload();
+}
+
 void frmSearch::unload()
 {
     if (m_unloaded)
@@ -223,7 +303,9 @@ void frmSearch::unload()
     m_notes->setGridDB(nullptr);
     m_services.forms.remove(this);
     hide();
-    deleteLater();
+    m_isStopped = true;
+    if (!m_isRunning) // else when the search has come back
+        deleteLater();
 }
 
 void ShowSearch(const BrowserServices &services, std::optional<int> category)

@@ -5,6 +5,7 @@
 #include "shell/Forms.h"
 
 #include <QDialog>
+#include <QElapsedTimer>
 #include <memory>
 #include <optional>
 
@@ -46,7 +47,11 @@ public:
     WindowHandle hWnd() const override;
     void unload() override;
 
-    void reject() override { unload(); }
+    /// Escape: stops the search that runs, else closes the window.
+    void reject() override;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     void arrange();
@@ -56,7 +61,12 @@ private:
     void Command1_Click();
     /// "&New Search"
     void Command3_Click();
+    /// Finds what the criteria ask for. A search that takes long lets events run. Raises what the engine
+    /// raises, 3059 when it was stopped.
+    std::unique_ptr<dao::Recordset> search(const SearchCriteria &criteria);
+    bool goOn();
     void showResult(std::unique_ptr<dao::Recordset> notes);
+    void endAnimation();
     void followInBrowser();
 
     const BrowserServices &m_services;
@@ -66,7 +76,12 @@ private:
     QPushButton *m_find;  ///< `Command1`
     QPushButton *m_new;   ///< `Command3`
     QPushButton *m_close; ///< `Command4`
+    QPushButton *m_stop;
     QStatusBar *m_status;
+    QElapsedTimer m_time; ///< since the search began
+    int m_progressCalls = 0;
+    bool m_isRunning = false;
+    bool m_isStopped = false;
     bool m_unloaded = false;
 };
 

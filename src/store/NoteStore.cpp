@@ -29,15 +29,6 @@ template <typename Pointer> void closeQuietly(Pointer &object)
     object.reset();
 }
 
-/// The recordset, or the error of using one that is not there.
-dao::Recordset &opened(const std::unique_ptr<dao::Recordset> &recordset)
-{
-    if (!recordset)
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."),
-                           QStringLiteral("NoteStore"));
-    return *recordset;
-}
-
 } // namespace
 
 NoteStore::NoteStore(dao::Engine &engine, FileSystem &files) : m_engine(engine), m_files(files) {}
@@ -94,15 +85,24 @@ void NoteStore::close()
     closeQuietly(m_workspace);
 }
 
+void NoteStore::checkOpen() const
+{
+    if (!m_database)
+        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."),
+                           QStringLiteral("NoteStore"));
+}
+
 void NoteStore::requeryNoteIndex()
 {
-    opened(m_noteIndex).requery();
+    checkOpen();
+    m_noteIndex->requery();
     ++m_noteChangeCount;
 }
 
 void NoteStore::requeryNoteSet()
 {
-    opened(m_noteSet).requery();
+    checkOpen();
+    m_noteSet->requery();
 }
 
 QString NoteStore::bodyFile(int id) const

@@ -41,7 +41,9 @@ public:
     /// Closes recordsets, database and workspace. Never raises.
     void close();
 
-    /// Both raise 91 when no database is open.
+    /// Raises 91 when no database is open.
+    void checkOpen() const;
+    // These, too.
     void requeryNoteIndex();
     void requeryNoteSet();
     /// Grows with every requeryNoteIndex() and every open(): answers kept from NoteIndex are good

@@ -25,9 +25,7 @@ int longTwips(double twips)
 std::unique_ptr<dao::Recordset> openNoteRows(const NoteStore &store, const QString &condition,
                                              const QString &columns, dao::RecordsetType type)
 {
-    if (!store.database())
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."),
-                           QStringLiteral("Memos"));
+    store.checkOpen();
     return store.database()->openRecordset(
         QStringLiteral("select ") + columns + QStringLiteral(" from Memos where ") + condition, type);
 }

@@ -71,9 +71,8 @@ clsWindow &AttachWindow::record(WindowHandle hWnd)
 /// @return whether a row was written
 bool AttachWindow::writeNote(const clsWindow &window)
 {
+    m_parts.store.checkOpen();
     dao::Recordset *notes = m_parts.store.NoteSet();
-    if (!notes)
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
     const MatchFacts facts =
         matchFacts(window, m_parts.windows, m_parts.location, m_parts.shell, m_parts.settings);
     const QString criteria = BuildMatchCriteria(window, facts, m_parts.settings) +

@@ -3,7 +3,6 @@
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
 #include "platform/WindowSystem.h"
-#include "platform/errors.h"
 #include "shell/internal_error.h"
 #include "store/NoteStore.h"
 #include "watcher/AttachWindow.h"
@@ -58,8 +57,7 @@ void NoteHotKeys::deleteNote(WindowHandle target)
     StickyNote *note = noteOn(m_forms, target);
     if (!note)
         return;
-    if (!m_store.database())
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
+    m_store.checkOpen();
     const int id = note->fields.ID;
     const QString question = QStringLiteral("Are you sure you want to delete '%1'?").arg(note->caption());
     if (!ask(m_prompts, question, Prompts::kQuestion | Prompts::kSystemModal))

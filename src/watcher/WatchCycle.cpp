@@ -9,6 +9,7 @@
 #include "platform/dao.h"
 #include "platform/errors.h"
 #include "store/NoteStore.h"
+#include "store/note_row.h"
 #include "watcher/StickyNote.h"
 #include "watcher/WatchSettings.h"
 #include "watcher/classify_location.h"
@@ -181,14 +182,10 @@ WatchCycle::FoundNote WatchCycle::noteOf(const clsWindow &window)
     const QString criteria = BuildMatchCriteria(
         window, matchFacts(window, m_parts.windows, m_parts.location, m_parts.shell, m_parts.settings),
         m_parts.settings);
-    dao::Database *database = m_parts.store.database();
-    if (!database)
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
-
+    m_parts.store.checkOpen();
     const QString text = criteria + QStringLiteral(" and Active=True And URL <> ''");
-    const auto count =
-        database->openRecordset(QStringLiteral("select count(*) as mMemos from Memos where ") + text,
-                                dao::RecordsetType::ForwardOnly);
+    const auto count = openNoteRows(m_parts.store, text, QStringLiteral("count(*) as mMemos"),
+                                    dao::RecordsetType::ForwardOnly);
     if (count->field(QStringLiteral("mMemos")).toInt() == 0)
         return {};
     count->close();

@@ -5,6 +5,13 @@
 
 namespace norvane {
 
+QString shellPathOf(const QString &location)
+{
+    const bool isPage = location.contains(u"http://", Qt::CaseInsensitive) ||
+                        location.contains(u"https://", Qt::CaseInsensitive);
+    return isPage ? QStringLiteral(".HTM") : location;
+}
+
 QString ClassifyLocation(const Shell &shell, const QString &path)
 {
     constexpr qsizetype kLongestTypeName = 79;

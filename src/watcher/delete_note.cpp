@@ -1,17 +1,14 @@
 #include "watcher/delete_note.h"
 
 #include "platform/FileSystem.h"
-#include "platform/RuntimeError.h"
-#include "platform/errors.h"
 #include "store/NoteStore.h"
 
 namespace norvane {
 
 void deleteNoteRow(NoteStore &store, int ID)
 {
+    store.checkOpen();
     dao::Recordset *notes = store.NoteSet();
-    if (!notes)
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
     const QString condition = QStringLiteral("ID=%1").arg(ID);
     notes->findFirst(condition);
     if (notes->noMatch()) {

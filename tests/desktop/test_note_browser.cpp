@@ -10,6 +10,8 @@ namespace {
 /// More pixels than a text cursor that stands in one picture of two, and less than a word.
 constexpr int kCursorPixels = 60;
 constexpr int kLeastWidth = 800;
+/// Pixels of paper, of the 85,000 of a new note with its tool bar.
+constexpr int kMostOfANote = 40000;
 /// Fewer pixels than an editor covers, more than a preview.
 constexpr int kEditorPixels = 20000;
 
@@ -53,6 +55,14 @@ protected:
         return dialog;
     }
 
+    qint64 paperPixels(xcb_window_t note, const QColor &color) const
+    {
+        const QImage picture = m_norvane.pictureOf(note);
+        QImage plain = picture;
+        plain.fill(color);
+        return static_cast<qint64>(picture.width()) * picture.height() - differentPixels(picture, plain);
+    }
+
     bool isGone(xcb_window_t window)
     {
         return waitFor([&] { return !x().exists(window) || !x().isViewable(window); });
@@ -74,10 +84,13 @@ TEST_F(NoteBrowser, ChangesANoteThatIsOnTheScreen)
     ASSERT_TRUE(editor != 0 && startNorvane());
     xcb_window_t note = writeNote(editor, QStringLiteral("Second draft, ask Ada."));
     ASSERT_NE(note, 0u);
-    const QImage before = m_norvane.settledPictureOf(note);
     const QPoint place = m_norvane.placeIn(editor, note).topLeft();
     const xcb_window_t browser = openBrowser();
     ASSERT_NE(browser, 0u);
+    ASSERT_TRUE(waitFor([&] { // the note is to be seen beside it
+        x().moveResize(browser, kLeft);
+        return x().geometry(browser).size() == kLeft.size();
+    }));
 
     // Off and on again.
     x().press(QStringLiteral("alt+a"));
@@ -93,15 +106,24 @@ TEST_F(NoteBrowser, ChangesANoteThatIsOnTheScreen)
     ASSERT_NE(properties, 0u);
     x().press(QStringLiteral("alt+r")); // the page of its appearance
     x().press(QStringLiteral("alt+s"));
+    x().press(QStringLiteral("shift+Tab"));
+    const xcb_window_t colors = dialogBy(QStringLiteral(" "), QStringLiteral("Select Color"));
+    ASSERT_NE(colors, 0u);
+    x().press(QStringLiteral("alt+h"));
+    x().type(QStringLiteral("#ff8040"));
+    x().press(QStringLiteral("Return"));
+    EXPECT_TRUE(isGone(colors));
+    ASSERT_TRUE(waitFor([&] { return x().activeWindow() == properties; }));
+    x().press(QStringLiteral("Tab"));
     x().press(QStringLiteral("Tab")); // the first of the places
     for (int step = 0; step < 5; ++step)
         x().press(QStringLiteral("Down"));
     x().press(QStringLiteral("alt+y")); // apply
-    EXPECT_TRUE(becomes(QStringLiteral("ShowToolbar <> 0, FormPosition"), "1|5"))
-        << column(QStringLiteral("ShowToolbar, FormPosition"));
+    EXPECT_TRUE(becomes(QStringLiteral("ShowToolbar <> 0, FormPosition, BackColor"), "1|5|4227327"))
+        << column(QStringLiteral("ShowToolbar, FormPosition, BackColor"));
     EXPECT_TRUE(waitFor([&] { return m_norvane.placeIn(editor, note).topLeft() != place; }))
         << "it moves where it stands";
-    EXPECT_TRUE(waitFor([&] { return differentPixels(m_norvane.pictureOf(note), before) > kCursorPixels; }));
+    EXPECT_TRUE(waitFor([&] { return paperPixels(note, QColor(0xff, 0x80, 0x40)) > kMostOfANote; }));
     x().press(QStringLiteral("Escape"));
     EXPECT_TRUE(isGone(properties));
 

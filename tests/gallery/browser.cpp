@@ -13,11 +13,13 @@
 #include "fakes/FakeTrayHost.h"
 #include "looks.h"
 #include "richtext/NV_RTFEdit.h"
+#include "search/frmSearch.h"
 #include "shell/windows/mdiMain.h"
 #include "store/NoteRescue.h"
 #include "ui/browser/BrowserDesk.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QPainter>
 #include <QProcess>
 #include <QTabWidget>
@@ -117,6 +119,31 @@ public:
         ShowOpenNote(services, text, u"Import into 'Shopping'"_s);
         settle();
         keep(*dynamic_cast<QWidget *>(forms.named(u"frmOpen"_s).constFirst()), u"open-note"_s);
+    }
+
+    /// Each tab, before a search and after one, and what a text does that is none.
+    void search(const QString &name)
+    {
+        ShowSearch(services, std::nullopt);
+        auto *window = dynamic_cast<frmSearch *>(forms.named(u"frmSearch"_s).constFirst());
+        auto *text = window->findChild<QComboBox *>(u"cmbSearch"_s);
+        auto *tabs = window->findChild<QTabWidget *>(u"Frame1"_s);
+        keep(*window, name + u"-new"_s);
+        text->setEditText(u"the"_s);
+        QTest::keyClick(text, Qt::Key_Return);
+        for (int page = 0; page < tabs->count(); ++page) {
+            tabs->setCurrentIndex(page);
+            keep(*window, u"%1-found-%2"_s.arg(name).arg(page + 1));
+        }
+        tabs->setCurrentIndex(0);
+        text->setEditText(u"nothing is called so"_s);
+        QTest::keyClick(text, Qt::Key_Return);
+        keep(*window, name + u"-nothing"_s);
+        text->setEditText(u"[the"_s);
+        QTest::keyClick(text, Qt::Key_Return);
+        window->resize(window->minimumSizeHint());
+        keep(*window, name + u"-small-after-a-fault"_s);
+        window->unload();
     }
 
 private:
@@ -251,9 +278,11 @@ bool shoot(const QString &folder)
     Gallery few(folder, 5);
     few.browser(u"browser-5"_s);
     few.dialogs();
+    few.search(u"search-5"_s);
     Gallery many(folder, kManyNotes);
     many.browser(u"browser-5000"_s);
     many.browserDetails();
+    many.search(u"search-5000"_s);
     return none.isDone() && few.isDone() && many.isDone();
 }
 

@@ -1,7 +1,7 @@
 #include "browser/dialogs/CategoryBox.h"
 
 #include "browser/BrowserServices.h"
-#include "browser/dialogs/browse_button.h"
+#include "browser/dialogs/dialog_parts.h"
 #include "browser/dialogs/note_properties.h"
 #include "platform/RuntimeError.h"
 #include "store/categories.h"

@@ -1,7 +1,7 @@
 #include "browser/dialogs/LocationBox.h"
 
 #include "browser/dialogs/WholeCharacters.h"
-#include "browser/dialogs/browse_button.h"
+#include "browser/dialogs/dialog_parts.h"
 #include "browser/dialogs/location_cleaning.h"
 #include "platform/Prompts.h"
 

@@ -3,6 +3,7 @@
 #include "browser/dialogs/CategoryBox.h"
 #include "browser/dialogs/LocationBox.h"
 #include "browser/dialogs/WholeCharacters.h"
+#include "browser/dialogs/dialog_parts.h"
 #include "browser/dialogs/new_note.h"
 #include "browser/dialogs/note_properties.h"
 #include "platform/RuntimeError.h"
@@ -52,11 +53,6 @@ void frmNewNote::arrange()
 {
     constexpr int kShownCharacters = 46;
     m_location->setMinimumWidth(fontMetrics().averageCharWidth() * kShownCharacters);
-    const auto caption = [this](const QString &text, QWidget *buddy) {
-        auto *label = new QLabel(text, this);
-        label->setBuddy(buddy);
-        return label;
-    };
     auto *fields = new QGridLayout;
     fields->addWidget(caption(tr("Name:"), m_name), 0, 0);
     fields->addWidget(m_name, 0, 1, 1, 2);

@@ -5,29 +5,27 @@
 #include "browser/dialogs/LocationBox.h"
 #include "browser/dialogs/ScreenModel.h"
 #include "browser/dialogs/byte_size.h"
-#include "controls/svg_icon.h"
+#include "browser/grid/note_grid_images.h"
+#include "controls/BusyPointer.h"
 #include "platform/FileSystem.h"
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
+#include "platform/Shell.h"
 #include "platform/Sound.h"
+#include "platform/errors.h"
 #include "richtext/EditServices.h"
 #include "shell/internal_error.h"
 #include "store/NoteStore.h"
-#include "watcher/classify_location.h"
+#include "watcher/NoteGridView.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QEvent>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
-#include <QMimeDatabase>
 #include <QPointer>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QToolButton>
-#include <limits>
 #include <utility>
 
 namespace norvane {
@@ -39,24 +37,6 @@ constexpr int kPictureSide = 32;
 QString defaultSound()
 {
     return QStringLiteral("(Default)");
-}
-
-QString webPage()
-{
-    return QStringLiteral(".HTM");
-}
-
-bool isWebAddress(const QString &location)
-{
-    return location.contains(QStringLiteral("http://"), Qt::CaseInsensitive) ||
-           location.contains(QStringLiteral("https://"), Qt::CaseInsensitive);
-}
-
-QString dateText(const QDateTime &date)
-{
-    const QLocale locale;
-    return locale.toString(date.date(), QLocale::ShortFormat) + QStringLiteral("  ") +
-           locale.toString(date.time(), QLocale::ShortFormat);
 }
 
 /// A title as a window can bear it: one line, and nothing in it that stands for something else.
@@ -90,8 +70,7 @@ void setValue(QCheckBox *box, CheckValue value)
 template <typename Make> void showLoaded(const BrowserServices &services, Make make)
 {
     const auto makeBusily = [&] {
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        const auto restore = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
+        const BusyPointer busy;
         return make();
     };
     try {
@@ -99,21 +78,19 @@ template <typename Make> void showLoaded(const BrowserServices &services, Make m
         form->showModal();
     } catch (const RuntimeError &error) {
         showRuntimeError(services.edit.prompts, error);
+        if (error.number() != kErrorNoCurrentRecord)
+            return;
+        // Another program has taken the note away.
+        services.browser.Refresh_Grid();
+        services.browser.refreshAround();
     }
 }
 
 } // namespace
 
-QIcon themeTypePicture(const QString &path)
+void frmProperty::ShowPropertyPage(const BrowserServices &services, int ID, QWidget *parent)
 {
-    const QMimeType type = QMimeDatabase().mimeTypeForFile(path, QMimeDatabase::MatchExtension);
-    return QIcon::fromTheme(type.iconName(), QIcon::fromTheme(type.genericIconName()));
-}
-
-void frmProperty::ShowPropertyPage(const BrowserServices &services, int ID, QWidget *parent,
-                                   const TypePictures &pictures)
-{
-    showLoaded(services, [&] { return new frmProperty(services, ID, parent, pictures); });
+    showLoaded(services, [&] { return new frmProperty(services, ID, parent); });
 }
 
 void frmProperty::ShowPropertyPage(const BrowserServices &services, const QVector<int> &IDs, QWidget *parent)
@@ -121,8 +98,8 @@ void frmProperty::ShowPropertyPage(const BrowserServices &services, const QVecto
     showLoaded(services, [&] { return new frmProperty(services, IDs, parent); });
 }
 
-frmProperty::frmProperty(const BrowserServices &services, int ID, QWidget *parent, TypePictures pictures)
-    : frmProperty(services, {ID}, Extent::OneNote, std::move(pictures), parent)
+frmProperty::frmProperty(const BrowserServices &services, int ID, QWidget *parent)
+    : frmProperty(services, {ID}, Extent::OneNote, parent)
 {
     const StoredProperties stored = readProperties(services.store, ID);
     showProperties(stored.properties);
@@ -132,17 +109,15 @@ frmProperty::frmProperty(const BrowserServices &services, int ID, QWidget *paren
 }
 
 frmProperty::frmProperty(const BrowserServices &services, QVector<int> IDs, QWidget *parent)
-    : frmProperty(services, std::move(IDs), Extent::SeveralNotes, {}, parent)
+    : frmProperty(services, std::move(IDs), Extent::SeveralNotes, parent)
 {
     showProperties({});
     Refresh_FileType();
     m_filling = false;
 }
 
-frmProperty::frmProperty(const BrowserServices &services, QVector<int> IDs, Extent extent,
-                         TypePictures pictures, QWidget *parent)
-    : NoteDialog(services, QStringLiteral("frmProperty"), parent), m_IDs(std::move(IDs)), m_extent(extent),
-      m_pictures(std::move(pictures))
+frmProperty::frmProperty(const BrowserServices &services, QVector<int> IDs, Extent extent, QWidget *parent)
+    : NoteDialog(services, QStringLiteral("frmProperty"), parent), m_IDs(std::move(IDs)), m_extent(extent)
 {
     makeControls();
     arrange();
@@ -208,8 +183,9 @@ void frmProperty::showProperties(const NoteProperties &properties)
 
 void frmProperty::showFacts(const StoredProperties &stored)
 {
+    NoteDateTexts dateText(QLocale::system());
     m_dateCreated->setText(stored.DateCreated.isValid() ? dateText(stored.DateCreated) : tr("N/A"));
-    m_lastUpdate->setText(stored.LastUpdate.isValid() ? dateText(stored.LastUpdate) : QString());
+    m_lastUpdate->setText(dateText(stored.LastUpdate));
     m_fileSize->setText(fileSize());
 }
 
@@ -255,21 +231,16 @@ void frmProperty::Refresh_FileType()
         return;
     }
     setWindowTitle(windowTitleOf(tr("Properties - ") + m_name->text()));
-    const QString location = m_location->text();
-    m_shownType = isWebAddress(location) ? webPage() : location;
-    m_type->setText(location.isEmpty() ? QStringLiteral("Norvane")
-                                       : ClassifyLocation(m_services.shell, m_shownType));
+    m_shownType = NoteTypes(m_services.shell)(m_location->text());
+    m_type->setText(m_shownType.text);
     showTypePicture();
 }
 
 void frmProperty::showTypePicture()
 {
-    QIcon picture;
-    if (!m_shownType.isEmpty() && m_pictures)
-        picture = m_pictures(m_shownType);
-    if (picture.isNull())
-        picture = svgIcon(m_shownType.isEmpty() ? QStringLiteral(":/norvane/icons/dialog-note.svg")
-                                                : QStringLiteral(":/norvane/icons/dialog-location.svg"));
+    const QIcon picture = m_shownType.shellKey.isEmpty()
+                              ? NoteGridImages().icon(m_shownType.icon)
+                              : FileIcons()(m_services.shell.iconNames(m_shownType.shellKey));
     m_picture->setPixmap(picture.pixmap(QSize(kPictureSide, kPictureSide), devicePixelRatioF()));
 }
 

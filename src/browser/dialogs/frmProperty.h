@@ -2,9 +2,7 @@
 
 #include "browser/dialogs/NoteDialog.h"
 #include "browser/dialogs/note_properties.h"
-
-#include <QIcon>
-#include <functional>
+#include "browser/grid/note_row_texts.h"
 
 class QButtonGroup;
 class QCheckBox;
@@ -21,11 +19,6 @@ class ColorButton;
 class LocationBox;
 class ScreenModel;
 
-/// The picture of a file's type, by its path or by ".HTM" alone; null when there is none.
-using TypePictures = std::function<QIcon(const QString &path)>;
-/// The desktop theme's pictures, by the name of the file.
-QIcon themeTypePicture(const QString &path);
-
 /// Shows and changes the settings of one note, or of several at once. "&OK" and "&Cancel" unload it.
 class frmProperty : public NoteDialog
 {
@@ -34,15 +27,13 @@ class frmProperty : public NoteDialog
 public:
     /// Shows the settings of one note, or of several, and waits for the dialog's end. What goes wrong is
     /// told.
-    static void ShowPropertyPage(const BrowserServices &services, int ID, QWidget *parent = nullptr,
-                                 const TypePictures &pictures = themeTypePicture);
+    static void ShowPropertyPage(const BrowserServices &services, int ID, QWidget *parent = nullptr);
     static void ShowPropertyPage(const BrowserServices &services, const QVector<int> &IDs,
                                  QWidget *parent = nullptr);
 
     /// Loads the settings of one note. Raises 3021 when there is no such row, and what the engine raises.
     /// @param services must outlive the dialog
-    frmProperty(const BrowserServices &services, int ID, QWidget *parent = nullptr,
-                TypePictures pictures = themeTypePicture);
+    frmProperty(const BrowserServices &services, int ID, QWidget *parent = nullptr);
     /// Loads the dialog for several notes; those of these IDs are meant until its end, whatever the list
     /// they were chosen in shows meanwhile. Raises what the engine raises.
     frmProperty(const BrowserServices &services, QVector<int> IDs, QWidget *parent = nullptr);
@@ -58,8 +49,7 @@ protected:
 
 private:
     enum class Extent { OneNote, SeveralNotes };
-    frmProperty(const BrowserServices &services, QVector<int> IDs, Extent extent, TypePictures pictures,
-                QWidget *parent);
+    frmProperty(const BrowserServices &services, QVector<int> IDs, Extent extent, QWidget *parent);
 
     bool isSingle() const { return m_extent == Extent::OneNote; }
     void makeControls();
@@ -89,7 +79,6 @@ private:
 
     const QVector<int> m_IDs;
     const Extent m_extent;
-    const TypePictures m_pictures;
     QLabel *m_picture = nullptr;       ///< `Picture1`
     QLabel *m_type = nullptr;          ///< `Label2`
     QLineEdit *m_name = nullptr;       ///< `txtName`
@@ -115,7 +104,7 @@ private:
     QPushButton *m_ok = nullptr;
     QPushButton *m_apply = nullptr;
     QPushButton *m_cancel = nullptr; ///< `Command3`
-    QString m_shownType;             ///< path or extension whose picture is shown; empty: a note's
+    NoteType m_shownType;            ///< whose picture is shown
     bool m_filling = true;
 };
 

@@ -1,7 +1,9 @@
 #include "browser/dialogs/note_properties.h"
 
 #include "browser/dialogs/location_cleaning.h"
+#include "platform/RuntimeError.h"
 #include "platform/WindowSystem.h"
+#include "platform/errors.h"
 #include "shell/numeric_prefix.h"
 #include "store/NoteStore.h"
 #include "watcher/NoteGridView.h"
@@ -142,6 +144,8 @@ bool saveRow(const PropertyTargets &targets, int ID, const NoteProperties &prope
 StoredProperties readProperties(const NoteStore &store, int ID)
 {
     const std::unique_ptr<dao::Recordset> row = openNoteRow(store, ID);
+    if (row->eof())
+        throw RuntimeError(kErrorNoCurrentRecord, QStringLiteral("This note is no longer in the database."));
     StoredProperties stored;
     NoteProperties &properties = stored.properties;
     properties.FriendlyName = row->field(QStringLiteral("FriendlyName")).toString();

@@ -5,7 +5,7 @@
 #include "browser/dialogs/LocationBox.h"
 #include "browser/dialogs/ScreenModel.h"
 #include "browser/dialogs/WholeCharacters.h"
-#include "browser/dialogs/browse_button.h"
+#include "browser/dialogs/dialog_parts.h"
 #include "browser/dialogs/frmProperty.h"
 #include "controls/svg_icon.h"
 #include "richtext/EditServices.h"
@@ -53,13 +53,6 @@ QToolButton *soundButton(const QString &name, const QString &what, const QString
     result->setAccessibleName(what);
     result->setFocusPolicy(Qt::StrongFocus);
     return result;
-}
-
-QLabel *caption(const QString &text, QWidget *buddy)
-{
-    auto *label = new QLabel(text);
-    label->setBuddy(buddy);
-    return label;
 }
 
 QFrame *line()

@@ -65,6 +65,7 @@ void frmOpen::makeButtons()
         auto *button = new QPushButton(text);
         button->setObjectName(name);
         button->setAutoDefault(true);
+        button->setMinimumWidth(button->sizeHint().width() + fontMetrics().height()); // long captions
         row->addWidget(button);
         return button;
     };

@@ -1,7 +1,6 @@
 #include "browser/editor/preview_place.h"
 
-#include "shell/numeric_prefix.h"
-#include "shell/settings_keys.h"
+#include "shell/window_places.h"
 
 #include <algorithm>
 
@@ -19,27 +18,17 @@ constexpr double kAtEdge = 10;
 
 QRectF readPreviewPlace(const SettingsStore &settings)
 {
-    const auto number = [&](const settings::Key &key) {
-        return numericPrefix(settings::read(settings, key));
-    };
-    double width = number(settings::kPreviewWidth);
-    double height = number(settings::kPreviewHeight);
-    if (height < kLeastHeight)
-        height = kFirstHeight;
-    if (width < kLeastWidth)
-        width = kFirstWidth;
-    return {number(settings::kPreviewLeft), number(settings::kPreviewTop), width, height};
+    QRectF place = settings::readPlace(settings, settings::kPreviewPlace);
+    if (place.height() < kLeastHeight)
+        place.setHeight(kFirstHeight);
+    if (place.width() < kLeastWidth)
+        place.setWidth(kFirstWidth);
+    return place;
 }
 
 void savePreviewPlace(SettingsStore &settings, const QRectF &place)
 {
-    const auto save = [&](const settings::Key &key, double twips) {
-        settings::save(settings, key, QString::number(qRound64(twips)));
-    };
-    save(settings::kPreviewTop, place.top());
-    save(settings::kPreviewLeft, place.left());
-    save(settings::kPreviewWidth, place.width());
-    save(settings::kPreviewHeight, place.height());
+    settings::savePlace(settings, settings::kPreviewPlace, place);
 }
 
 QRectF keepPreviewInside(const QRectF &place, double clientWidth, double statusBarTop)

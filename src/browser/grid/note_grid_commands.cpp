@@ -13,6 +13,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/WatchTimer.h"
 #include "platform/dao.h"
+#include "platform/errors.h"
 #include "richtext/EditServices.h"
 #include "shell/Forms.h"
 #include "shell/internal_error.h"
@@ -73,6 +74,8 @@ public:
     }
 
     bool hasRow() const { return m_row != 0; }
+    /// Brings the list up to date when another program has taken the note away.
+    void dropGoneRow();
 
     void openLocations();
     void toggleActive();
@@ -109,6 +112,17 @@ private:
     const QString m_location;
     const int m_selected;
 };
+
+void NoteGridCommand::dropGoneRow()
+{
+    try {
+        refresh();
+    } catch (const RuntimeError &) {
+        return;
+    }
+    if (m_list)
+        emit m_list->Changed();
+}
 
 void NoteGridCommand::openLocations()
 {
@@ -277,7 +291,9 @@ void runGridCommand(NoteGrid &list, const BrowserServices &services, const QStri
             return;
         try {
             (run.*command.run)();
-        } catch (const RuntimeError &) {
+        } catch (const RuntimeError &error) {
+            if (error.number() == kErrorNoCurrentRecord)
+                run.dropGoneRow();
             return;
         }
     }

@@ -41,13 +41,11 @@ NoteType NoteTypes::operator()(const QString &location)
 {
     if (location.isEmpty())
         return {QStringLiteral("Norvane"), kIconNote, {}};
-    const bool isPage = location.contains(u"http://", Qt::CaseInsensitive) ||
-                        location.contains(u"https://", Qt::CaseInsensitive);
-    const QString shown = isPage ? QStringLiteral(".HTM") : location;
+    const QString shown = shellPathOf(location);
     QString &name = m_names[m_shell.typeKey(shown)];
     if (name.isNull())
         name = ClassifyLocation(m_shell, shown);
-    if (!isPage && name == QStringLiteral("File Folder"))
+    if (shown == location && name == QStringLiteral("File Folder"))
         return {name, kIconFolder, {}};
     return {name, -1, shown};
 }

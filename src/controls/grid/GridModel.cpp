@@ -197,7 +197,7 @@ int GridModel::visibleRow(int from, int step) const
     return 0;
 }
 
-void GridModel::Sort()
+void GridModel::Sort(const std::vector<qint32> &from)
 {
     if (Rows() == 0 || Columns() == 0)
         return;
@@ -213,7 +213,7 @@ void GridModel::Sort()
         m_selectedRow = static_cast<int>(marked - m_rows.begin()) + 1;
     };
     try {
-        m_sort.SortItems(m_cells, m_rows);
+        m_sort.SortItems(m_cells, m_rows, from);
     } catch (const RuntimeError &) {
         putKeyBack();
         throw;

@@ -184,7 +184,8 @@ public:
     cShellSortTGridCells &SortObject() { return m_sort; }
     /// The selected row stays the selected one wherever it goes. Raises as SortItems() does; the rows
     /// stand as they were then.
-    void Sort();
+    /// @param from as of SortItems()
+    void Sort(const std::vector<qint32> &from = {});
     /// The first row behind the selected one whose text in KeySearchColumn begins with @p search, which is
     /// expected in upper case; 0 when there is none.
     /// @param wrap then from the first row on

@@ -1,5 +1,6 @@
 #include "controls/grid/cShellSortTGridCells.h"
 
+#include "controls/grid/nearly_sorted.h"
 #include "controls/grid/sort_keys.h"
 #include "platform/RuntimeError.h"
 
@@ -91,10 +92,8 @@ void shellSortTurningEquals(std::vector<RankedRow> &entries)
 }
 
 /// The rows with their ranks by keys that all are one order.
-std::vector<RankedRow> rankedRows(const std::vector<SortKeyValues> &keys, qint32 rows)
+std::vector<RankedRow> rankedRows(const std::vector<SortKeyValues> &keys, const Order &from)
 {
-    Order order(static_cast<std::size_t>(rows));
-    std::iota(order.begin(), order.end(), 0);
     const auto compare = [&keys](qint32 a, qint32 b) {
         for (const SortKeyValues &key : keys) {
             const qint64 one = key.place(a);
@@ -104,7 +103,12 @@ std::vector<RankedRow> rankedRows(const std::vector<SortKeyValues> &keys, qint32
         }
         return 0;
     };
-    std::sort(order.begin(), order.end(), [&compare](qint32 a, qint32 b) { return compare(a, b) < 0; });
+    const auto isBelow = [&compare](qint32 a, qint32 b) { return compare(a, b) < 0; };
+    Order order = nearlySorted(static_cast<qint32>(from.size()), isBelow).value_or(Order());
+    if (order.size() != from.size()) {
+        order = from;
+        std::sort(order.begin(), order.end(), isBelow);
+    }
     std::vector<RankedRow> ranked(order.size());
     quint64 rank = 0;
     for (std::size_t i = 0; i < order.size(); ++i) {
@@ -112,15 +116,19 @@ std::vector<RankedRow> rankedRows(const std::vector<SortKeyValues> &keys, qint32
             ++rank;
         ranked[static_cast<std::size_t>(order[i])] = rank << 32 | static_cast<quint32>(order[i]);
     }
-    return ranked;
+    std::vector<RankedRow> inOrder;
+    inOrder.reserve(from.size());
+    for (const qint32 row : from)
+        inOrder.push_back(ranked[static_cast<std::size_t>(row)]);
+    return inOrder;
 }
 
-Order sortedByRanks(const std::vector<SortKeyValues> &keys, bool equalIsInOrder, qint32 rows)
+Order sortedByRanks(const std::vector<SortKeyValues> &keys, bool equalIsInOrder, const Order &from)
 {
-    std::vector<RankedRow> ranked = rankedRows(keys, rows);
+    std::vector<RankedRow> ranked = rankedRows(keys, from);
     if (equalIsInOrder)
         shellSort(ranked, [](RankedRow a, RankedRow b) { return rankOf(a) >= rankOf(b); });
-    else if (rows == 2)
+    else if (from.size() == 2)
         shellSort(ranked, [](RankedRow a, RankedRow b) { return rankOf(a) > rankOf(b); });
     else
         shellSortTurningEquals(ranked);
@@ -131,10 +139,8 @@ Order sortedByRanks(const std::vector<SortKeyValues> &keys, bool equalIsInOrder,
 }
 
 /// Comparison by comparison, for keys whose answers may contradict each other or raise.
-Order sortedByComparing(const std::vector<SortKeyValues> &keys, qint32 rows)
+Order sortedByComparing(const std::vector<SortKeyValues> &keys, Order order)
 {
-    Order order(static_cast<std::size_t>(rows));
-    std::iota(order.begin(), order.end(), 0);
     shellSort(order, [&keys](qint32 spare, qint32 other) {
         CellOrder answer;
         for (const SortKeyValues &key : keys) {
@@ -179,7 +185,7 @@ cShellSortTGridCells::Key &cShellSortTGridCells::written(int index)
     return m_keys[index - 1];
 }
 
-void cShellSortTGridCells::SortItems(GridCells &cells, QVector<GridRow> &rows) const
+void cShellSortTGridCells::SortItems(GridCells &cells, QVector<GridRow> &rows, Order from) const
 {
     if (cells.rows() < 2)
         return;
@@ -198,21 +204,26 @@ void cShellSortTGridCells::SortItems(GridCells &cells, QVector<GridRow> &rows) c
         isOneOrder = isOneOrder && values.isOneOrder();
         keys.push_back(std::move(values));
     }
-    const auto count = static_cast<qint32>(cells.rows());
+    Order standing(static_cast<std::size_t>(cells.rows()));
+    std::iota(standing.begin(), standing.end(), 0);
+    if (from.empty())
+        from = standing;
     const bool decidesNothing = !equalIsInOrder && (keys.empty() || keys.back().equalIsInOrder());
     Order order;
     if (isOneOrder) {
-        order = sortedByRanks(keys, equalIsInOrder, count);
+        order = sortedByRanks(keys, equalIsInOrder, from);
     } else {
         if (decidesNothing)
             keys.emplace_back(cells, 0, 0, 0);
-        order = sortedByComparing(keys, count);
+        order = sortedByComparing(keys, std::move(from));
     }
+    if (order == standing)
+        return;
     cells.permute(order);
     QVector<GridRow> moved;
     moved.reserve(rows.size());
-    for (const qint32 from : order)
-        moved.append(std::move(rows[from]));
+    for (const qint32 row : order)
+        moved.append(std::move(rows[row]));
     rows.swap(moved);
 }
 

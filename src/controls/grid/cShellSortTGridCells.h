@@ -35,7 +35,9 @@ public:
     /// Sorts all rows, cells and row records together.
     /// Raises 13 for a text that is no number in a key of type 100, and 9 for a column that is not there
     /// in a key that compares; nothing has been moved then.
-    void SortItems(GridCells &cells, QVector<GridRow> &rows) const;
+    /// @param from the rows, counted from 0, in the order that they are sorted out of, each once; empty
+    ///             for the order in which they stand
+    void SortItems(GridCells &cells, QVector<GridRow> &rows, std::vector<qint32> from = {}) const;
 
 private:
     struct Key

@@ -1,5 +1,6 @@
 #include "controls/grid/sort_keys.h"
 
+#include "controls/grid/nearly_sorted.h"
 #include "platform/RuntimeError.h"
 #include "platform/errors.h"
 
@@ -64,8 +65,33 @@ qint64 cutDate(double number, qint32 type)
 
 } // namespace
 
+namespace {
+
+/// The ranks of texts whose numbers are in their order.
+std::vector<qint64> ranksOf(const std::vector<QString> &texts, const std::vector<qint32> &order)
+{
+    std::vector<qint64> ranks(texts.size());
+    qint64 rank = 0;
+    QString before; // the empty text has the rank 0
+    for (const qint32 number : order) {
+        const auto row = static_cast<std::size_t>(number);
+        if (texts[row] != before)
+            ++rank;
+        before = texts[row];
+        ranks[row] = rank;
+    }
+    return ranks;
+}
+
+} // namespace
+
 std::vector<qint64> textRanks(const std::vector<QString> &texts)
 {
+    const auto isBelow = [&texts](qint32 a, qint32 b) {
+        return texts[static_cast<std::size_t>(a)] < texts[static_cast<std::size_t>(b)];
+    };
+    if (const auto order = nearlySorted(static_cast<qint32>(texts.size()), isBelow))
+        return ranksOf(texts, *order);
     std::vector<TextPlace> places(texts.size());
     for (std::size_t i = 0; i < places.size(); ++i)
         places[i].row = static_cast<qint32>(i);

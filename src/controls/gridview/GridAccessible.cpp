@@ -44,7 +44,11 @@ public:
     {
         if (!isValid() || kind != QAccessible::Name)
             return {};
-        return isHeader() ? headerName() : m_grid->CellFormattedText(m_row, column());
+        if (isHeader())
+            return headerName();
+        const QString text = m_grid->CellFormattedText(m_row, column());
+        // A mark without a word says that the row is what its column is about.
+        return text.isEmpty() && m_grid->CellIcon(m_row, column()) >= 0 ? headerName() : text;
     }
     void setText(QAccessible::Text, const QString &) override {}
 

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QInputMethodEvent>
+#include <QMetaMethod>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -277,7 +278,8 @@ void vbalGrid::searchKey(const QString &text)
 
 void vbalGrid::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (event->mimeData()->hasUrls() || event->mimeData()->hasText())
+    const bool isWanted = isSignalConnected(QMetaMethod::fromSignal(&vbalGrid::Dropped));
+    if (isWanted && (event->mimeData()->hasUrls() || event->mimeData()->hasText()))
         event->acceptProposedAction();
 }
 

@@ -168,6 +168,7 @@ signals:
     /// The menu of the selected row is asked for by key; the position is the viewport's.
     void MenuKey(QPoint Position);
     /// Files or a text were dropped: local paths, or else the text. Raised when the drop has returned.
+    /// Where nothing is connected to it, drops are refused.
     void Dropped(const QStringList &Files, const QString &Text);
 
 protected:

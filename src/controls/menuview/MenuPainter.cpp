@@ -293,9 +293,12 @@ void MenuPainter::paintText(QPainter &painter, const QString &text, int underlin
     const QString line = metrics.elidedText(text, Qt::ElideRight, rect.width());
     const bool underlines =
         underlined >= 0 && line == text && QApplication::style()->styleHint(QStyle::SH_UnderlineShortcut);
+    // The rows of a menu run from left to right, whatever the desktop's direction.
+    const int flags = int(side | Qt::AlignAbsolute | Qt::AlignVCenter) | Qt::TextSingleLine |
+                      int(text.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight);
     const auto paint = [&](const QRect &place, const QColor &color) {
         painter.setPen(color);
-        painter.drawText(place, int(side | Qt::AlignVCenter) | Qt::TextSingleLine, line);
+        painter.drawText(place, flags, line);
         if (underlines) {
             const int left = place.left() + metrics.horizontalAdvance(text.left(underlined));
             const int width = metrics.horizontalAdvance(text.at(underlined));

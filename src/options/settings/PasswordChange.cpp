@@ -2,7 +2,6 @@
 
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
-#include "platform/errors.h"
 #include "shell/internal_error.h"
 #include "store/NoteStore.h"
 
@@ -23,8 +22,7 @@ bool changePassword(NoteStore &store, Prompts &prompts, const QString &current, 
         return false;
     }
     try {
-        if (!store.database())
-            throw RuntimeError(kErrorNothingThere, QStringLiteral("No note database is open."));
+        store.checkOpen();
         store.database()->newPassword(current, wanted);
     } catch (const RuntimeError &) {
         tell(QStringLiteral("Error changing Database password."), Prompts::kCritical);

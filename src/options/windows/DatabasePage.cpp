@@ -1,6 +1,6 @@
 #include "options/windows/DatabasePage.h"
 
-#include "browser/dialogs/browse_button.h"
+#include "browser/dialogs/dialog_parts.h"
 #include "controls/named_button.h"
 #include "options/settings/PasswordChange.h"
 #include "options/settings/RecentFolders.h"
@@ -28,13 +28,6 @@
 namespace norvane {
 
 namespace {
-
-QLabel *caption(const QString &text, QWidget *buddy)
-{
-    auto *label = new QLabel(text);
-    label->setBuddy(buddy);
-    return label;
-}
 
 /// The rows of all frames begin at the same place.
 QGridLayout *rows(QGroupBox *frame)

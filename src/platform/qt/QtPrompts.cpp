@@ -123,6 +123,8 @@ QString QtPrompts::inputBox(const QString &text, const QString &title, const QSt
     box->setWindowTitle(title);
     box->setLabelText(textForBox(text));
     box->setTextValue(start);
+    // A short name has room in it, and the whole title above.
+    box->resize(box->sizeHint().expandedTo({box->fontMetrics().averageCharWidth() * 44, 0}));
     const bool isAccepted = box->exec() == QDialog::Accepted;
     const QString answer = isAccepted && box ? box->textValue() : QString();
     delete box.data();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/RuntimeError.h"
+#include "platform/sqlite/LocalDates.h"
 #include "platform/sqlite/Statement.h"
 
 #include <QByteArray>
@@ -94,6 +95,7 @@ private:
     quint64 m_useCount = 0;
     bool m_patient = false;
     qint64 m_deadline = 0;
+    LocalDates m_localDates;
     std::deque<Change> m_changes;
     quint64 m_changesBefore = 0; ///< changes dropped from the front of m_changes
 };

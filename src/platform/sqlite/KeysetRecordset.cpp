@@ -154,12 +154,24 @@ void KeysetRecordset::remove()
 
 void KeysetRecordset::requery()
 {
+    (void)requeryChanged();
+}
+
+std::optional<QSet<int>> KeysetRecordset::requeryChanged()
+{
     checkOpen();
     m_edit.reset();
     m_cache.clear();
-    m_rows->requery();
+    const auto changed = m_rows->requery();
     m_noMatch = false;
     moveTo(0);
+    return changed;
+}
+
+std::vector<int> KeysetRecordset::keys() const
+{
+    checkOpen();
+    return m_rows->keys();
 }
 
 int KeysetRecordset::recordCount() const

@@ -32,6 +32,8 @@ public:
     void cancelUpdate() override;
     void remove() override;
     void requery() override;
+    std::optional<QSet<int>> requeryChanged() override;
+    std::vector<int> keys() const override;
     int recordCount() const override;
     void setCacheSize(int records) override;
     void fillCache() override;

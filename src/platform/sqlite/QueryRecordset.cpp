@@ -46,6 +46,18 @@ void QueryRecordset::remove()
     checkUpdatable();
 }
 
+std::optional<QSet<int>> QueryRecordset::requeryChanged()
+{
+    requery();
+    return std::nullopt;
+}
+
+std::vector<int> QueryRecordset::keys() const
+{
+    checkOpen();
+    return {};
+}
+
 void QueryRecordset::setCacheSize(int /*records*/)
 {
     checkOpen();

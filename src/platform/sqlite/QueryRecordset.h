@@ -23,6 +23,8 @@ public:
     void update() override;
     void cancelUpdate() override;
     void remove() override;
+    std::optional<QSet<int>> requeryChanged() override;
+    std::vector<int> keys() const override;
     void setCacheSize(int records) override;
     void fillCache() override;
     void setFilter(const QString &condition) override;

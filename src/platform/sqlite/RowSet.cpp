@@ -59,9 +59,17 @@ Connection &RowSet::connection() const
     return m_core->connection();
 }
 
-void RowSet::requery()
+std::optional<QSet<int>> RowSet::requery()
 {
-    read(nullptr);
+    return read(nullptr);
+}
+
+std::vector<int> RowSet::keys() const
+{
+    std::vector<int> keys(m_keys.size());
+    std::transform(m_keys.begin(), m_keys.end(), keys.begin(),
+                   [](qint64 key) { return static_cast<int>(key); });
+    return keys;
 }
 
 bool RowSet::isInPieces() const
@@ -76,7 +84,7 @@ bool RowSet::isCurrent() const
            m_foreignVersion == connection().foreignVersion();
 }
 
-void RowSet::read(const RowSet *among)
+std::optional<QSet<int>> RowSet::read(const RowSet *among)
 {
     std::optional<Transaction> transaction;
     const bool isWhole = !isInPieces();
@@ -87,17 +95,21 @@ void RowSet::read(const RowSet *among)
     const int generation = m_core->generation();
     const bool known = m_generation == generation && version == m_foreignVersion;
     m_foreignVersion = kUnknown; // a failure half way is made good by the next requery
+    std::optional<QSet<int>> changed;
     if (among)
         readAmong(*among);
-    else if (!known || !readChanged())
+    else if (known)
+        changed = readChanged();
+    if (!among && !changed)
         readAll();
     m_generation = generation;
     m_changes = changes;
     if (isWhole)
         transaction->commit();
-    else if (generation == m_core->generation() && readChanged())
+    else if (!changed && generation == m_core->generation() && readChanged())
         m_changes = connection().changeCount(); // with what was written between the pieces
     m_foreignVersion = version;
+    return changed;
 }
 
 /// A new password takes a new connection, which has no copy yet.
@@ -228,11 +240,11 @@ void RowSet::copyRows(const SqlText &where)
                      where.values);
 }
 
-bool RowSet::readChanged()
+std::optional<QSet<int>> RowSet::readChanged()
 {
     const auto changed = connection().changesSince(m_changes, m_query.table().name);
     if (!changed || changed->size() > kMostChanges)
-        return false;
+        return std::nullopt;
     if (changed->size() <= kFewChanges) {
         for (const qint64 key : *changed)
             if (const auto place = std::find(m_keys.begin(), m_keys.end(), key); place != m_keys.end())
@@ -240,10 +252,13 @@ bool RowSet::readChanged()
     } else {
         std::erase_if(m_keys, [&changed](qint64 key) { return changed->contains(key); });
     }
-    for (const qint64 key : *changed)
+    QSet<int> told;
+    for (const qint64 key : *changed) {
+        told.insert(static_cast<int>(key));
         if (refreshRow(key))
             insertInOrder(key);
-    return true;
+    }
+    return told;
 }
 
 /// Brings the copy of a row up to date; whether the row belongs to the statement.
@@ -273,7 +288,7 @@ void RowSet::insertInOrder(qint64 key)
     const auto mine = orderKey(key);
     const auto place = std::partition_point(m_keys.begin(), m_keys.end(), [&](qint64 other) {
         const auto theirs = orderKey(other);
-        return theirs && mine && std::string_view(*theirs) < std::string_view(*mine);
+        return theirs && mine && *theirs < *mine;
     });
     m_keys.insert(place, key);
 }

@@ -34,7 +34,9 @@ public:
     int size() const { return static_cast<int>(m_keys.size()); }
     qint64 key(int position) const { return m_keys[static_cast<std::size_t>(position)]; }
 
-    void requery();
+    /// The rows that may have changed; nothing when all were read.
+    std::optional<QSet<int>> requery();
+    std::vector<int> keys() const;
     /// The position of the first row from @p from on that satisfies the condition; -1 when there is
     /// none.
     int find(const SqlText &condition, int from);
@@ -53,11 +55,11 @@ private:
     void ensureCopy();
     bool isInPieces() const;
     bool isCurrent() const;
-    void read(const RowSet *among);
+    std::optional<QSet<int>> read(const RowSet *among);
     void readAll();
     void readAmong(const RowSet &others);
     void inPieces(qint64 first, qint64 last, const ReadPiece &readPiece);
-    bool readChanged();
+    std::optional<QSet<int>> readChanged();
     void makeCopy();
     void copyRows(const SqlText &where);
     bool refreshRow(qint64 key);

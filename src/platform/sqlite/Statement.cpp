@@ -140,4 +140,9 @@ QVariant Statement::value(int column) const
     }
 }
 
+LocalDates &Statement::localDates() const
+{
+    return m_connection.m_localDates;
+}
+
 } // namespace norvane::dao

@@ -11,6 +11,7 @@ struct sqlite3_stmt;
 namespace norvane::dao {
 
 class Connection;
+class LocalDates;
 
 /// A compiled statement, kept by its connection.
 struct PreparedStatement
@@ -50,6 +51,8 @@ public:
     std::string_view bytes(int column) const;
     /// An integer, a double, a text, or an invalid value.
     QVariant value(int column) const;
+    /// Of the connection.
+    LocalDates &localDates() const;
 
 private:
     friend class Connection;

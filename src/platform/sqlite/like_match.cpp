@@ -1,5 +1,9 @@
 #include "platform/sqlite/like_match.h"
 
+#include "platform/sqlite/text_fold.h"
+
+#include <QString>
+#include <algorithm>
 #include <cstddef>
 
 namespace norvane::dao {
@@ -62,23 +66,55 @@ template <typename View> bool listsEnd(View pattern)
     return true;
 }
 
+template <typename View> std::size_t findPart(View text, View part, std::size_t from)
+{
+    return text.find(part, from);
+}
+
+/// By the byte of the part that texts have least of, so that few places are looked at twice.
+template <> std::size_t findPart(std::string_view text, std::string_view part, std::size_t from)
+{
+    constexpr std::string_view kOften = "\xd0\xd1\xc3 etaoinsrhldcumfpgwybvk";
+    if (part.size() < 2)
+        return text.find(part, from);
+    const auto rarest = static_cast<std::size_t>(
+        std::max_element(part.begin(), part.end(),
+                         [&kOften](char a, char b) { return kOften.find(a) < kOften.find(b); }) -
+        part.begin());
+    for (std::size_t at = from + rarest; at < text.size(); ++at) {
+        at = text.find(part[rarest], at);
+        if (at == std::string_view::npos)
+            break;
+        if (text.compare(at - rarest, part.size(), part) == 0)
+            return at - rarest;
+    }
+    return std::string_view::npos;
+}
+
+/// What the pattern begins with before its first wildcard.
+template <typename View> View plainText(View pattern)
+{
+    const auto isWildcard = [](auto unit) {
+        return unit == '*' || unit == '?' || unit == '#' || unit == '[';
+    };
+    return pattern.substr(0, static_cast<std::size_t>(
+                                 std::find_if(pattern.begin(), pattern.end(), isWildcard) - pattern.begin()));
+}
+
 /// The text between the stars of "*text*", where it has no wildcards itself; else nothing.
 template <typename View> View starredText(View pattern)
 {
     if (pattern.size() < 3 || pattern.front() != '*' || pattern.back() != '*')
         return {};
     const View inner = pattern.substr(1, pattern.size() - 2);
-    for (const auto unit : inner)
-        if (unit == '*' || unit == '?' || unit == '#' || unit == '[')
-            return {};
-    return inner;
+    return plainText(inner) == inner ? inner : View();
 }
 
 /// Only the last "*" ever needs another try, so the work is at most text times pattern.
 template <typename View> LikeResult match(View text, View pattern)
 {
     if (const View inner = starredText(pattern); !inner.empty())
-        return text.find(inner) != View::npos ? LikeResult::Yes : LikeResult::No;
+        return findPart(text, inner, 0) != View::npos ? LikeResult::Yes : LikeResult::No;
     if (!listsEnd(pattern))
         return LikeResult::BadPattern;
     constexpr auto kNone = static_cast<std::size_t>(-1);
@@ -87,12 +123,22 @@ template <typename View> LikeResult match(View text, View pattern)
     std::size_t star = kNone;
     std::size_t retry = 0;
     std::size_t steps = 0;
+    View behindStar; // plain text that stands there
+    const auto startBehindStar = [&] {
+        retry = findPart(text, behindStar, retry);
+        p = star + 1;
+        t = retry;
+        return retry != View::npos;
+    };
     while (t < text.size()) {
         if (++steps > kMostSteps)
             return LikeResult::TooMuchWork;
         if (p < pattern.size() && pattern[p] == '*') {
             star = p++;
             retry = t;
+            behindStar = plainText(pattern.substr(p));
+            if (!startBehindStar())
+                return LikeResult::No;
             continue;
         }
         if (p < pattern.size()) {
@@ -105,8 +151,9 @@ template <typename View> LikeResult match(View text, View pattern)
         }
         if (star == kNone)
             return LikeResult::No;
-        p = star + 1;
-        t = ++retry;
+        ++retry;
+        if (!startBehindStar())
+            return LikeResult::No;
     }
     while (p < pattern.size() && pattern[p] == '*')
         ++p;
@@ -117,15 +164,12 @@ template <typename View> LikeResult match(View text, View pattern)
 
 LikeResult likeMatch(std::string_view text, std::string_view pattern)
 {
-    return match(text, pattern);
-}
-
-LikeResult likeMatch(const QString &text, const QString &pattern)
-{
-    // By whole characters, so that "?" takes an emoji.
-    const auto units = [](const QString &from) { return from.toStdU32String(); };
-    const std::u32string wideText = units(text);
-    const std::u32string widePattern = units(pattern);
+    // Bytes do, unless "?" or a list is to take a whole character of several.
+    if (pattern.find_first_of("?[") == std::string_view::npos || (isAsciiText(text) && isAsciiText(pattern)))
+        return match(text, pattern);
+    const std::u32string wideText = QString::fromUtf8(text.data(), qsizetype(text.size())).toStdU32String();
+    const std::u32string widePattern =
+        QString::fromUtf8(pattern.data(), qsizetype(pattern.size())).toStdU32String();
     return match(std::u32string_view(wideText), std::u32string_view(widePattern));
 }
 

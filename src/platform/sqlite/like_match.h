@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <string_view>
 
 namespace norvane::dao {
@@ -8,8 +7,7 @@ namespace norvane::dao {
 enum class LikeResult { No, Yes, BadPattern, TooMuchWork };
 
 /// Whether the whole text has the form of the pattern: "*" any text, "?" one character, "#" one
-/// digit, "[a-c]" one of a list, "[!a-c]" one that is not in it. Both are folded already.
+/// digit, "[a-c]" one of a list, "[!a-c]" one that is not in it. Both are folded already, in UTF-8.
 LikeResult likeMatch(std::string_view text, std::string_view pattern);
-LikeResult likeMatch(const QString &text, const QString &pattern);
 
 } // namespace norvane::dao

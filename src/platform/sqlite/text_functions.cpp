@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/sqlite/like_match.h"
+#include "platform/sqlite/text_fold.h"
 #include "platform/sqlite/values.h"
 
 #include <QStringView>
@@ -17,34 +18,6 @@ namespace norvane::dao {
 namespace {
 
 using Bytes = std::string_view;
-
-bool isAscii(Bytes text)
-{
-    unsigned all = 0;
-    for (const char unit : text)
-        all |= static_cast<unsigned char>(unit);
-    return all < 0x80;
-}
-
-char lowerAscii(char unit)
-{
-    return unit >= 'A' && unit <= 'Z' ? static_cast<char>(unit | 0x20) : unit;
-}
-
-QString folded(const QString &text)
-{
-    QString result;
-    result.reserve(text.size());
-    for (int i = 0; i < text.size(); ++i) {
-        const QChar unit = text.at(i);
-        if (unit.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
-            result +=
-                QStringView(QChar::fromUcs4(QChar::toCaseFolded(QChar::surrogateToUcs4(unit, text.at(++i)))));
-        else
-            result += unit.toCaseFolded();
-    }
-    return result;
-}
 
 QString wide(Bytes text)
 {
@@ -73,48 +46,16 @@ void giveText(sqlite3_context *context, const QString &text)
     giveText(context, Bytes(bytes.constData(), static_cast<std::size_t>(bytes.size())));
 }
 
-/// A text in lower case or folded: a copy on the stack while it is short and plain.
-class Folded
-{
-public:
-    explicit Folded(Bytes text) : m_size(text.size()), m_ascii(isAscii(text))
-    {
-        if (!m_ascii) {
-            m_wide = folded(wide(text));
-            return;
-        }
-        char *place = m_short.data();
-        if (m_size > m_short.size()) {
-            m_long = std::make_unique<char[]>(m_size);
-            place = m_long.get();
-        }
-        std::transform(text.begin(), text.end(), place, lowerAscii);
-    }
-    bool ascii() const { return m_ascii; }
-    Bytes bytes() const { return {m_long ? m_long.get() : m_short.data(), m_size}; }
-    QString text() const
-    {
-        return m_ascii ? QString::fromLatin1(bytes().data(), static_cast<int>(m_size)) : m_wide;
-    }
-
-private:
-    std::size_t m_size;
-    bool m_ascii;
-    std::array<char, 256> m_short;
-    std::unique_ptr<char[]> m_long;
-    QString m_wide;
-};
-
 /// The folded form of an argument that is the same for all rows is made once a statement.
 class FoldedArgument
 {
 public:
     FoldedArgument(sqlite3_context *context, int index, sqlite3_value *value)
     {
-        m_folded = static_cast<const Folded *>(sqlite3_get_auxdata(context, index));
+        m_folded = static_cast<const FoldedText *>(sqlite3_get_auxdata(context, index));
         if (m_folded)
             return;
-        m_own = std::make_unique<Folded>(textOf(value));
+        m_own = std::make_unique<FoldedText>(textOf(value));
         m_folded = m_own.get();
     }
     /// Last of all: SQLite may drop the kept form at once.
@@ -122,14 +63,14 @@ public:
     {
         if (m_own)
             sqlite3_set_auxdata(context, index, m_own.release(),
-                                [](void *kept) { delete static_cast<Folded *>(kept); });
+                                [](void *kept) { delete static_cast<FoldedText *>(kept); });
     }
-    const Folded *operator->() const { return m_folded; }
-    const Folded &operator*() const { return *m_folded; }
+    const FoldedText *operator->() const { return m_folded; }
+    const FoldedText &operator*() const { return *m_folded; }
 
 private:
-    const Folded *m_folded = nullptr;
-    std::unique_ptr<Folded> m_own;
+    const FoldedText *m_folded = nullptr;
+    std::unique_ptr<FoldedText> m_own;
 };
 
 Bytes withoutTrailingBlanks(Bytes text)
@@ -143,11 +84,7 @@ void keyFunction(sqlite3_context *context, int, sqlite3_value **arguments)
 {
     if (isNull(arguments[0]))
         return;
-    const Folded text(withoutTrailingBlanks(textOf(arguments[0])));
-    if (text.ascii())
-        giveText(context, text.bytes());
-    else
-        giveText(context, text.text());
+    giveText(context, FoldedText(withoutTrailingBlanks(textOf(arguments[0]))).bytes());
 }
 
 qsizetype count(sqlite3_value *value)
@@ -163,7 +100,7 @@ void cutFunction(sqlite3_context *context, int argumentCount, sqlite3_value **ar
         if (isNull(arguments[i]))
             return;
     const Bytes text = textOf(arguments[0]);
-    const bool ascii = isAscii(text);
+    const bool ascii = isAsciiText(text);
     const QString wideText = ascii ? QString() : wide(text);
     const auto size = ascii ? static_cast<qsizetype>(text.size()) : wideText.size();
     qsizetype from = 0;
@@ -212,7 +149,7 @@ void lengthFunction(sqlite3_context *context, int, sqlite3_value **arguments)
         return;
     const Bytes text = textOf(arguments[0]);
     sqlite3_result_int64(context,
-                         isAscii(text) ? static_cast<sqlite3_int64>(text.size()) : wide(text).size());
+                         isAsciiText(text) ? static_cast<sqlite3_int64>(text.size()) : wide(text).size());
 }
 
 /// InStr(start, text, part): an empty text, and an empty part, give 0.
@@ -232,9 +169,9 @@ void inStrFunction(sqlite3_context *context, int, sqlite3_value **arguments)
         return;
     }
     FoldedArgument text(context, 1, arguments[1]);
-    const Folded part(partBytes);
+    const FoldedText part(partBytes);
     sqlite3_int64 position = 0;
-    if (text->ascii() && part.ascii()) {
+    if (text->isAscii() && part.isAscii()) {
         const Bytes whole = text->bytes();
         if (static_cast<std::size_t>(start - 1) < whole.size()) {
             const auto found = whole.find(part.bytes(), static_cast<std::size_t>(start - 1));
@@ -252,8 +189,8 @@ template <bool Upper> void caseFunction(sqlite3_context *context, int, sqlite3_v
     if (isNull(arguments[0]))
         return;
     const Bytes bytes = textOf(arguments[0]);
-    if (!Upper && isAscii(bytes)) {
-        giveText(context, Folded(bytes).bytes());
+    if (!Upper && isAsciiText(bytes)) {
+        giveText(context, FoldedText(bytes).bytes());
         return;
     }
     const QString text = wide(bytes);
@@ -265,12 +202,8 @@ void likeFunction(sqlite3_context *context, int, sqlite3_value **arguments)
     if (isNull(arguments[0]) || isNull(arguments[1]))
         return;
     FoldedArgument pattern(context, 1, arguments[1]);
-    const Folded text(textOf(arguments[0]));
-    LikeResult result = LikeResult::No;
-    if (text.ascii() && pattern->ascii())
-        result = likeMatch(text.bytes(), pattern->bytes());
-    else
-        result = likeMatch(text.text(), pattern->text());
+    const FoldedText text(textOf(arguments[0]));
+    const LikeResult result = likeMatch(text.bytes(), pattern->bytes());
     if (result == LikeResult::BadPattern)
         sqlite3_result_error(context, "invalid pattern", -1);
     else if (result == LikeResult::TooMuchWork)
@@ -296,16 +229,21 @@ void formatFunction(sqlite3_context *context, int, sqlite3_value **arguments)
         }
         return;
     }
-    const QDateTime date = dateFromStored(wide(textOf(arguments[0])));
-    if (!date.isValid()) {
+    const Bytes stored = textOf(arguments[0]);
+    const std::optional<StoredDate> date = storedDateOf(stored);
+    if (!date) {
         sqlite3_result_error(context, "not a date", -1);
+        return;
+    }
+    if (format.compare(u"yyyy-mm-dd", Qt::CaseInsensitive) == 0) {
+        giveText(context, stored.substr(0, 10));
         return;
     }
     QString pattern = format.toLower();
     pattern.replace(QStringLiteral("mm"), QStringLiteral("MM"));
     pattern.replace(QStringLiteral("nn"), QStringLiteral("mm"));
     pattern.replace(QStringLiteral("hh"), QStringLiteral("HH"));
-    giveText(context, date.toString(pattern));
+    giveText(context, QDateTime(date->day, date->time, Qt::UTC).toString(pattern));
 }
 
 } // namespace

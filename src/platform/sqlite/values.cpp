@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/errors.h"
+#include "platform/sqlite/LocalDates.h"
 #include "platform/sqlite/Statement.h"
 
 #include <QRegularExpression>
@@ -79,20 +80,22 @@ QString storedDate(const QDateTime &date)
     return date.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
 
-QDateTime dateFromStored(QStringView text)
+std::optional<StoredDate> storedDateOf(std::string_view text)
 {
     if (text.size() != 19)
-        return {};
-    const auto part = [text](int from, int length) {
+        return std::nullopt;
+    const auto part = [text](std::size_t from, std::size_t length) {
         int number = 0;
-        for (int i = from; i < from + length; ++i) {
-            if (text[i] < u'0' || text[i] > u'9')
+        for (const char digit : text.substr(from, length)) {
+            if (digit < '0' || digit > '9')
                 return -1;
-            number = number * 10 + (text[i].unicode() - u'0');
+            number = number * 10 + (digit - '0');
         }
         return number;
     };
-    return {QDate(part(0, 4), part(5, 2), part(8, 2)), QTime(part(11, 2), part(14, 2), part(17, 2))};
+    const StoredDate date{QDate(part(0, 4), part(5, 2), part(8, 2)),
+                          QTime(part(11, 2), part(14, 2), part(17, 2))};
+    return date.day.isValid() && date.time.isValid() ? std::optional(date) : std::nullopt;
 }
 
 QDateTime dateFromLiteral(const QString &text)
@@ -187,8 +190,8 @@ QVariant readField(const Statement &row, int column, FieldType type)
     case FieldType::Long:
         return static_cast<int>(row.integer(column));
     case FieldType::Date: {
-        const QDateTime date = dateFromStored(row.text(column));
-        return date.isValid() ? QVariant(date) : QVariant();
+        const std::optional<StoredDate> date = storedDateOf(row.bytes(column));
+        return date ? QVariant(row.localDates()(date->day, date->time)) : QVariant();
     }
     case FieldType::Text:
     case FieldType::Memo:

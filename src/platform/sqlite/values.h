@@ -5,6 +5,8 @@
 #include <QDateTime>
 #include <QString>
 #include <QVariant>
+#include <optional>
+#include <string_view>
 
 namespace norvane::dao {
 
@@ -12,8 +14,13 @@ class Statement;
 
 /// Dates stand in the file as local "yyyy-MM-dd HH:mm:ss", which sorts as text.
 QString storedDate(const QDateTime &date);
-/// An invalid date when the text is none.
-QDateTime dateFromStored(QStringView text);
+struct StoredDate
+{
+    QDate day;
+    QTime time;
+};
+/// Nothing when the text is no such date.
+std::optional<StoredDate> storedDateOf(std::string_view text);
 /// A date as it stands between "#" in a condition, or in quotes beside a date: year first, or month
 /// first with slashes, with or without a time. An invalid date when it is none.
 QDateTime dateFromLiteral(const QString &text);

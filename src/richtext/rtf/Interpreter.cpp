@@ -377,29 +377,17 @@ int Interpreter::characterFormat()
         return m_state.format;
     const Characters &characters = m_state.characters;
     CharacterFormat format;
+    static_cast<CharacterLook &>(format) = characters;
     const Font *font = currentFont();
     if (font) {
         format.font = font->name;
         format.symbol = font->isSymbol();
     }
-    format.halfPoints = characters.halfPoints;
     format.color = m_colors.color(characters.color);
     if (characters.background > 0)
         format.background = m_colors.color(characters.background);
     if (characters.underlineColor > 0)
         format.underlineColor = m_colors.color(characters.underlineColor);
-    format.underline = characters.underline;
-    format.script = characters.script;
-    format.capitals = characters.capitals;
-    format.bold = characters.bold;
-    format.italic = characters.italic;
-    format.strikeOut = characters.strikeOut;
-    format.isProtected = characters.isProtected;
-    format.hidden = characters.hidden;
-    format.raise = characters.raise;
-    format.spacing = characters.spacing;
-    format.language = characters.language;
-    format.kept = characters.kept;
     if (m_state.link != kUnknown) {
         format.link = m_links[size_t(m_state.link)].address;
         format.linkTip = m_links[size_t(m_state.link)].tip;

@@ -28,25 +28,12 @@ public:
     Document run();
 
 private:
-    struct Characters
+    struct Characters : CharacterLook
     {
-        int font = kNoFont; ///< kNoFont: the document's default
-        int halfPoints = 24;
+        int font = kNoFont;     ///< kNoFont: the document's default
         int color = 0;          ///< number in the colour table
         int background = 0;     ///< number in the colour table; 0 none
         int underlineColor = 0; ///< number in the colour table; 0 none
-        Underline underline = Underline::None;
-        Script script = Script::Normal;
-        Capitals capitals = Capitals::Normal;
-        bool bold = false;
-        bool italic = false;
-        bool strikeOut = false;
-        bool isProtected = false;
-        bool hidden = false;
-        int raise = 0;
-        int spacing = 0;
-        int language = 0;
-        QByteArray kept;
     };
     struct Paragraph
     {

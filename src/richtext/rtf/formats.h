@@ -19,13 +19,10 @@ enum class Underline : quint8 { None, Single, Words, Double, Thick, Dotted, Dash
 enum class Script : quint8 { Normal, Superscript, Subscript };
 enum class Capitals : quint8 { Normal, All, Small };
 
-struct CharacterFormat
+/// What a character's format is besides font, colours and link.
+struct CharacterLook
 {
-    QString font;                          ///< family; empty: the document's default
-    int halfPoints = 24;                   ///< size
-    std::optional<quint32> color;          ///< nothing: automatic
-    std::optional<quint32> background;     ///< nothing: the paper
-    std::optional<quint32> underlineColor; ///< nothing: as the text
+    int halfPoints = 24; ///< size
     Underline underline = Underline::None;
     Script script = Script::Normal;
     Capitals capitals = Capitals::Normal;
@@ -34,11 +31,21 @@ struct CharacterFormat
     bool strikeOut = false;
     bool isProtected = false;
     bool hidden = false;
-    bool symbol = false; ///< the font has a character set of its own: see symbol_fonts.h
-    int raise = 0;       ///< half points above the line, below it if negative
-    int spacing = 0;     ///< twips more between characters
-    int language = 0;    ///< number of the language; 0 if it is not stated
+    int raise = 0;    ///< half points above the line, below it if negative
+    int spacing = 0;  ///< twips more between characters
+    int language = 0; ///< number of the language; 0 if it is not stated
     QByteArray kept;
+
+    bool operator==(const CharacterLook &) const = default;
+};
+
+struct CharacterFormat : CharacterLook
+{
+    QString font;                          ///< family; empty: the document's default
+    bool symbol = false;                   ///< the font has a character set of its own: see symbol_fonts.h
+    std::optional<quint32> color;          ///< nothing: automatic
+    std::optional<quint32> background;     ///< nothing: the paper
+    std::optional<quint32> underlineColor; ///< nothing: as the text
     QString link;     ///< address that the text leads to; "#name" is a place in the document
     QString linkTip;  ///< what the link says about itself
     int wrapper = -1; ///< index into Document::wrappers; -1 if none

@@ -1,7 +1,7 @@
 #include "shell/windows/mdiMain.h"
 
 #include "platform/Clock.h"
-#include "shell/settings_keys.h"
+#include "shell/window_places.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/form_icon.h"
 #include "shell/windows/frmAbout.h"
@@ -52,11 +52,6 @@ constexpr Command kCommands[] = {
 
 constexpr int kSettlingMs = 1000;
 const QString kExit = QStringLiteral("EXIT");
-
-QString twipsText(double twips)
-{
-    return QString::number(qRound64(twips));
-}
 
 } // namespace
 
@@ -263,11 +258,7 @@ void mdiMain::Form_Resize()
     }
     if (!isVisible())
         return;
-    const QRectF place = m_twips.fromPixels(QRect(pos(), size()));
-    settings::save(m_settings, settings::kMainTop, twipsText(place.top()));
-    settings::save(m_settings, settings::kMainLeft, twipsText(place.left()));
-    settings::save(m_settings, settings::kMainWidth, twipsText(place.width()));
-    settings::save(m_settings, settings::kMainHeight, twipsText(place.height()));
+    settings::savePlace(m_settings, settings::kMainPlace, m_twips.fromPixels(QRect(pos(), size())));
 }
 
 // A stored place may be of another screen, and the default is the whole work area, into which the

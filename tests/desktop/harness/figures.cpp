@@ -214,8 +214,8 @@ private:
             if (timeUntil([&] { return m_x.title(window).startsWith(title); }) < 0)
                 return failed("the browser did not turn the page");
             // The pages get their notes at their first turn, when the browser is ready to tell of them.
-            if (turn < 2 && (!waitFor([&] { return m_norvane.noteOn(window) == 0; }) ||
-                             m_norvane.attach(window) == 0))
+            if (turn < 2 &&
+                (!waitFor([&] { return m_norvane.noteOn(window) == 0; }) || m_norvane.attach(window) == 0))
                 return failed("a page took no note");
             const double time =
                 timeUntil([&] { return m_norvane.noteOn(window) != note && m_norvane.noteOn(window) != 0; });

@@ -125,6 +125,15 @@ TEST_F(Browser, EachTabShowsItsNotes)
     for (const QToolButton *each : browser->findChild<SideStrip *>()->findChildren<QToolButton *>())
         EXPECT_FALSE(each->icon().isNull()) << qPrintable(each->objectName());
     EXPECT_TRUE(bar()->isEnabled());
+
+    // The keyboard goes from tab to tab, too.
+    frame->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(frame));
+    bar()->setFocus();
+    for (int step = 0; step < 2; ++step)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(bar()->currentIndex(), 3);
+    EXPECT_TRUE(bar()->hasFocus());
 }
 
 TEST_F(Browser, TheButtonsFollowTheSelectedRow)

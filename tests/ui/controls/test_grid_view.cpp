@@ -65,20 +65,6 @@ TEST_F(GridView, DrawsOnlyWhatIsSeen)
     EXPECT_LE(drawn.size(), grid.viewport()->height() / 20 + 1);
 }
 
-TEST_F(GridView, KeepsInksReadable)
-{
-    const auto distance = [](const QColor &one, const QColor &other) {
-        return std::abs(one.lightness() - other.lightness());
-    };
-    const QColor navy = cellColor(0x800000, {});
-    EXPECT_EQ(navy, QColor(0, 0, 0x80));
-    EXPECT_EQ(readableInk(navy, Qt::white), navy);
-    for (const QColor &paper : {QColor(30, 30, 30), QColor(0, 0, 60), QColor(120, 120, 120)})
-        EXPECT_GT(distance(readableInk(navy, paper), paper), 80) << paper.name().toStdString();
-    EXPECT_EQ(cellPaper(0xFFFFFF, QColor(30, 30, 30)), QColor(30, 30, 30));
-    EXPECT_EQ(cellPaper(0x0000FF, QColor(30, 30, 30)), QColor(255, 0, 0));
-}
-
 TEST_F(GridView, ShowsTheSelectionQuieterWithoutTheKeyboard)
 {
     addRows(2);
@@ -149,6 +135,8 @@ TEST_F(GridView, SpeaksToScreenReaders)
     EXPECT_EQ(table->child(table->indexOfChild(focus)), focus);
     EXPECT_EQ(focus->tableCellInterface()->rowIndex(), 2);
     EXPECT_EQ(focus->tableCellInterface()->columnHeaderCells().value(0), table->child(1));
+    grid.setCellIcon(3, 1, 0);
+    EXPECT_EQ(table->tableInterface()->cellAt(2, 0)->text(QAccessible::Name), u"Active"_qs) << "a mark";
     const QRect place = focus->rect();
     EXPECT_EQ(table->childAt(place.center().x(), place.center().y()), focus);
     EXPECT_EQ(table->tableInterface()->selectedRows(), QList<int>{2});

@@ -176,17 +176,6 @@ TEST_F(MenuInput, IsPlacedInTwipsOfTheOwner)
     EXPECT_EQ(menu->ShowPopupMenuAtIndex(0, 0, 99), 0);
 }
 
-TEST_F(MenuInput, RunsWhatAClickRuns)
-{
-    const auto click = [&](int index) { menu->EmulateMenuClick(menu->IDForItem(index)); };
-    click(1);
-    EXPECT_TRUE(told.isEmpty());
-    menu->CreateSubClass();
-    for (const int index : {1, 2, 3, 4, 5, 7, 99})
-        click(index);
-    EXPECT_EQ(told.join(u' '), u"click1 click7");
-}
-
 class LongMenu : public OpenMenu
 {
 protected:
@@ -229,22 +218,6 @@ TEST_F(LongMenu, StaysOnTheScreenAndScrolls)
         click(middle(window, 9998));
     });
     EXPECT_EQ(chosen, 9999);
-}
-
-TEST_F(OpenMenu, GoesFromColumnToColumn)
-{
-    for (const QString &caption : {u"a"_s, u"b"_s, u"|c"_s, u"d"_s, u"^e"_s})
-        add(caption);
-    showAnd([&](MenuWindow *window) {
-        EXPECT_EQ(window->rowRect(0).top(), window->rowRect(4).top());
-        press({Qt::Key_Down, Qt::Key_Down, Qt::Key_Right});
-        EXPECT_EQ(window->currentRow(), 3);
-        press({Qt::Key_Right});
-        EXPECT_EQ(window->currentRow(), 4);
-        press({Qt::Key_Left, Qt::Key_Left, Qt::Key_Left});
-        EXPECT_EQ(window->currentRow(), 0);
-        EXPECT_EQ(window->rowAt(window->rowRect(3).center()), 3);
-    });
 }
 
 } // namespace

@@ -88,27 +88,6 @@ TEST_F(MenuPainting, GreysWhatIsDisabledWithALightEdgeUnlessTheKeyboardIsThere)
     EXPECT_LT(colors().size(), byPointer.size()) << "no edge";
 }
 
-TEST_F(MenuPainting, DrawsMarksAndTheirIcons)
-{
-    const int tick = add(u"t"_s);
-    const int option = add(u"o"_s);
-    menu->setChecked(tick, true);
-    menu->GroupToggle(option);
-    add(u"n"_s);
-    shown();
-    const auto column = [&](int row) {
-        return picture.copy(QRect(rects.at(row).topLeft(), QSize(itemHeight() - 1, itemHeight())));
-    };
-    EXPECT_NE(column(0), column(1));
-    EXPECT_NE(column(0), column(2));
-    EXPECT_NE(column(1), column(2));
-    menu->setTickIconIndex(0);
-    menu->setOptionIconIndex(0);
-    shown();
-    EXPECT_EQ(rgb(0, itemHeight() / 2, itemHeight() / 2), qRgb(0, 255, 0));
-    EXPECT_EQ(column(0), column(1));
-}
-
 TEST_F(MenuPainting, LetsTheHostMeasureAndDraw)
 {
     menu->setOwnerDraw(add(u"mine"_s), true);

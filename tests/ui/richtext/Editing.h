@@ -1,12 +1,7 @@
 #pragma once
 
-#include "fakes/FakeClock.h"
-#include "fakes/FakeFileSystem.h"
-#include "fakes/FakePrinting.h"
-#include "fakes/FakePrompts.h"
-#include "fakes/FakeShell.h"
+#include "fakes/Editing.h"
 #include "richtext/NV_RTFEdit.h"
-#include "richtext/commands/EditState.h"
 
 #include <QAction>
 #include <QTest>
@@ -14,18 +9,6 @@
 #include <gtest/gtest.h>
 
 namespace norvane {
-
-/// What editors need, scripted.
-struct Editing
-{
-    fakes::FakeFileSystem files;
-    fakes::FakeShell shell;
-    fakes::FakePrompts prompts;
-    fakes::FakePrinting printing;
-    fakes::FakeClock clock;
-    EditState state;
-    EditServices services{files, shell, prompts, printing, clock, state};
-};
 
 /// An editor that a test drives as a user does.
 struct UserAtEditor : Editing

@@ -26,23 +26,6 @@ protected:
 
 } // namespace
 
-TEST_F(RtfEditTest, TheBoxFillsWhatTheToolBarLeaves)
-{
-    show();
-    EXPECT_TRUE(edit.ToolBar());
-    const int top = li()->height();
-    EXPECT_GT(top, 10);
-    EXPECT_EQ(edit.box()->geometry(), QRect(0, top, 700, 300 - top));
-    edit.setToolBar(false);
-    EXPECT_FALSE(li()->isVisible());
-    EXPECT_EQ(edit.box()->geometry(), QRect(0, 0, 700, 300));
-    edit.resize(400, 200);
-    EXPECT_EQ(edit.box()->geometry(), QRect(0, 0, 400, 200));
-    edit.ShowToolbar(true);
-    EXPECT_TRUE(edit.ToolBar());
-    EXPECT_EQ(edit.box()->geometry(), QRect(0, li()->height(), 400, 200 - li()->height()));
-}
-
 TEST_F(RtfEditTest, NewTextIsInTheControlsFont)
 {
     show();
@@ -156,18 +139,4 @@ TEST_F(RtfEditTest, RaisesEventsInTheirOrder)
     events.clear();
     QTest::mouseClick(edit.box()->viewport(), Qt::RightButton, {}, QPoint(20, 10));
     EXPECT_EQ(events.join(u", "_qs).toStdString(), "mousedown 2 0 300 150, mouseup 2");
-}
-
-TEST_F(RtfEditTest, TheContextMenuHasASwitch)
-{
-    show();
-    edit.ContextMenu(false);
-    QTest::mouseClick(edit.box()->viewport(), Qt::RightButton, {}, QPoint(20, 10));
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    edit.ContextMenu(true);
-    QObject::connect(&edit, &NV_RTFEdit::MouseUp,
-                     [] { EXPECT_EQ(QApplication::activePopupWidget(), nullptr); });
-    QTest::mouseClick(edit.box()->viewport(), Qt::RightButton, {}, QPoint(20, 10));
-    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-    QApplication::activePopupWidget()->close();
 }

@@ -1,19 +1,14 @@
 #pragma once
 
+#include "ui/WindowParts.h"
 #include "unit/watcher/Desk.h"
 
 #include "controls/menuview/menu_images.h"
 #include "fakes/FakeEmbedding.h"
 #include "fakes/FakeHotKeys.h"
-#include "fakes/FakeNoteGridView.h"
-#include "fakes/FakeNoteViews.h"
 #include "fakes/FakeNotifier.h"
-#include "fakes/FakePrinting.h"
-#include "fakes/FakePrompts.h"
 #include "fakes/FakeScreenCapture.h"
-#include "fakes/FakeShell.h"
 #include "richtext/NV_RTFEdit.h"
-#include "richtext/commands/EditState.h"
 #include "sticky/frmSticky.h"
 #include "sticky/frmStickyFactory.h"
 #include "store/NoteRescue.h"
@@ -27,10 +22,12 @@ namespace norvane::tests {
 inline const QRectF kPlace(300, 450, 5100, 3801); // 3801 twips are no whole number of pixels
 
 /// A note's real window, opened by the watch cycle on a page that is only told of.
-class StickyWindow : public testing::Test, protected Desk
+class StickyWindow : public testing::Test, protected Desk, protected WindowParts
 {
 protected:
-    StickyWindow() : Desk(&factory) {}
+    using Desk::settings;
+
+    StickyWindow() : Desk(&factory), WindowParts(files, shell, clock) {}
 
     void SetUp() override
     {
@@ -76,15 +73,9 @@ protected:
     fakes::FakeEmbedding embedding;
     fakes::FakeHotKeys hotKeys;
     fakes::FakeNotifier notifier;
-    fakes::FakeNoteGridView grid;
+    fakes::FakeNoteGridView &grid = browserView;
     NoteRescue rescue{store, files, clock, notifier, [](const QString &) {}};
-    fakes::FakeShell shell;
-    fakes::FakePrompts prompts;
-    fakes::FakePrinting printing;
-    EditState editState;
-    EditServices edit{files, shell, prompts, printing, clock, editState};
     fakes::FakeScreenCapture capture;
-    fakes::FakeNoteViews views;
     IconList menuImages{sharedMenuImages()};
     frmStickyFactory factory{{store,         forms,
                               Clips,         windows,

@@ -2,6 +2,7 @@
 
 #include "platform/errors.h"
 #include "sticky/note_menu.h"
+#include "store/note_row.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -31,29 +32,13 @@ protected:
         files.addFolder(path.section(u'/', 0, -2));
         files.files.insert(path, bytes);
     }
-    bool rowIsThere() const
-    {
-        return !store.database()->openRecordset(u"select ID from Memos where ID=%1"_qs.arg(id))->eof();
-    }
+    bool rowIsThere() const { return !openNoteRow(store, id)->eof(); }
     /// Runs while the next question or file dialog stands open.
     void behindTheQuestion(std::function<void()> action)
     {
         prompts.duringBox = [action = std::move(action)](const fakes::FakePrompts::Box &) { action(); };
     }
 };
-
-TEST_F(NoteCommands, theMenuHasIconsKeysAndItsDefault)
-{
-    EXPECT_EQ(menu().Count(), 23);
-    for (const MenuItem &item : menu().items()) {
-        EXPECT_EQ(item.ItemKey.isEmpty(), item.caption == u"-");
-        EXPECT_TRUE(item.ItemIcon < 0 || !menuImages.icon(item.ItemIcon).isNull()) << item.ItemIcon;
-        EXPECT_EQ(item.Default, item.ItemKey == note_menu::kSave);
-    }
-    EXPECT_EQ(menu().Caption(menu().IndexForKey(note_menu::kClose)), u"Close\tCtrl+Alt+D"_qs);
-    EXPECT_EQ(menu().ItemParentIndex(menu().IndexForKey(note_menu::kCaptureDesktop)),
-              menu().IndexForKey(note_menu::kCapture));
-}
 
 TEST_F(NoteCommands, saveIsThereForADirtyNoteOnly)
 {

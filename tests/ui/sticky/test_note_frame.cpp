@@ -5,24 +5,6 @@
 
 using namespace norvane;
 
-TEST(NoteFrame, GripsOfEdgesAndCorners)
-{
-    const QSize size(300, 200);
-    const struct
-    {
-        QPoint point;
-        NoteGrip grip;
-    } rows[] = {
-        {{150, 100}, NoteGrip::None},     {{0, 100}, NoteGrip::Left},          {{299, 100}, NoteGrip::Right},
-        {{150, 0}, NoteGrip::Top},        {{150, 199}, NoteGrip::Bottom},      {{0, 0}, NoteGrip::TopLeft},
-        {{10, 1}, NoteGrip::TopLeft},     {{1, 10}, NoteGrip::TopLeft},        {{299, 5}, NoteGrip::TopRight},
-        {{5, 199}, NoteGrip::BottomLeft}, {{290, 198}, NoteGrip::BottomRight}, {{4, 4}, NoteGrip::None},
-        {{295, 195}, NoteGrip::None},
-    };
-    for (const auto &row : rows)
-        EXPECT_EQ(noteGripAt(row.point, size), row.grip) << row.point.x() << "," << row.point.y();
-}
-
 TEST(NoteFrame, DragKeepsTheFarEdgeAndTheLeastSize)
 {
     const QRect start(50, 60, 300, 200);

@@ -143,59 +143,6 @@ TEST_F(Grid, KeepsValuesAndShowsThemByTheirFormat)
     EXPECT_EQ(shown({}, u"0"_qs), QString());
 }
 
-TEST_F(Grid, FindsTheNextRowThatBeginsSo)
-{
-    addRows({u"apple"_qs, u"Pear"_qs, u"peach"_qs, u"p"_qs, u"Apricot"_qs});
-    grid.AddRow(); // its cells are unset
-    grid.setKeySearchColumn(1);
-    EXPECT_EQ(grid.FindSearchMatchRow(u"P"_qs), 2);
-    grid.setSelectedRow(2);
-    EXPECT_EQ(grid.FindSearchMatchRow(u"PEA"_qs), 3);
-    EXPECT_EQ(grid.FindSearchMatchRow(u"PEAR"_qs), 2) << "round to the selected row itself";
-    EXPECT_EQ(grid.FindSearchMatchRow(u"PEAR"_qs, false), 0);
-    EXPECT_EQ(grid.FindSearchMatchRow(u"pea"_qs), 0) << "upper case is the caller's";
-    grid.setRowVisible(3, false);
-    EXPECT_EQ(grid.FindSearchMatchRow(u"PEA"_qs, false), 0);
-    EXPECT_EQ(grid.FindSearchMatchRow(u"PEA"_qs, false, true), 3);
-    grid.setSelectedRow(6);
-    EXPECT_EQ(grid.FindSearchMatchRow(u"AP"_qs), 1);
-    grid.setCellText(1, 3, u"x"_qs);
-    for (const int column : {0, 3, 4}) {
-        grid.setKeySearchColumn(column);
-        EXPECT_EQ(grid.FindSearchMatchRow(u"X"_qs), 0) << "the last column is never searched";
-    }
-}
-
-TEST_F(Grid, SelectsAsPeopleKnowIt)
-{
-    addRows({u"a"_qs, u"b"_qs, u"c"_qs, u"d"_qs, u"e"_qs});
-    grid.select(2, 1, GridSelect::Only);
-    grid.select(4, 1, GridSelect::Extend);
-    EXPECT_EQ(selected(), u"-bcd-"_qs);
-    grid.select(1, 1, GridSelect::Extend);
-    EXPECT_EQ(selected(), u"ab---"_qs) << "from where it began";
-    grid.select(4, 1, GridSelect::Toggle);
-    grid.select(5, 1, GridSelect::AddExtend);
-    EXPECT_EQ(selected(), u"ab-de"_qs);
-    grid.select(2, 1, GridSelect::Toggle);
-    EXPECT_EQ(selected(), u"a--de"_qs);
-    grid.select(3, 2, GridSelect::MoveOnly);
-    EXPECT_EQ(selected(), u"a--de"_qs);
-    EXPECT_EQ(grid.SelectedRow(), 3);
-    grid.setRowVisible(4, false);
-    grid.selectAll();
-    EXPECT_EQ(selected(), u"abcde"_qs) << "d was selected before it was hidden";
-    grid.setSelectedRow(1);
-    grid.select(5, 1, GridSelect::Extend);
-    EXPECT_EQ(selected(), u"abc-e"_qs) << "hidden rows are passed over";
-    grid.setMultiSelect(false);
-    grid.select(2, 1, GridSelect::Toggle);
-    EXPECT_EQ(selected(), u"-b---"_qs);
-    grid.ClearSelection();
-    EXPECT_EQ(selected(), u"-----"_qs);
-    EXPECT_EQ(grid.SelectedRow(), 0);
-}
-
 TEST_F(Grid, SelectsCellsOutsideRowMode)
 {
     addRows({u"a"_qs, u"b"_qs, u"c"_qs});

@@ -158,19 +158,6 @@ TEST_F(GridSort, GoesOnToTheNextKeyWhereCellsAreEqual)
     }
 }
 
-TEST_F(GridSort, RearrangesByItsGapsAloneWithoutAKey)
-{
-    for (const int count : kCounts) {
-        fill({QVector<QVariant>(count)});
-        sort.Clear();
-        ASSERT_EQ(sorted(), stepByStep(count, 0, {})) << count;
-        // As many keys as are stated beyond those that were written.
-        fill({QVector<QVariant>(count)});
-        sort.setLastSortIndex(10);
-        ASSERT_EQ(sorted(), stepByStep(count, 10, [](int, int, int) { return Literal{false, false}; }));
-    }
-}
-
 TEST_F(GridSort, ComparesEachTypeByItsRule)
 {
     const QVariant none;

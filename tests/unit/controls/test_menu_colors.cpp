@@ -36,18 +36,4 @@ TEST(MenuGradient, IsMadeOfSolidBands)
     }
 }
 
-TEST(MenuShade, IsLighterUnlessTheFaceIsWhite)
-{
-    LighterShade shade;
-    EXPECT_EQ(shade.of(kWhite), (MenuColor{204, 204, 204}));
-    EXPECT_EQ(shade.of({253, 253, 253}), (MenuColor{202, 202, 202}));
-    EXPECT_EQ(shade.of({252, 252, 252}), kWhite) << "1.25 times is cut";
-    EXPECT_EQ(shade.of({100, 100, 100}), (MenuColor{125, 125, 125}));
-    EXPECT_EQ(shade.of(kBlack), kBlack);
-    // Hue and saturation stay: luminance 0.4 becomes 0.5.
-    EXPECT_EQ(shade.of({204, 0, 0}), (MenuColor{255, 0, 0}));
-    EXPECT_EQ(shade.of({0, 204, 204}), (MenuColor{0, 255, 255}));
-    EXPECT_EQ(shade.of({204, 0, 0}), (MenuColor{255, 0, 0})) << "the last one is remembered with its face";
-}
-
 } // namespace

@@ -150,21 +150,6 @@ TEST_F(MenuStore, ReadsWhatTheTablesSay)
     EXPECT_EQ(menu.Count(), 0) << "a snapshot without items";
 }
 
-TEST_F(MenuStore, KeepsOneSnapshotOfAKey)
-{
-    menu.AddItem(u"early"_s);
-    menu.Store(u"K"_s);
-    menu.Clear();
-    menu.AddItem(u"-late"_s);
-    menu.setHeader(1, false);
-    menu.Store(u"K"_s);
-    menu.setCaption(1, u"changed"_s);
-    EXPECT_EQ(menu.storedMenus().count(), 1);
-    menu.Restore(u"K"_s);
-    EXPECT_EQ(menu.Caption(1), u"-late");
-    EXPECT_FALSE(menu.Header(1)) << "the flag, not the caption";
-}
-
 TEST_F(MenuStore, GoesThroughNamedAndOpenFiles)
 {
     QTemporaryDir folder;

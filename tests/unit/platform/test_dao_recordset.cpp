@@ -166,12 +166,12 @@ TEST_F(RecordsetTest, RequeryKeepsTheOrderWhateverChanged)
 {
     // Against a set opened anew, after changes of all kinds.
     for (int i = 0; i < 40; ++i)
-        add(QString(QChar(u'a' + (i * 7) % 26)) + QString::number(i % 3));
+        add(QString(QChar(u'a' + (i * 7) % 13)));
     const QString sql = u"select ID,WindowName from Memos where WindowName<'w' order by WindowName desc"_s;
     const auto dynaset = rows(sql);
     const auto snapshot = rows(sql, RecordsetType::Snapshot);
     for (int round = 0; round < 12; ++round) {
-        change(1 + round * 3, u"WindowName"_s, QString(QChar(u'z' - round)) + u'1');
+        change(1 + round * 3, u"WindowName"_s, QString(QChar(u'z' - round)));
         change(2 + round * 3, u"WindowName"_s, QString(QChar(u'a' + round)) + u'\u00e9');
         if (round % 4 == 0)
             removeNote(3 + round * 3);

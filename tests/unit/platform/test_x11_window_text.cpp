@@ -9,13 +9,6 @@ using namespace norvane::x11;
 
 namespace {
 
-struct ClassRow
-{
-    QString instance;
-    QString wmClass;
-    QString expected;
-};
-
 struct SuffixRow
 {
     QString title;
@@ -29,37 +22,6 @@ struct ClipRow
 };
 
 } // namespace
-
-TEST(X11WindowText, ProgramsBelongToFamilies)
-{
-    const ClassRow rows[] = {
-        {u"Navigator"_qs, u"firefox-esr"_qs, u"IEFrame"_qs},
-        {u"chromium (/home/me/profile)"_qs, u"Chromium"_qs, u"IEFrame"_qs},
-        {u"crx_abc"_qs, u"Google-chrome"_qs, u"IEFrame"_qs},
-        {u"dolphin"_qs, u"dolphin"_qs, u"CabinetWClass"_qs},
-        {u"dolphin-emu"_qs, u"dolphin-emu"_qs, u"dolphin-emu"_qs},
-        {u"pcmanfm-qt"_qs, u"pcmanfm-qt"_qs, u"CabinetWClass"_qs},
-        {u"libreoffice"_qs, u"libreoffice-writer"_qs, u"OpusApp"_qs},
-        {u"libreoffice"_qs, u"libreoffice-calc"_qs, u"XLMAIN"_qs},
-        {u"org.pwmt.zathura"_qs, u"Zathura"_qs, u"WordPadClass"_qs},
-        {u"Mail"_qs, u"thunderbird"_qs, u"Outlook Express Browser Class"_qs},
-        {u"xterm"_qs, u"XTerm"_qs, u"XTerm"_qs},
-        {QString(), QString(), QString()},
-        {u"x"_qs, QString(60, u'x'), QString(49, u'x')},
-    };
-    for (const ClassRow &row : rows) {
-        EXPECT_EQ(classNameOf(row.instance, row.wmClass), row.expected) << row.wmClass.toStdString();
-    }
-}
-
-TEST(X11WindowText, SplitsWmClass)
-{
-    EXPECT_EQ(splitWmClass(QByteArrayLiteral("a\0B\0")).className, u"B"_qs);
-    EXPECT_EQ(splitWmClass(QByteArrayLiteral("a\0B")).className, u"B"_qs);
-    EXPECT_EQ(splitWmClass(QByteArrayLiteral("a\0B\0")).instance, u"a"_qs);
-    EXPECT_EQ(splitWmClass("alone").instance, u"alone"_qs);
-    EXPECT_EQ(splitWmClass({}).className, QString());
-}
 
 TEST(X11WindowText, SuffixesOfProgramsGoOnceAtTheEnd)
 {
@@ -103,12 +65,6 @@ TEST(X11WindowText, DecodesOldNames)
     EXPECT_EQ(decodeText("a\x1b(Bc\x1b", TextEncoding::Compound), u"ac"_qs);
 }
 
-TEST(X11WindowText, CaptionsAreComparedCleaned)
-{
-    EXPECT_EQ(foldedCaption(u" A|\"B\" \u00c4 "_qs), foldedCaption(u"a 'b' \u00e4"_qs));
-    EXPECT_NE(foldedCaption(u"a  b"_qs), foldedCaption(u"a b"_qs));
-}
-
 TEST(X11WindowGeometry, DevicePixelsBecomeLogicalOnes)
 {
     const QVector<ScreenScale> screens = {{QRect(0, 0, 2000, 1000), 2.0}, {QRect(2000, 0, 1000, 1000), 1.0}};
@@ -118,13 +74,6 @@ TEST(X11WindowGeometry, DevicePixelsBecomeLogicalOnes)
     EXPECT_EQ(toLogical(QRect(9000, 10, 40, 30), screens), QRect(4500, 5, 20, 15)) << "on no screen";
     EXPECT_EQ(toLogical(QRect(1, 2, 3, 4), {}), QRect(1, 2, 3, 4));
     EXPECT_EQ(scaled(QRect(-5, 3, 7, 9), 1.5), QRect(-8, 5, 11, 14));
-}
-
-TEST(X11WindowGeometry, ExtentsAreLeftRightTopBottom)
-{
-    EXPECT_EQ(extentsOf({1, 2, 3, 4}), QMargins(1, 3, 2, 4));
-    EXPECT_EQ(extentsOf({1, 2, 3}), QMargins());
-    EXPECT_EQ(extentsOf({1, 2, 3, 0xffffffff}), QMargins());
 }
 
 TEST(X11WindowGeometry, ClipsToTheTarget)

@@ -1,4 +1,3 @@
-#include "richtext/commands/document_kind.h"
 #include "richtext/commands/named_formats.h"
 
 #include <gtest/gtest.h>
@@ -31,19 +30,4 @@ TEST(NamedFormats, AreThoseOfTheLocaleExceptTheMediumOnes)
     EXPECT_EQ(joined(namedTimes(time, japanese)), "14:05 | 02:05 PM | 14\u6642"
                                                   "05\u5206"
                                                   "09\u79D2");
-}
-
-TEST(DocumentKind, IsToldByTheFirstDotOfThePath)
-{
-    const std::pair<QString, QString> rows[] = {
-        {u"/home/ann/letter.rtf"_qs, u"RTF"_qs},
-        {u"/a/b.Text"_qs, u"TEX"_qs},
-        {u"/home/.notes/b.rtf"_qs, u"NOT"_qs},
-        {u"/a/b.tar.rtf"_qs, u"TAR"_qs},
-        {u"/a/b.x"_qs, u"X"_qs},
-        {u"/a/b."_qs, u""_qs},
-        {u"/a/b"_qs, u""_qs},
-    };
-    for (const auto &[path, expected] : rows)
-        EXPECT_EQ(documentExtension(path), expected) << path.toStdString();
 }

@@ -84,4 +84,15 @@ TEST_F(NoteDatabase, OfAnEarlierBuildIsRepairedOnceAndNeverWrittenAgain)
     EXPECT_EQ(bytes(), repaired);
 }
 
+TEST_F(NoteDatabase, IsNotPutOverAFileThatIsThere)
+{
+    makeDatabase();
+    const QByteArray before = bytes();
+    EXPECT_FALSE(CreateNoteDatabase(*engine, files, store.DatabaseFile));
+    EXPECT_EQ(bytes(), before);
+    const QString nowhere = folder.filePath(u"none/Norvane.DAT"_s);
+    EXPECT_FALSE(CreateNoteDatabase(*engine, files, nowhere));
+    EXPECT_EQ(errorOf([&] { makeNoteDatabase(*engine, files, nowhere); }), kErrorPathNotFound);
+}
+
 } // namespace

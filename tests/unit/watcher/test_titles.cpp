@@ -67,19 +67,6 @@ TEST(Titles, TheDesktopsSuffixComesOffAfterThatButNeverTheWholeTitle)
     EXPECT_EQ(strippedTitle(windows, u"Mozilla Firefox"_qs), u"Mozilla Firefox"_qs);
 }
 
-TEST(Locations, ClassifyTellsFoldersByTheirMissingType)
-{
-    FakeShell shell;
-    shell.typeNames = {{u"/a"_qs, u"File"_qs},
-                       {u"/b"_qs, u"  "_qs},
-                       {u"/c"_qs, u"File Folder"_qs},
-                       {u"/d.txt"_qs, u"Plain text document"_qs}};
-    EXPECT_EQ(ClassifyLocation(shell, u"/a"_qs), u"File Folder"_qs);
-    EXPECT_EQ(ClassifyLocation(shell, u"/b"_qs), u"File Folder"_qs);
-    EXPECT_EQ(ClassifyLocation(shell, u"/c"_qs), u"Local Disk"_qs);
-    EXPECT_EQ(ClassifyLocation(shell, u"/d.txt"_qs), u"Plain text document"_qs);
-}
-
 TEST(Locations, OpenRaisesWhatTheShellAnswers)
 {
     const struct

@@ -215,32 +215,6 @@ TEST_F(TaskList, AHungWindowKeepsItsRowAndIsAskedLessAndLess)
     EXPECT_EQ(tasks.Status(1), 1);
 }
 
-TEST_F(TaskList, IconsFallBackBySizeAndMode)
-{
-    const WindowHandle bare = open(u"bare"_qs);
-    const WindowHandle tool = open(u"tool"_qs);
-    windows.at(tool).tool = true;
-    windows.at(tool).largeIcon = 7;
-    windows.at(bare).owner = tool;
-    const WindowHandle plain = open(u"plain"_qs);
-    windows.at(plain).largeIcon = 5;
-    const WindowHandle both = open(u"both"_qs);
-    windows.at(both).largeIcon = 5;
-    windows.at(both).smallIcon = 6;
-    open(u"none"_qs);
-    ASSERT_EQ(refreshed(), (QStringList{u"none"_qs, u"both"_qs, u"plain"_qs, u"bare"_qs}));
-
-    EXPECT_EQ(tasks.hIcon(1), kDefaultLargeIcon);
-    EXPECT_EQ(tasks.hIconSm(1), kDefaultLargeIcon);
-    EXPECT_EQ(tasks.hIconSm(2), 6u);
-    EXPECT_EQ(tasks.hIconSm(3), 5u);
-    EXPECT_EQ(tasks.hIcon(4), 7u) << "the owner's";
-    tasks.setMode(1);
-    EXPECT_EQ(tasks.hIcon(1), kDefaultOtherIcon);
-    tasks.setMode(2);
-    EXPECT_EQ(tasks.hIcon(1), 0u);
-}
-
 TEST_F(TaskList, ActivateRestoresAndBringsToTheFront)
 {
     const WindowHandle window = open(u"a"_qs);
@@ -257,16 +231,4 @@ TEST_F(TaskList, ActivateRestoresAndBringsToTheFront)
     windows.actions.clear();
     EXPECT_FALSE(tasks.Activate(0, 4711));
     EXPECT_TRUE(windows.actions.isEmpty());
-}
-
-TEST_F(TaskList, IndexesOutsideGiveNothing)
-{
-    open(u"only"_qs);
-    tasks.Refresh();
-    for (const int outside : {-1, 0, 2}) {
-        EXPECT_EQ(tasks.hWnd(outside), kNoWindow);
-        EXPECT_EQ(tasks.Caption(outside), QString());
-        EXPECT_EQ(tasks.hIcon(outside), 0u);
-        EXPECT_EQ(tasks.Status(outside), 0);
-    }
 }

@@ -2,9 +2,6 @@
 
 #include "ui/sticky/StickyWindow.h"
 
-#include "browser/BrowserServices.h"
-#include "fakes/MemorySettings.h"
-
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
@@ -86,22 +83,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(form));
     }
 
-    fakes::MemorySettings settingsStore;
-    BrowserServices services{.store = store,
-                             .forms = forms,
-                             .settings = settingsStore,
-                             .shell = shell,
-                             .clock = clock,
-                             .sound = sound,
-                             .events = events,
-                             .windows = windows,
-                             .timer = timer,
-                             .watch = Desk::settings,
-                             .edit = edit,
-                             .browser = grid,
-                             .views = views,
-                             .isFrameVisible = [] { return true; },
-                             .twips = Twips(96, 96)};
+    BrowserServices services = browserServices<Desk>(*this, settings);
     int second = 0;
     int third = 0;
 };

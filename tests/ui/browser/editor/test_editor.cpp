@@ -54,8 +54,8 @@ protected:
 TEST_F(Editor, opensANoteAsItIsStored)
 {
     const int ID = addNoteWithBody(u"Letters"_s, "stored text");
-    set(ID, u"BackColor"_s, 0x00C0FF);
-    set(ID, u"AutoURLDetect"_s, true);
+    setField(ID, u"BackColor"_s, 0x00C0FF);
+    setField(ID, u"AutoURLDetect"_s, true);
     int shownWhileFilling = 0;
     events.duringYield = [&] {
         shownWhileFilling += forms.named(u"frmEditor2"_s).first()->hWnd() != kNoWindow;
@@ -102,7 +102,7 @@ TEST_F(Editor, leavesNothingBehindWhereANoteCannotBeOpened)
 TEST_F(Editor, savesTextAndBodyFileAndTellsTheBrowser)
 {
     const int ID = addNote(u"Letters"_s);
-    set(ID, u"winWidth"_s, 4444);
+    setField(ID, u"winWidth"_s, 4444);
     open(ID);
     int step = 0;
     for (const auto &save : std::initializer_list<std::function<void()>>{
@@ -117,8 +117,8 @@ TEST_F(Editor, savesTextAndBodyFileAndTellsTheBrowser)
         EXPECT_EQ(field(ID, u"NoteText"_s).toString(), QString(step, u'a'));
         EXPECT_EQ(field(ID, u"LastUpdate"_s).toDateTime(), clock.time);
         EXPECT_TRUE(body(ID).contains(QString(step, u'a'))) << "the first save makes the file";
-        EXPECT_EQ(grid.refreshes, step);
-        EXPECT_EQ(grid.previewRefreshes, step);
+        EXPECT_EQ(browserView.refreshes, step);
+        EXPECT_EQ(browserView.previewRefreshes, step);
     }
     EXPECT_EQ(field(ID, u"winWidth"_s).toInt(), 4444) << "its place is the sticky note's affair";
     EXPECT_TRUE(prompts.boxes.isEmpty());
@@ -149,7 +149,7 @@ TEST_F(Editor, showsWhyASaveFailedAndStaysDirty)
         << prompts.boxes[0].text.toStdString();
     EXPECT_GT(prompts.boxes[0].text.size(), 30);
     EXPECT_TRUE(canSave() && editor->RTFEdit1()->EnableSaveButton());
-    EXPECT_EQ(grid.refreshes, 0);
+    EXPECT_EQ(browserView.refreshes, 0);
     store.close();
     click(u"cmdSave"_s);
     EXPECT_EQ(prompts.boxes.size(), 2);
@@ -258,25 +258,6 @@ TEST_F(Editor, mayBeUnloadedWhileItAsks)
         EXPECT_FALSE(isOpen());
     }
     EXPECT_EQ(rescued().size(), 2);
-}
-
-TEST_F(Editor, manyAtOnceAreEachTheirOwnAndTheLastWriterWins)
-{
-    const int ID = addNote(u"Letters"_s);
-    frame->show();
-    QVector<frmEditor *> opened;
-    frame->show();
-    for (int i = 0; i < 30; ++i) {
-        isFrameVisible = i % 2 == 0;
-        opened.append(open(ID));
-        type(QString::number(i));
-    }
-    for (frmEditor *each : {opened[29], opened[4]}) {
-        editor = each;
-        click(u"cmdSave"_s);
-    }
-    EXPECT_EQ(field(ID, u"NoteText"_s).toString(), u"4");
-    EXPECT_TRUE(opened[5]->isDirty());
 }
 
 } // namespace

@@ -1,21 +1,15 @@
 #pragma once
 
+#include "ui/WindowParts.h"
 #include "unit/watcher/Desk.h"
 
-#include "browser/BrowserServices.h"
 #include "browser/grid/NoteGrid.h"
 #include "browser/grid/note_columns.h"
 #include "controls/gridview/vbalGrid.h"
 #include "controls/menuview/MenuWindow.h"
 #include "controls/menuview/NVPopupMenu.h"
-#include "fakes/FakeNoteGridView.h"
-#include "fakes/FakeNoteViews.h"
-#include "fakes/FakePrinting.h"
-#include "fakes/FakePrompts.h"
-#include "fakes/MemorySettings.h"
 #include "platform/RuntimeError.h"
-#include "richtext/EditServices.h"
-#include "richtext/commands/EditState.h"
+#include "store/note_row.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -27,10 +21,15 @@
 namespace norvane::tests {
 
 /// The browser's list of notes on the screen, with a database in a real file.
-class NoteGridWindow : public testing::Test, protected Desk
+class NoteGridWindow : public testing::Test, protected Desk, protected WindowParts
 {
 protected:
-    NoteGridWindow() { shell.typeNames.insert(u".HTM"_qs, u"HTML document"_qs); }
+    using Desk::settings;
+
+    NoteGridWindow() : WindowParts(files, shell, clock)
+    {
+        shell.typeNames.insert(u".HTM"_qs, u"HTML document"_qs);
+    }
 
     void makeList()
     {
@@ -88,10 +87,7 @@ protected:
     {
         grid().setSelectedRow(static_cast<int>(titles().indexOf(title)) + 1);
     }
-    bool rowIsThere(int id) const
-    {
-        return !store.database()->openRecordset(u"select ID from Memos where ID=%1"_qs.arg(id))->eof();
-    }
+    bool rowIsThere(int id) const { return !openNoteRow(store, id)->eof(); }
     /// Another process, as far as the database's file can tell.
     std::unique_ptr<dao::Recordset> elsewhere(const QString &statement)
     {
@@ -104,18 +100,8 @@ protected:
         return addNote(title, {}, {{u"DateCreated"_qs, created}, {u"LastUpdate"_qs, updated}});
     }
 
-    fakes::FakePrompts prompts;
-    fakes::FakePrinting printing;
-    fakes::MemorySettings stored;
-    fakes::FakeNoteGridView browser;
-    fakes::FakeNoteViews views;
-    EditState editState;
-    EditServices edit{files, shell, prompts, printing, clock, editState};
-    bool isFrameVisible = true;
-    BrowserServices services{
-        store,        forms, stored,   shell, clock,   sound, events,
-        windows,      timer, settings, edit,  browser, views, [this] { return isFrameVisible; },
-        Twips(96, 96)};
+    fakes::MemorySettings &stored = WindowParts::settings;
+    BrowserServices services = browserServices<Desk>(*this, settings);
     std::unique_ptr<dao::Database> otherDatabase;
     std::unique_ptr<NoteGrid> list;
     QStringList told;

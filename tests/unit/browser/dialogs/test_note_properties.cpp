@@ -1,7 +1,7 @@
 #include "unit/watcher/Desk.h"
 
-#include "browser/dialogs/new_note.h"
 #include "browser/dialogs/note_properties.h"
+#include "error_of.h"
 #include "fakes/FakeNoteGridView.h"
 #include "platform/errors.h"
 #include "unit/platform/linux/in_child.h"
@@ -29,16 +29,6 @@ public:
     }
     bool fails = false;
 };
-
-template <typename Action> int errorOf(Action action)
-{
-    try {
-        action();
-    } catch (const RuntimeError &error) {
-        return error.number();
-    }
-    return 0;
-}
 
 class Properties : public testing::Test, protected Desk
 {
@@ -75,93 +65,6 @@ protected:
     WindowHandle page = kNoWindow;
     int id = 0;
 };
-
-TEST_F(Properties, AreReadAndWrittenAsTheyAre)
-{
-    NoteProperties properties = stored();
-    EXPECT_EQ(properties.BackColor, kDefaultNoteColor);
-    EXPECT_EQ(properties.ACTIVE, kChecked);
-    EXPECT_EQ(properties.AutoSave, kCleared) << "Null counts as no";
-    EXPECT_TRUE(properties.keyWords.isEmpty());
-    EXPECT_FALSE(readProperties(store, id).LastUpdate.isValid());
-
-    properties.FriendlyName = u"  \"Quoted\"\nand 😀  "_qs;
-    properties.URL = u" \"/home/me/\" "_qs;
-    properties.AutoSave = kChecked;
-    properties.WAVFileName = u"/a.wav"_qs;
-    properties.BackColor = 0xFF8040;
-    properties.CAT_ID = 7;
-    properties.formposition = 5;
-    const quint64 changes = store.noteChangeCount();
-    EXPECT_TRUE(save(properties));
-    EXPECT_EQ(grid.refreshes, 1);
-    EXPECT_EQ(grid.aroundRefreshes, 1);
-    EXPECT_GT(store.noteChangeCount(), changes);
-    const NoteProperties now = stored();
-    EXPECT_EQ(now.FriendlyName, properties.FriendlyName) << "untrimmed";
-    EXPECT_EQ(now.URL, u"/home/me/"_qs);
-    EXPECT_EQ(now.AutoSave, kChecked);
-    EXPECT_EQ(now.WAVFileName, u"/a.wav"_qs);
-    EXPECT_EQ(now.BackColor, 0xFF8040U);
-    EXPECT_EQ(now.CAT_ID, 7);
-    EXPECT_EQ(now.formposition, 5);
-    EXPECT_FALSE(field(u"keyWords"_qs).isNull()) << "a null is an empty text once it was saved";
-    EXPECT_EQ(field(u"winHeight"_qs).toInt(), 3801) << "no window, no place to take over";
-
-    EXPECT_FALSE(saveProperties(targets, 4711, properties));
-    EXPECT_EQ(errorOf([&] { readProperties(store, 4711); }), kErrorNoCurrentRecord);
-    store.close();
-    EXPECT_EQ(errorOf([&] { save(properties); }), kErrorNothingThere);
-}
-
-TEST_F(Properties, TakeEffectInTheOpenNote)
-{
-    fakes::FakeStickyNote *live = openNote();
-    ASSERT_TRUE(live);
-    live->twips = QRectF(1500.4, 2500, 4000, 3000); // moved by hand since
-    NoteProperties properties = stored();
-    properties.FriendlyName = u"Mail"_qs;
-    properties.AutoSave = kChecked;
-    properties.TypeEffect = kChecked;
-    properties.AutoURLDetect = kChecked;
-    properties.ShowToolbar = kChecked;
-    properties.BackColor = 0x00FF00;
-    EXPECT_TRUE(save(properties));
-    EXPECT_EQ(live->calls, (QStringList{u"setAutoURLDetect"_qs, u"setTextBackColor"_qs, u"moveTwips"_qs,
-                                        u"setTextBackColor"_qs, u"setToolBar"_qs, u"setCaption"_qs}));
-    EXPECT_EQ(live->colors, (QVector<quint32>{kDefaultNoteColor, 0x00FF00}));
-    EXPECT_EQ(live->twips, QRectF(1500, 2500, 4000, 3000));
-    EXPECT_EQ(field(u"winLeft"_qs).toInt(), 1500) << "it keeps where it stands";
-    EXPECT_EQ(field(u"winTop"_qs).toInt(), 2500);
-    EXPECT_TRUE(live->autoURLDetect && live->toolBar && live->fields.AutoSave && live->fields.TypeEffect);
-    EXPECT_EQ(live->fields.FriendlyName, u"Mail"_qs);
-    EXPECT_EQ(live->caption(), u"Mail"_qs);
-
-    properties.formposition = 5;
-    EXPECT_TRUE(save(properties));
-    EXPECT_EQ(live->fields.formposition, 5);
-    EXPECT_EQ(live->twips.size(), QSizeF(4000, 3000));
-    const QSize room = windows.windowRect(page).size() - live->size;
-    EXPECT_EQ(live->pixels, QPoint(room.width() - 7, room.height() - 27));
-}
-
-TEST_F(Properties, OfANoteThatIsNoLongerActiveAreStoredBeforeItGoes)
-{
-    fakes::FakeStickyNote *live = openNote();
-    ASSERT_TRUE(live);
-    QString nameAtUnload;
-    live->onCall = [&](fakes::FakeStickyNote &, const QString &call) {
-        if (call == u"unload"_qs)
-            nameAtUnload = field(u"FriendlyName"_qs).toString();
-    };
-    NoteProperties properties = stored();
-    properties.FriendlyName = u"Mail"_qs;
-    properties.ACTIVE = kCleared;
-    EXPECT_TRUE(save(properties));
-    EXPECT_TRUE(live->unloaded);
-    EXPECT_EQ(nameAtUnload, u"Mail"_qs);
-    EXPECT_EQ(Clips.Count(), 0);
-}
 
 TEST_F(Properties, ThatCannotBeWrittenLeaveRowAndWindow)
 {
@@ -275,35 +178,6 @@ TEST_F(Properties, OfSeveralNotesEndAtARowThatIsGone)
     EXPECT_FALSE(saveProperties(targets, {id, 4711, last}, properties));
     EXPECT_EQ(stored().BackColor, 0xFFU) << "written before";
     EXPECT_EQ(noteField(last, u"BackColor"_qs).toInt(), 0x123456);
-}
-
-TEST_F(Properties, OfANewNoteAreWhatWasAskedAndTheTablesOwn)
-{
-    norvane::addNote(store, clock,
-                     {.FriendlyName = u" Shopping \"list\" "_qs, .URL = {}, .CAT_ID = 3, .ACTIVE = false});
-    const int added = noteCount();
-    ASSERT_EQ(added, 2);
-    const auto row = store.database()->openRecordset(u"select * from Memos where ClassName='Norvane'"_qs);
-    ASSERT_FALSE(row->eof());
-    const auto is = [&](const QString &column) { return row->field(column); };
-    EXPECT_EQ(is(u"WindowName"_qs), u""_qs);
-    EXPECT_EQ(is(u"LocationName"_qs), u"Norvane Manager"_qs);
-    EXPECT_EQ(is(u"ACTIVE"_qs), false);
-    EXPECT_EQ(is(u"URL"_qs).toString(), QString());
-    EXPECT_EQ(is(u"FriendlyName"_qs), u" Shopping \"list\" "_qs);
-    EXPECT_EQ(is(u"DateCreated"_qs), clock.now());
-    EXPECT_EQ(is(u"LastUpdate"_qs), clock.now());
-    EXPECT_EQ(is(u"CAT_ID"_qs), 3);
-    EXPECT_EQ(is(u"AutoSave"_qs), true);
-    EXPECT_EQ(is(u"BackColor"_qs).toUInt(), kDefaultNoteColor);
-    EXPECT_EQ(is(u"PlaySound"_qs), false);
-    EXPECT_EQ(store.NoteIndex()->recordCount(), 2);
-    EXPECT_EQ(store.NoteSet()->recordCount(), 2);
-
-    NewNote longName;
-    longName.FriendlyName = QString(kLongestName + 1, u'x');
-    EXPECT_EQ(errorOf([&] { norvane::addNote(store, clock, longName); }), kErrorFieldTooLong);
-    EXPECT_EQ(noteCount(), 2);
 }
 
 TEST_F(Properties, LastPauseStartsTheWatch)

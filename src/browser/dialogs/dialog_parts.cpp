@@ -1,5 +1,6 @@
-#include "browser/dialogs/browse_button.h"
+#include "browser/dialogs/dialog_parts.h"
 
+#include <QLabel>
 #include <QPushButton>
 
 namespace norvane {
@@ -11,6 +12,13 @@ QPushButton *browseButton(const QString &objectName, const QString &accessibleNa
     button->setAccessibleName(accessibleName);
     button->setMaximumWidth(button->sizeHint().height() * 3 / 2);
     return button;
+}
+
+QLabel *caption(const QString &text, QWidget *buddy)
+{
+    auto *label = new QLabel(text);
+    label->setBuddy(buddy);
+    return label;
 }
 
 } // namespace norvane
