@@ -149,10 +149,9 @@ QGroupBox *DatabasePage::securityFrame()
 {
     auto *frame = new QGroupBox(tr("Security"));
     frame->setObjectName(QStringLiteral("Frame1"));
-    auto *note = new QLabel(tr("The password locks the database with titles, locations and search texts. The "
-                               "files beside it, which hold the notes themselves, stay unencrypted."));
+    auto *note = new QLabel(tr("The password locks the database with titles, locations and search texts.\n"
+                               "The files beside it, which hold the notes themselves, stay unencrypted."));
     note->setObjectName(QStringLiteral("lblUnencrypted"));
-    note->setWordWrap(true);
     QGridLayout *grid = rows(frame);
     grid->addWidget(caption(tr("Current Password:"), m_currentPassword), 0, 0);
     grid->addWidget(m_currentPassword, 0, 1);

@@ -20,9 +20,8 @@ constexpr int kLowByte = 0xFF;
 HotKeyPage::HotKeyPage(HotKeyModel &hotKeys, WindowHandle owner) : m_hotKeys(hotKeys), m_owner(owner)
 {
     auto *introduction =
-        new QLabel(tr("These keys work in every program. Click into a box and press the keys that you want. "
+        new QLabel(tr("These keys work in every program. Click into a box and press the keys that you want.\n"
                       "Keys that another program has taken may not arrive here."));
-    introduction->setWordWrap(true);
     auto *grid = new QGridLayout;
     grid->setColumnStretch(2, 1);
     grid->setHorizontalSpacing(fontMetrics().averageCharWidth() * 2);
