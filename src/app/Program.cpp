@@ -132,6 +132,11 @@ Program::Program()
 
 Program::~Program() = default;
 
+void Program::tellOf(const RuntimeError &error)
+{
+    showRuntimeError(m_backends.prompts, error);
+}
+
 int Program::run(const QStringList &arguments)
 {
     const StartUp::Result result = StartUp({.state = m_state,

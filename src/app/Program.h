@@ -24,6 +24,7 @@
 
 namespace norvane {
 
+class RuntimeError;
 struct TrayMenuItem;
 
 /// The running program: owns the backends, the shared state and the windows, and ties hot keys,
@@ -38,6 +39,8 @@ public:
 
     /// Starts, runs the event loop and ends. @return the exit code of the process
     int run(const QStringList &arguments);
+    /// Shows an error that no routine has handled, and waits until it is read.
+    void tellOf(const RuntimeError &error);
 
     /// Makes the end that the session asks for the program's own.
     bool eventFilter(QObject *watched, QEvent *event) override;

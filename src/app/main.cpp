@@ -2,9 +2,10 @@
 #include "app/window_table.h"
 #include "platform/RuntimeError.h"
 #include "platform/x11/display.h"
+#include "shell/windows/Application.h"
 #include "shell/windows/form_icon.h"
 
-#include <QApplication>
+#include <QPointer>
 #include <QTextStream>
 #include <cstdio>
 #include <vector>
@@ -53,7 +54,7 @@ int main(int argc, char **argv)
     QApplication::setQuitOnLastWindowClosed(false);
     std::vector<char *> forToolkit = argumentsForX11(argc, argv);
     int count = static_cast<int>(forToolkit.size()) - 1;
-    const QApplication application(count, forToolkit.data());
+    Application application(count, forToolkit.data());
     QApplication::setWindowIcon(applicationIcon());
     QApplication::setApplicationName(QStringLiteral("Norvane"));
     QApplication::setApplicationVersion(QStringLiteral(NORVANE_VERSION));
@@ -63,5 +64,9 @@ int main(int argc, char **argv)
     if (arguments.contains(QStringLiteral("--windows")))
         return printWindows();
     Program program;
+    application.setErrorReport([running = QPointer<Program>(&program)](const RuntimeError &error) {
+        if (running)
+            running->tellOf(error);
+    });
     return program.run(arguments);
 }
