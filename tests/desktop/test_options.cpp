@@ -19,6 +19,14 @@ protected:
             if (!waitFor([&] { return titled(u"Norvane"_s) != 0; }, 5000))
                 continue;
             x().press(u"alt+n"_s);
+            // A key that comes before the menu would be the list's.
+            if (!waitFor(
+                    [&] {
+                        const xcb_window_t menu = x().menuOfProcess(m_norvane.process()->processId());
+                        return menu != 0 && x().isViewable(menu);
+                    },
+                    4000))
+                continue;
             x().press(u"o"_s);
             if (waitFor([&] { return titled(u"Norvane Options"_s) != 0; }, 4000))
                 return true;
