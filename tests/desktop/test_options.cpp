@@ -63,26 +63,10 @@ protected:
             return true;
         });
     }
-    /// Answers the questions of a change of the database.
-    bool answerYes(int questions)
-    {
-        for (int i = 0; i < questions; ++i) {
-            const auto box = [&] { return titled(u"Norvane"_s); };
-            if (!waitFor([&] { return box() != 0 && x().geometry(box()).width() < kFrameWidth; }))
-                return false;
-            const xcb_window_t asked = box();
-            x().press(u"alt+y"_s);
-            if (!waitFor([&] { return !x().exists(asked) || !x().isViewable(asked); }))
-                return false;
-        }
-        return isClosed(u"Norvane Options"_s);
-    }
     QString settings() const
     {
         return QString::fromUtf8(bytesOf(m_desktop.home() + u"/.config/norvane/norvane.conf"_s));
     }
-
-    static constexpr int kFrameWidth = 800; ///< less than that of the frame, more than that of a box
 };
 
 TEST_F(OptionsOnTheDesktop, AnotherKeyAttachesAndAnotherProgramIsTracked)
@@ -170,41 +154,6 @@ TEST_F(OptionsOnTheDesktop, APasswordLocksTheDatabase)
     x().press(u"Return"_s);
     ASSERT_TRUE(waitFor([&] { return m_norvane.isArmed(); }));
     EXPECT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) != 0; })) << "its note is back";
-}
-
-TEST_F(OptionsOnTheDesktop, AnotherDatabaseTakesTheNotesAwayAndGivesThemBack)
-{
-    const QString other = m_desktop.home() + u"/Other"_s;
-    QDir().mkpath(other);
-    QDir().mkpath(m_desktop.home() + u"/.config/norvane"_s);
-    ASSERT_TRUE(
-        putBytes(m_desktop.home() + u"/.config/norvane/norvane.conf"_s,
-                 "[DB]\nMRU1=" + other.toUtf8() + "/\nMRU2=" + m_norvane.notesFolder().toUtf8() + "/\n"));
-    const xcb_window_t editor = openEditor(kRight);
-    ASSERT_TRUE(editor != 0 && startNorvane());
-    const xcb_window_t first = writeNote(editor, u"In the first database."_s);
-    ASSERT_NE(first, 0u);
-
-    ASSERT_TRUE(openOptions());
-    goTo(-3, 3);
-    x().press(u"Down"_s); // the list of recent folders
-    x().press(u"Home"_s);
-    x().press(u"Return"_s);
-    x().press(u"Return"_s);
-    ASSERT_TRUE(answerYes(2));
-    EXPECT_TRUE(waitFor([&] { return !x().exists(first) || !x().isViewable(first); }));
-    EXPECT_FALSE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }, kSeveralTicksMs));
-    EXPECT_TRUE(QFile::exists(other + u"/Norvane.DAT"_s));
-
-    ASSERT_TRUE(openOptions());
-    goTo(-3, 3);
-    x().press(u"Down"_s);
-    x().press(u"End"_s);
-    x().press(u"Return"_s);
-    x().press(u"Return"_s);
-    ASSERT_TRUE(answerYes(1));
-    EXPECT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) != 0; })) << "its note is back";
-    EXPECT_NE(texts().find("In the first database."), std::string::npos);
 }
 
 } // namespace
