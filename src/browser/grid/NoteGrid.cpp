@@ -18,6 +18,7 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QScopeGuard>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -188,31 +189,38 @@ void NoteGrid::connectGrid()
     m_grid->viewport()->installEventFilter(this);
 }
 
+void NoteGrid::setGridDB(dao::Database *database)
+{
+    m_database = database;
+    m_listed.reset();
+}
+
 void NoteGrid::setGridRS(std::unique_ptr<dao::Recordset> rows)
 {
+    m_keys.clear();
+    m_listed.reset();
     m_rows = std::move(rows);
 }
 
-std::unique_ptr<dao::Recordset> NoteGrid::openNotes()
+QString NoteGrid::statement() const
 {
-    if (!m_database)
-        throw RuntimeError(kErrorNothingThere, QStringLiteral("The list of notes has no database."));
     QString where;
     if (FilterCategory == -1)
         where = QStringLiteral(" Where Cat_ID= 0");
     else if (FilterCategory != 0)
         where = QStringLiteral(" Where Cat_ID=%1").arg(FilterCategory);
-    auto rows = m_database->openRecordset(
-        QStringLiteral("select ID,Active,FriendlyName,DateCreated,LastUpdate,URL,Cat_ID from memos") + where +
-            QStringLiteral(" order by FriendlyName"),
-        dao::RecordsetType::ForwardOnly);
+    return QStringLiteral("select ID,Active,FriendlyName,DateCreated,LastUpdate,URL,Cat_ID from memos") +
+           where + QStringLiteral(" order by FriendlyName");
+}
+
+void NoteGrid::showCategory()
+{
     if (FilterCategory == -1)
         m_category->setText(tr(" No Category"));
     else if (FilterCategory != 0)
         m_category->setText(FilterCategoryText);
     else if (m_isCategoryShown)
         m_category->setText(tr(" All Categories"));
-    return rows;
 }
 
 void NoteGrid::Refresh_Grid()
@@ -221,49 +229,154 @@ void NoteGrid::Refresh_Grid()
     if (isBrowser && m_services.isFrameVisible && !m_services.isFrameVisible())
         return;
     const int scroll = m_grid->vScrollValue();
-    bool saysWorking = false;
     try {
         const RedrawOff drawsNothing(*m_grid);
         const BusyPointer busy;
-        std::unique_ptr<dao::Recordset> own;
-        if (m_rows)
-            m_rows->requery();
-        else
-            own = openNotes();
-        dao::Recordset &notes = own ? *own : *m_rows;
         NoteRows rows(*m_grid, m_services.store, m_services.shell);
-
         const int row = m_grid->Rows() > 0 ? m_grid->SelectedRow() : 0;
         const int column = m_grid->SelectedCol();
-        m_grid->Clear();
-        m_grid->setVScrollValue(scroll);
-        for (; !notes.eof(); notes.moveNext()) {
-            rows.add(notes);
-            if (isBrowser && !saysWorking && m_grid->Rows() > kRowsBeforeWorking) {
-                saysWorking = true;
-                emit Working(tr("Working..."));
-            }
-        }
+        if (!update(rows))
+            fill(rows);
         selectAgain(row, scroll);
         if (column >= 1)
             m_grid->setSelectedCol(column);
     } catch (const RuntimeError &) {
-        if (saysWorking)
-            emit Working({});
         showEmptyLabel();
         throw;
     }
-    if (saysWorking)
-        emit Working({});
     showEmptyLabel();
+}
+
+/// Reads all rows.
+void NoteGrid::fill(NoteRows &rows)
+{
+    m_keys.clear();
+    m_isAsRead = false;
+    bool saysWorking = false;
+    const auto sayReady = qScopeGuard([&] {
+        if (saysWorking)
+            emit Working({});
+    });
+    std::unique_ptr<dao::Recordset> own;
+    if (m_rows) {
+        m_rows->requery();
+    } else {
+        if (!m_database)
+            throw RuntimeError(kErrorNothingThere, QStringLiteral("The list of notes has no database."));
+        m_statement = statement();
+        m_listed = m_database->openRecordset(m_statement);
+        own = m_database->openRecordset(m_statement, dao::RecordsetType::ForwardOnly);
+        showCategory();
+    }
+    dao::Recordset &notes = own ? *own : *m_rows;
+    m_grid->Clear();
+    for (; !notes.eof(); notes.moveNext()) {
+        rows.add(notes);
+        if (!saysWorking && m_grid->Rows() > kRowsBeforeWorking && objectName() == QStringLiteral("GRD")) {
+            saysWorking = true;
+            emit Working(tr("Working..."));
+        }
+    }
+    m_categoryNames = rows.categories();
+    m_locale = QLocale::system();
+    m_keys = (m_rows ? m_rows : m_listed)->keys();
+    sortAsRead({});
+}
+
+/// Changes only the rows that were written since all were read, so that it comes out as a reading would.
+/// False where all have to be read.
+bool NoteGrid::update(NoteRows &rows)
+{
+    const std::unique_ptr<dao::Recordset> &notes = m_rows ? m_rows : m_listed;
+    const bool isKnown = notes && !m_keys.empty() &&
+                         m_keys.size() == static_cast<std::size_t>(m_grid->Rows()) &&
+                         (m_rows || m_statement == statement()) && m_categoryNames == rows.categories() &&
+                         m_locale == QLocale::system() && m_grid->SortObject().LastSortIndex() != 0;
+    if (!isKnown)
+        return false;
+    std::vector<int> before;
+    before.swap(m_keys); // what fails half way is read anew the next time
+    const std::optional<QSet<int>> changed = notes->requeryChanged();
+    if (!changed)
+        return false;
+    m_grid->ClearSelection();
+    const bool sameOrder = updateRows(rows, *notes, *changed);
+    std::vector<int> keys = notes->keys();
+    if (keys.size() != static_cast<std::size_t>(m_grid->Rows()))
+        return false;
+    if (!m_isAsRead || !sameOrder || keys != before)
+        sortAsRead(keys);
+    m_keys = std::move(keys);
+    if (!m_rows)
+        showCategory();
+    return true;
+}
+
+/// New rows come at the end. Whether no row came or went and no value that they are sorted by is another.
+bool NoteGrid::updateRows(NoteRows &rows, dao::Recordset &notes, QSet<int> changed)
+{
+    const auto isFound = [&notes](int ID) {
+        notes.findFirst(QStringLiteral("ID=%1").arg(ID));
+        return !notes.noMatch();
+    };
+    const int sortColumn = m_grid->SortObject().SortColumn(1);
+    const auto sortedBy = [this, sortColumn](int row) {
+        return std::pair(m_grid->CellText(row, sortColumn), m_grid->CellIcon(row, sortColumn));
+    };
+    bool sameOrder = true;
+    for (int row = m_grid->Rows(); row >= 1 && !changed.isEmpty(); --row) {
+        const int ID = idOfRow(row);
+        if (!changed.remove(ID))
+            continue;
+        if (!isFound(ID)) {
+            m_grid->RemoveRow(row);
+            sameOrder = false;
+            continue;
+        }
+        const auto before = sortedBy(row);
+        rows.write(row, notes);
+        sameOrder = sameOrder && sortedBy(row) == before;
+    }
+    for (const int ID : std::as_const(changed)) {
+        if (isFound(ID)) {
+            rows.add(notes);
+            sameOrder = false;
+        }
+    }
+    return sameOrder;
+}
+
+/// Sorts the rows as if they stood as they are read. A fault leaves them as they are.
+/// @param keys the notes in the order of the reading; none where they stand so
+void NoteGrid::sortAsRead(const std::vector<int> &keys)
+{
+    m_isAsRead = false;
+    QHash<int, qint32> rowOf;
+    rowOf.reserve(static_cast<qsizetype>(keys.size()));
+    for (int row = 1; row <= m_grid->Rows() && !keys.empty(); ++row)
+        rowOf.insert(idOfRow(row), row - 1);
+    std::vector<qint32> from;
+    from.reserve(keys.size());
+    for (const int ID : keys)
+        from.push_back(rowOf.value(ID));
+    try {
+        if (m_grid->SortObject().LastSortIndex() != 0)
+            m_grid->Sort(from);
+        m_isAsRead = true;
+    } catch (const RuntimeError &) {
+        return;
+    }
+}
+
+int NoteGrid::idOfRow(int row) const
+{
+    return m_grid->CellText(row, kColumnID).toInt();
 }
 
 /// A fault leaves the rows as they are.
 void NoteGrid::selectAgain(int row, int scroll)
 {
     try {
-        if (m_grid->SortObject().LastSortIndex() != 0)
-            m_grid->Sort();
         m_grid->setVScrollValue(scroll);
         if (m_grid->Rows() == 0)
             return;

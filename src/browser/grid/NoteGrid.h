@@ -4,8 +4,11 @@
 #include "browser/grid/note_grid_images.h"
 #include "platform/dao.h"
 
+#include <QHash>
+#include <QLocale>
 #include <QWidget>
 #include <memory>
+#include <vector>
 
 class QKeyEvent;
 class QLabel;
@@ -14,6 +17,7 @@ class QMouseEvent;
 namespace norvane {
 
 class NVPopupMenu;
+class NoteRows;
 class vbalGrid;
 
 /// A list of notes: the grid `GRD`, the category caption `lblCategory` above it, and the commands on its
@@ -36,14 +40,14 @@ public:
 
     /// The database that the rows come from: to be set before the first refresh; not owned.
     dao::Database *GridDB() const { return m_database; }
-    void setGridDB(dao::Database *database) { m_database = database; }
+    void setGridDB(dao::Database *database);
     /// A ready result set in place of the category's notes; nullptr while the category decides.
     dao::Recordset *GridRS() const { return m_rows.get(); }
     void setGridRS(std::unique_ptr<dao::Recordset> rows);
 
-    /// Reads the rows anew. The selected row, by its number, and the scroll position stay. Nothing
-    /// happens in the browser's list while the frame is hidden. Raises what the engine raises, with the
-    /// rows that were read until then.
+    /// Reads the rows anew, or those alone that changed. The selected row, by its number, and the scroll
+    /// position stay. Nothing happens in the browser's list while the frame is hidden. Raises what the engine
+    /// raises, with the rows that were read until then.
     void Refresh_Grid();
 
     /// `ID` of the selected row's note; 0 when there is none.
@@ -104,7 +108,13 @@ private:
     void makeMenu();
     void startSort();
     void connectGrid();
-    std::unique_ptr<dao::Recordset> openNotes();
+    QString statement() const;
+    void showCategory();
+    void fill(NoteRows &rows);
+    bool update(NoteRows &rows);
+    bool updateRows(NoteRows &rows, dao::Recordset &notes, QSet<int> changed);
+    void sortAsRead(const std::vector<int> &keys);
+    int idOfRow(int row) const;
     void selectAgain(int row, int scroll);
     void showEmptyLabel();
 
@@ -121,6 +131,13 @@ private:
     const BrowserServices &m_services;
     dao::Database *m_database = nullptr;
     std::unique_ptr<dao::Recordset> m_rows;
+    // What the rows were read from, for a refresh that changes only those that were written since.
+    std::unique_ptr<dao::Recordset> m_listed; ///< the rows of m_statement; not with m_rows
+    QString m_statement;
+    QLocale m_locale;
+    QHash<int, QString> m_categoryNames;
+    std::vector<int> m_keys; ///< in the order of the reading; empty where that is not known
+    bool m_isAsRead = false; ///< nobody has sorted since
     NoteGridImages m_images; ///< `ilsIcons`
     IconList m_headerImages; ///< `imgHeader`
     FileIcons m_fileIcons;

@@ -23,6 +23,12 @@ NoteRows::NoteRows(vbalGrid &grid, const NoteStore &store, const Shell &shell)
 
 void NoteRows::add(const dao::Recordset &note)
 {
+    m_grid.AddRow(-1, note.field(QStringLiteral("ID")).toString());
+    write(m_grid.Rows(), note);
+}
+
+void NoteRows::write(int row, const dao::Recordset &note)
+{
     const QVariant id = note.field(QStringLiteral("ID"));
     const bool isActive = note.field(QStringLiteral("Active")).toBool();
     const QVariant title = note.field(QStringLiteral("FriendlyName"));
@@ -31,8 +37,7 @@ void NoteRows::add(const dao::Recordset &note)
     const QString location = note.field(QStringLiteral("URL")).toString();
     const int category = note.field(QStringLiteral("Cat_ID")).toInt();
 
-    m_grid.AddRow(-1, id.toString());
-    const int row = m_grid.Rows();
+    m_grid.CellDetails(row, kColumnActive, {});
     if (isActive)
         showActive(m_grid, row, true);
     m_grid.CellDetails(row, kColumnTitle, title, kAlignLeft, kNoGridIcon, kDefaultGridColor, kNavy);

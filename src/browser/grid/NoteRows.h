@@ -14,7 +14,7 @@ namespace dao {
 class Recordset;
 }
 
-/// Fills a list of notes, for one reading of it: what notes have in common is looked up once.
+/// Writes the rows of a list of notes, for one reading of it: what notes have in common is looked up once.
 class NoteRows
 {
 public:
@@ -23,6 +23,10 @@ public:
 
     /// Adds the current record at the end. Raises what the engine raises.
     void add(const dao::Recordset &note);
+    /// Shows the current record in a row that shows it already. Raises what the engine raises.
+    void write(int row, const dao::Recordset &note);
+    /// The names of the categories, by `ID`.
+    const QHash<int, QString> &categories() const { return m_categories; }
 
 private:
     vbalGrid &m_grid;

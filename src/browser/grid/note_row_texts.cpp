@@ -22,7 +22,7 @@ QString NoteDateTexts::operator()(const QDateTime &date)
     if (day.isNull())
         day = m_locale.toString(date.date(), QLocale::ShortFormat) + QStringLiteral("  ");
     const QTime time = date.time();
-    QString &ofDay = m_times[time.hour() * 60 + time.minute()];
+    QString &ofDay = m_times[QTime(0, 0).secsTo(time)];
     if (ofDay.isNull())
         ofDay = m_locale.toString(time, QLocale::ShortFormat);
     return day + ofDay;

@@ -1,5 +1,7 @@
 #include "NoteGridWindow.h"
 
+#include <QRandomGenerator>
+
 using namespace norvane;
 using namespace norvane::tests;
 
@@ -128,6 +130,7 @@ TEST_F(NoteGridWindow, keepsRowAndPlaceOverARefresh)
     for (int i = 0; i < 150; ++i)
         addNote(u"Note %1"_qs.arg(i, 3, 10, QChar(u'0')), u"http://a/"_qs);
     show();
+    list->setGridDB(store.database()); // so that all is read
     list->Refresh_Grid();
     EXPECT_EQ(told, QStringList({u"working 'Working...'"_qs, u"working ''"_qs}));
     EXPECT_EQ(list->Row(), 1);
@@ -156,6 +159,123 @@ TEST_F(NoteGridWindow, keepsRowAndPlaceOverARefresh)
     list->Refresh_Grid();
     EXPECT_EQ(list->Rows(), 148);
     EXPECT_FALSE(told.contains(u"working 'Working...'"_qs));
+}
+
+/// All that the list shows, row by row.
+QStringList shownBy(const NoteGrid &list)
+{
+    const vbalGrid &grid = *list.grid();
+    QStringList rows{u"%1 %2 %3"_qs.arg(grid.SelectedRow()).arg(grid.SelectedCol()).arg(grid.vScrollValue())};
+    for (int row = 1; row <= grid.Rows(); ++row) {
+        QString text = grid.RowKey(row);
+        for (int column = 1; column <= grid.Columns(); ++column) {
+            const cGridCell cell = grid.Cell(row, column);
+            text += u"|%1 %2 %3"_qs.arg(cell.Text.toString(), cell.ItemData.toString())
+                        .arg(grid.CellSelected(row, column)) +
+                    u" %1 %2 %3 %4 %5"_qs.arg(cell.TextAlign)
+                        .arg(cell.IconIndex)
+                        .arg(cell.ExtraIconIndex)
+                        .arg(cell.BackColor)
+                        .arg(cell.ForeColor);
+        }
+        rows.append(text);
+    }
+    return rows;
+}
+
+TEST_F(NoteGridWindow, takesOverWhatChangedAsAReadingWould)
+{
+    QRandomGenerator random(5);
+    const auto any = [&random](int count) { return static_cast<int>(random.bounded(count)); };
+    const QDateTime day(QDate(2024, 10, 27), QTime(2, 0));
+    const auto title = [&] { return u"Note %1"_qs.arg(any(9)); };
+    const auto values = [&] {
+        return QMap<QString, QVariant>{
+            {u"CAT_ID"_qs, any(2) * 7},
+            {u"Active"_qs, any(2) == 0},
+            {u"DateCreated"_qs, day.addSecs(any(5) * 30)},
+            {u"LastUpdate"_qs, any(4) == 0 ? QVariant() : QVariant(day.addDays(any(5)))}};
+    };
+    const auto place = [&] {
+        return QStringList{QString(), u"http://a/"_qs, u"/a.pdf"_qs, u"/b"_qs}.value(any(4));
+    };
+    QVector<int> ids;
+    for (int i = 0; i < 60; ++i)
+        ids.append(addNote(title(), place(), values()));
+    show();
+    NoteGrid fresh(services);
+    fresh.setGridDB(store.database());
+    fresh.resize(list->size());
+    fresh.show();
+    const auto both = [&](const auto &does) {
+        does(*list);
+        does(fresh);
+    };
+    fresh.Refresh_Grid();
+    for (int turn = 0; turn < 150; ++turn) {
+        SCOPED_TRACE(turn);
+        const auto rows = store.database()->openRecordset(u"select * from Memos"_qs);
+        for (int edits = any(4); edits > 0; --edits) {
+            const int id = ids[any(static_cast<int>(ids.size()))];
+            rows->findFirst(u"ID=%1"_qs.arg(id));
+            switch (any(6)) {
+            case 0:
+                ids.append(addNote(title(), place(), values()));
+                break;
+            case 1:
+                rows->remove();
+                ids.removeAll(id);
+                break;
+            default:
+                rows->edit();
+                rows->setField(u"FriendlyName"_qs, any(3) == 0 ? QVariant() : title());
+                rows->setField(u"URL"_qs, place());
+                const auto written = values();
+                for (auto value = written.begin(); value != written.end(); ++value)
+                    rows->setField(value.key(), value.value());
+                rows->update();
+            }
+        }
+        if (const int column = QVector<int>{1, 2, 3, 4, 5, 6, 10, 0, 0, 0, 0, 0}[any(12)]; column != 0)
+            both([column](NoteGrid &of) { emit of.grid()->ColumnClick(column); });
+        if (const int row = any(70); row > 0 && row <= list->Rows() && list->Rows() == fresh.Rows())
+            both([row](NoteGrid &of) {
+                of.grid()->setSelectedRow(row);
+                of.grid()->select(row / 2 + 1, 2, GridSelect::Extend);
+            });
+        if (const int category = any(20); category < 3)
+            both([category](NoteGrid &of) { of.FilterCategory = QVector<int>{0, -1, 7}[category]; });
+        if (any(20) == 0)
+            elsewhere(u"select * from Memos where ID=%1"_qs.arg(ids.takeFirst()))->remove();
+        list->Refresh_Grid();
+        fresh.setGridDB(store.database()); // reads all
+        fresh.Refresh_Grid();
+        ASSERT_EQ(list->Rows(), fresh.Rows());
+        const QStringList shown = shownBy(*list);
+        const QStringList expected = shownBy(fresh);
+        for (int row = 0; row < shown.size(); ++row)
+            ASSERT_EQ(shown[row].toStdString(), expected[row].toStdString());
+    }
+}
+
+TEST_F(NoteGridWindow, aSavedNoteCostsItsRow)
+{
+    for (int i = 0; i < 20; ++i)
+        addNote(u"Note %1"_qs.arg(i), u"http://a/"_qs);
+    show();
+    grid().setCellIndent(5, kColumnTitle, 3); // stays with a row that is not read again
+    const int id = list->GetCelText(9, kColumnID).toInt();
+    const auto note = store.database()->openRecordset(u"select * from Memos where ID=%1"_qs.arg(id));
+    note->edit();
+    note->setField(u"FriendlyName"_qs, u"A"_qs);
+    note->update();
+    list->Refresh_Grid();
+    EXPECT_EQ(list->GetCelText(1, kColumnTitle), u"A"_qs);
+    EXPECT_EQ(grid().CellIndent(6, kColumnTitle), 3);
+    elsewhere(u"select * from Memos where ID=%1"_qs.arg(id))->remove();
+    list->Refresh_Grid();
+    EXPECT_EQ(list->Rows(), 19);
+    EXPECT_EQ(grid().CellIndent(5, kColumnTitle), 0) << "someone else wrote: all was read";
 }
 
 TEST_F(NoteGridWindow, aFaultLeavesTheListUsable)
