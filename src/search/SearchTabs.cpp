@@ -1,5 +1,7 @@
 #include "search/SearchTabs.h"
 
+#include "controls/named_button.h"
+
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
@@ -52,13 +54,6 @@ QDateEdit *dateBox(const QString &name, const QString &accessibleName, QDate day
     return box;
 }
 
-QCheckBox *checkBox(const QString &name, const QString &text)
-{
-    auto *box = new QCheckBox(text);
-    box->setObjectName(name);
-    return box;
-}
-
 QLabel *label(const QString &name, const QString &text, QWidget *buddy)
 {
     auto *caption = new QLabel(text);
@@ -76,9 +71,9 @@ SearchTabs::SearchTabs(QDate today, QWidget *parent)
       m_createdTo(dateBox(QStringLiteral("DTPicker2"), tr("Creation Date To"), today)),
       m_updatedFrom(dateBox(QStringLiteral("DTPicker3"), tr("Last Update From"), today)),
       m_updatedTo(dateBox(QStringLiteral("DTPicker4"), tr("Last Update To"), today)),
-      m_inNoteText(checkBox(QStringLiteral("Check1"), tr("Search in Notes Text"))),
-      m_inLocation(checkBox(QStringLiteral("Check2"), tr("Search in Address/URL"))),
-      m_exactMatch(checkBox(QStringLiteral("Check3"), tr("Find Exact Match")))
+      m_inNoteText(namedButton<QCheckBox>(QStringLiteral("Check1"), tr("Search in Notes Text"))),
+      m_inLocation(namedButton<QCheckBox>(QStringLiteral("Check2"), tr("Search in Address/URL"))),
+      m_exactMatch(namedButton<QCheckBox>(QStringLiteral("Check3"), tr("Find Exact Match")))
 {
     setObjectName(QStringLiteral("Frame1"));
     addTab(textPage(), tr("Text"));

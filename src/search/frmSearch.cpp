@@ -1,6 +1,7 @@
 #include "search/frmSearch.h"
 
 #include "browser/grid/NoteGrid.h"
+#include "controls/named_button.h"
 #include "platform/Clock.h"
 #include "platform/EventLoop.h"
 #include "platform/FileSystem.h"
@@ -41,13 +42,6 @@ constexpr int kQuickMs = 300;
 constexpr int kWidthInCharacters = 132;
 constexpr int kHeightInLines = 34;
 
-QPushButton *button(const QString &name, const QString &text)
-{
-    auto *result = new QPushButton(text);
-    result->setObjectName(name);
-    return result;
-}
-
 dao::Database &openDatabase(const NoteStore &store)
 {
     if (!store.database())
@@ -60,10 +54,10 @@ dao::Database &openDatabase(const NoteStore &store)
 frmSearch::frmSearch(const BrowserServices &services)
     : m_services(services), m_tabs(new SearchTabs(services.clock.now().date())),
       m_notes(new NoteGrid(services)), m_animation(new SearchAnimation),
-      m_find(button(QStringLiteral("Command1"), tr("&Find Now"))),
-      m_new(button(QStringLiteral("Command3"), tr("&New Search"))),
-      m_close(button(QStringLiteral("Command4"), tr("&Close"))),
-      m_stop(button(QStringLiteral("cmdStop"), tr("S&top"))), m_status(new QStatusBar)
+      m_find(namedButton(QStringLiteral("Command1"), tr("&Find Now"))),
+      m_new(namedButton(QStringLiteral("Command3"), tr("&New Search"))),
+      m_close(namedButton(QStringLiteral("Command4"), tr("&Close"))),
+      m_stop(namedButton(QStringLiteral("cmdStop"), tr("S&top"))), m_status(new QStatusBar)
 {
     setObjectName(QStringLiteral("frmSearch"));
     setWindowTitle(tr("Norvane Search"));

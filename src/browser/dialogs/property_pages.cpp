@@ -7,6 +7,7 @@
 #include "browser/dialogs/WholeCharacters.h"
 #include "browser/dialogs/dialog_parts.h"
 #include "browser/dialogs/frmProperty.h"
+#include "controls/named_button.h"
 #include "controls/svg_icon.h"
 #include "richtext/EditServices.h"
 
@@ -26,13 +27,6 @@ namespace norvane {
 namespace {
 
 constexpr int kShownCharacters = 54;
-
-template <typename Button> Button *button(const QString &name, const QString &text)
-{
-    auto *result = new Button(text);
-    result->setObjectName(name);
-    return result;
-}
 
 QLineEdit *textBox(const QString &name, const QString &accessibleName, int longest)
 {
@@ -80,12 +74,12 @@ void frmProperty::makeControls()
         new CategoryBox(m_services, QStringLiteral("Command1"),
                         isSingle() ? CategoryBox::FirstEntry::None : CategoryBox::FirstEntry::DoNotChange);
     m_keywords = textBox(QStringLiteral("txtKeywords"), tr("Keywords"), kLongestKeywords);
-    m_active = button<QCheckBox>(QStringLiteral("chkActive"), tr("&Active"));
-    m_autoSave = button<QCheckBox>(QStringLiteral("chkAutosave"), tr("Auto &save on close"));
-    m_autoURLDetect = button<QCheckBox>(QStringLiteral("chkAutoURLDetect"), tr("Auto &URL Detect"));
-    m_playSound = button<QCheckBox>(QStringLiteral("chkPlaySound"), tr("&Play sound on open"));
-    m_showToolbar = button<QCheckBox>(QStringLiteral("chkShowToolbar"), tr("&Show Toolbar"));
-    m_typeEffect = button<QCheckBox>(QStringLiteral("chkTypeEffect"), tr("&Type writer effect"));
+    m_active = namedButton<QCheckBox>(QStringLiteral("chkActive"), tr("&Active"));
+    m_autoSave = namedButton<QCheckBox>(QStringLiteral("chkAutosave"), tr("Auto &save on close"));
+    m_autoURLDetect = namedButton<QCheckBox>(QStringLiteral("chkAutoURLDetect"), tr("Auto &URL Detect"));
+    m_playSound = namedButton<QCheckBox>(QStringLiteral("chkPlaySound"), tr("&Play sound on open"));
+    m_showToolbar = namedButton<QCheckBox>(QStringLiteral("chkShowToolbar"), tr("&Show Toolbar"));
+    m_typeEffect = namedButton<QCheckBox>(QStringLiteral("chkTypeEffect"), tr("&Type writer effect"));
     m_soundFile = textBox(QStringLiteral("txtWAVFilename"), tr("Sound file"), kLongestSoundFile);
     m_browseSound = browseButton(QStringLiteral("cmdBrowseWAV"), tr("Browse for a sound file"));
     m_play = soundButton(QStringLiteral("cmdPlay"), tr("Play"), QStringLiteral("sound-play"));
@@ -94,10 +88,10 @@ void frmProperty::makeControls()
     m_backColor->setObjectName(QStringLiteral("cmdBackcolor"));
     m_positions = new QButtonGroup(this);
     m_model = new ScreenModel;
-    m_ok = button<QPushButton>(QStringLiteral("cmdOK"), tr("&OK"));
+    m_ok = namedButton(QStringLiteral("cmdOK"), tr("&OK"));
     m_ok->setDefault(true);
-    m_cancel = button<QPushButton>(QStringLiteral("Command3"), tr("&Cancel"));
-    m_apply = button<QPushButton>(QStringLiteral("cmdApply"), tr("Appl&y"));
+    m_cancel = namedButton(QStringLiteral("Command3"), tr("&Cancel"));
+    m_apply = namedButton(QStringLiteral("cmdApply"), tr("Appl&y"));
     if (isSingle())
         return;
 
@@ -227,7 +221,7 @@ QWidget *frmProperty::positionBox()
     auto *options = new QVBoxLayout;
     int position = 0;
     for (const QString &text : captions) {
-        auto *option = button<QRadioButton>(QStringLiteral("optWindowPOS%1").arg(position), text);
+        auto *option = namedButton<QRadioButton>(QStringLiteral("optWindowPOS%1").arg(position), text);
         m_positions->addButton(option, position++);
         options->addWidget(option);
     }
