@@ -21,7 +21,7 @@ class NotesOnWindows : public testing::Test
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(m_desktop.start({})) << qPrintable(m_desktop.error());
+        ASSERT_TRUE(m_desktop.start(desktopOptions())) << qPrintable(m_desktop.error());
         m_log = std::make_unique<WindowLog>(m_desktop.display());
     }
 
@@ -35,6 +35,9 @@ protected:
         EXPECT_TRUE(m_norvane.isRunning() ? m_norvane.end() : m_norvane.hasEndedWell())
             << qPrintable(m_norvane.errorOutput());
     }
+
+    /// What kind of desktop the tests of a class run on.
+    virtual VirtualDesktop::Options desktopOptions() const { return {}; }
 
     XClient &x() { return m_desktop.x(); }
 
