@@ -141,7 +141,7 @@ void WatchCycle::openNoteOf(const clsWindow &window)
     KeptAnswer answer = question(window);
     const auto kept = m_kept.find(window.hWnd);
     const bool sameQuestion = kept != m_kept.end() && kept->sameQuestion(answer);
-    if (sameQuestion && kept->notes != answer.notes && isStillNone(*kept, window))
+    if (sameQuestion && kept->notes != answer.notes && hasOutlived(*kept, window))
         kept->notes = answer.notes;
     // Whether a note is open, and the window minimised, only matters where there is a note.
     const bool holds = sameQuestion && kept->notes == answer.notes &&
@@ -181,14 +181,13 @@ void WatchCycle::openNoteOf(const clsWindow &window)
     m_kept.insert(window.hWnd, answer);
 }
 
-/// Whether "no note", an answer to the same question, has outlived what changed in the notes. However
-/// many notes there are, a window without one costs a look at the few that changed.
-bool WatchCycle::isStillNone(const KeptAnswer &kept, const clsWindow &window)
+/// Whether an answer to the same question has outlived what changed in the notes: its own note is not
+/// among them, and none of them belongs to the window. However many notes there are, a window costs a look
+/// at the few that changed.
+bool WatchCycle::hasOutlived(const KeptAnswer &kept, const clsWindow &window)
 {
-    if (kept.note != 0 || kept.unparsable)
-        return false;
     const std::optional<QSet<int>> changed = m_parts.store.notesChangedSince(kept.notes);
-    if (!changed || changed->size() > kFewNotes)
+    if (kept.unparsable || !changed || changed->size() > kFewNotes || changed->contains(kept.note))
         return false;
     if (changed->isEmpty())
         return true;

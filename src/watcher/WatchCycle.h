@@ -104,7 +104,7 @@ private:
     FoundNote noteOf(const clsWindow &window);
     QString conditionOf(const clsWindow &window);
     int countNotes(const QString &condition);
-    bool isStillNone(const KeptAnswer &kept, const clsWindow &window);
+    bool hasOutlived(const KeptAnswer &kept, const clsWindow &window);
     KeptAnswer question(const clsWindow &window) const;
     CloseState closeState() const;
 

@@ -16,6 +16,7 @@ QPalette darkPalette()
     palette.setColor(QPalette::Base, QColor(35, 35, 38));
     palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(110, 175, 250));
     palette.setColor(QPalette::PlaceholderText, QColor(150, 150, 150));
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
