@@ -9,7 +9,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <limits>
 
 namespace norvane {
@@ -100,8 +99,7 @@ QWidget *SearchTabs::textPage()
 
 QWidget *SearchTabs::datePage()
 {
-    auto *reset = new QPushButton(tr("&Reset"));
-    reset->setObjectName(QStringLiteral("Command2"));
+    auto *reset = namedButton(QStringLiteral("Command2"), tr("&Reset"));
     connect(reset, &QPushButton::clicked, this, &SearchTabs::resetAsked);
     auto *page = new QWidget;
     auto *layout = new QGridLayout(page);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <numeric>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace norvane {

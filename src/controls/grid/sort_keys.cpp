@@ -63,10 +63,6 @@ qint64 cutDate(double number, qint32 type)
     }
 }
 
-} // namespace
-
-namespace {
-
 /// The ranks of texts whose numbers are in their order.
 std::vector<qint64> ranksOf(const std::vector<QString> &texts, const std::vector<qint32> &order)
 {

@@ -1,5 +1,7 @@
 #include "options/windows/HotKeyPage.h"
 
+#include "browser/dialogs/dialog_parts.h"
+#include "controls/named_button.h"
 #include "options/HotKeyModel.h"
 #include "options/hot_key_text.h"
 #include "options/settings/hot_key_choice.h"
@@ -7,7 +9,6 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QPushButton>
 
 namespace norvane {
 
@@ -35,9 +36,7 @@ HotKeyPage::HotKeyPage(HotKeyModel &hotKeys, WindowHandle owner) : m_hotKeys(hot
         row.remark = new QLabel;
         row.remark->setObjectName(row.box->objectName() + QStringLiteral("_Remark"));
         row.remark->setWordWrap(true);
-        auto *caption = new QLabel(description.caption.toString());
-        caption->setBuddy(row.box);
-        grid->addWidget(caption, number, 0);
+        grid->addWidget(caption(description.caption.toString(), row.box), number, 0);
         grid->addWidget(row.box, number, 1);
         grid->addWidget(row.remark, number, 2);
         connect(row.box, &HotKeyBox::chosen, this, [this] {
@@ -50,8 +49,7 @@ HotKeyPage::HotKeyPage(HotKeyModel &hotKeys, WindowHandle owner) : m_hotKeys(hot
         });
         ++number;
     }
-    auto *restore = new QPushButton(tr("&Restore Defaults"));
-    restore->setObjectName(QStringLiteral("Command1"));
+    auto *restore = namedButton(QStringLiteral("Command1"), tr("&Restore Defaults"));
     connect(restore, &QPushButton::clicked, this, [this] {
         show(HotKeyRecords());
         emit changed();

@@ -1,5 +1,6 @@
 #include "options/windows/ProgramsPage.h"
 
+#include "controls/named_button.h"
 #include "options/windows/OptionsServices.h"
 #include "options/windows/enter_key.h"
 #include "platform/RuntimeError.h"
@@ -10,7 +11,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTreeWidget>
 #include <algorithm>
 
@@ -57,18 +57,16 @@ ProgramsPage::ProgramsPage(const OptionsServices &services)
                                         .clips = services.clips,
                                         .forms = services.browser.forms}),
       m_tracked(table(QStringLiteral("lstTracked"), {tr("Program"), tr("Tracked because")})),
-      m_remove(new QPushButton(tr("Re&move"))),
+      m_remove(namedButton(QStringLiteral("cmdProgramRemove"), tr("Re&move"))),
       m_running(table(QStringLiteral("lstRunning"),
                       {tr("Program"), tr("Windows"), tr("Tracked because"), tr("Title")})),
-      m_name(new QLineEdit), m_add(new QPushButton(tr("Add &Program")))
+      m_name(new QLineEdit), m_add(namedButton(QStringLiteral("cmdProgramAdd"), tr("Add &Program")))
 {
     m_tracked->setAccessibleName(tr("Programs whose windows can have notes"));
     m_running->setAccessibleName(tr("Programs on the desktop now"));
-    m_remove->setObjectName(QStringLiteral("cmdProgramRemove"));
     m_name->setObjectName(QStringLiteral("txtProgram"));
     m_name->setAccessibleName(tr("Name of the program's windows"));
     m_name->setPlaceholderText(tr("Choose above, or type a name"));
-    m_add->setObjectName(QStringLiteral("cmdProgramAdd"));
     pressOnEnter(m_name, m_add);
     arrange();
     fill();

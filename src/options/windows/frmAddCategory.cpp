@@ -1,5 +1,6 @@
 #include "options/windows/frmAddCategory.h"
 
+#include "controls/named_button.h"
 #include "options/settings/preset_categories.h"
 #include "shell/windows/form_icon.h"
 
@@ -7,7 +8,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPointer>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace norvane {
@@ -33,12 +33,10 @@ frmAddCategory::frmAddCategory(FormList &forms, QWidget *parent)
     m_list->addItems(presetCategories());
     m_list->sortItems();
     m_list->setMinimumHeight(m_list->sizeHintForRow(0) * kShownRows);
-    auto *add = new QPushButton(tr("&Add"));
-    add->setObjectName(QStringLiteral("Command1"));
+    auto *add = namedButton(QStringLiteral("Command1"), tr("&Add"));
     add->setDefault(true);
     add->setEnabled(false);
-    auto *cancel = new QPushButton(tr("&Cancel"));
-    cancel->setObjectName(QStringLiteral("Command2"));
+    auto *cancel = namedButton(QStringLiteral("Command2"), tr("&Cancel"));
 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
