@@ -20,6 +20,7 @@ public:
     QStringList programs;      ///< the locations that open() would run
     bool startsItself = false; ///< with the session
     int sessionError = 0;      ///< what changing that raises
+    QHash<SpecialFolder, QString> specialFolders;
     QString folder = QStringLiteral("/home/user/.local/share/norvane");
 
     int open(const QString &location) override
@@ -56,6 +57,8 @@ public:
             throw RuntimeError(sessionError, QStringLiteral("The entry cannot be written."));
         startsItself = starts;
     }
+
+    QString specialFolder(SpecialFolder of) const override { return specialFolders.value(of); }
 
     QString programFolder() const override { return folder; }
 };
