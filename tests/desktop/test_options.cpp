@@ -10,10 +10,6 @@ namespace {
 class OptionsOnTheDesktop : public NotesOnWindows
 {
 protected:
-    /// While there is an accessibility bus the toolkit sends every key through it, and loses some on a busy
-    /// machine: of eight runs side by side two failed with it, none without.
-    VirtualDesktop::Options desktopOptions() const override { return {.accessibility = false}; }
-
     /// The window opens on the fourth of its pages, with the keyboard on their row.
     bool openOptions()
     {
