@@ -63,6 +63,37 @@ protected:
             return true;
         });
     }
+    /// Answers the questions of a change of the database with Yes, until the window is closed.
+    bool answerYes(int questions)
+    {
+        constexpr int kFrameWidth = 800; // less than that of the frame, more than that of a box
+        for (int i = 0; i < questions; ++i) {
+            const auto box = [&] {
+                const xcb_window_t window = titled(u"Norvane"_s);
+                return window != 0 && x().geometry(window).width() < kFrameWidth ? window : 0;
+            };
+            if (!waitFor([&] { return box() != 0; }))
+                return false;
+            const xcb_window_t asked = box();
+            x().press(u"alt+y"_s);
+            if (!waitFor([&] { return !x().exists(asked) || !x().isViewable(asked); }))
+                return false;
+        }
+        return isClosed(u"Norvane Options"_s);
+    }
+    /// Changes to a database of the list of recent ones.
+    /// @param key leads to it in the list
+    bool changeDatabase(const QString &key, int questions)
+    {
+        if (!openOptions())
+            return false;
+        goTo(-3, 3);
+        x().press(u"Down"_s); // the list
+        x().press(key);
+        x().press(u"Return"_s);
+        x().press(u"Return"_s);
+        return answerYes(questions);
+    }
     QString settings() const
     {
         return QString::fromUtf8(bytesOf(m_desktop.home() + u"/.config/norvane/norvane.conf"_s));
@@ -154,6 +185,40 @@ TEST_F(OptionsOnTheDesktop, APasswordLocksTheDatabase)
     x().press(u"Return"_s);
     ASSERT_TRUE(waitFor([&] { return m_norvane.isArmed(); }));
     EXPECT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) != 0; })) << "its note is back";
+}
+
+TEST_F(OptionsOnTheDesktop, AnotherDatabaseTakesTheNotesAwayAndGivesThemBack)
+{
+    const QString other = m_desktop.home() + u"/Other"_s;
+    QDir().mkpath(other);
+    QDir().mkpath(m_desktop.home() + u"/.config/norvane"_s);
+    ASSERT_TRUE(
+        putBytes(m_desktop.home() + u"/.config/norvane/norvane.conf"_s,
+                 "[DB]\nMRU1=" + other.toUtf8() + "/\nMRU2=" + m_norvane.notesFolder().toUtf8() + "/\n"));
+    const xcb_window_t editor = openEditor(kRight);
+    ASSERT_TRUE(editor != 0 && startNorvane());
+    const xcb_window_t first = writeNote(editor, u"In the first database."_s);
+    ASSERT_NE(first, 0u);
+
+    ASSERT_TRUE(changeDatabase(u"Home"_s, 2)) << "it is made first";
+    EXPECT_TRUE(waitFor([&] { return !x().exists(first) || !x().isViewable(first); }));
+    EXPECT_FALSE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }, kSeveralTicksMs));
+    EXPECT_TRUE(QFile::exists(other + u"/Norvane.DAT"_s));
+    const xcb_window_t second = m_norvane.attach(editor);
+    ASSERT_TRUE(second != 0 && m_norvane.typeInto(second, u"In the second."_s));
+    x().press(u"ctrl+s"_s);
+    const QString secondBody = other + u"/Norvane_00000001"_s;
+    ASSERT_TRUE(waitFor([&] { return bytesOf(secondBody).contains("In the second."); }));
+
+    ASSERT_TRUE(changeDatabase(u"End"_s, 1));
+    ASSERT_TRUE(waitFor([&] {
+        const xcb_window_t note = m_norvane.noteOn(editor);
+        return note != 0 && note != second;
+    })) << "its note is back";
+    ASSERT_TRUE(m_norvane.typeInto(m_norvane.noteOn(editor), u" Again."_s));
+    x().press(u"ctrl+s"_s);
+    EXPECT_TRUE(waitFor([&] { return texts() == "1|In the first database. Again."; }));
+    EXPECT_FALSE(bytesOf(secondBody).contains("Again."));
 }
 
 } // namespace
