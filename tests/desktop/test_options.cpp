@@ -20,12 +20,7 @@ protected:
                 continue;
             x().press(u"alt+n"_s);
             // A key that comes before the menu would be the list's.
-            if (!waitFor(
-                    [&] {
-                        const xcb_window_t menu = x().menuOfProcess(m_norvane.process()->processId());
-                        return menu != 0 && x().isViewable(menu);
-                    },
-                    4000))
+            if (!waitFor([&] { return isMenuOpen(); }, 4000))
                 continue;
             x().press(u"o"_s);
             if (waitFor([&] { return titled(u"Norvane Options"_s) != 0; }, 4000))
@@ -33,6 +28,12 @@ protected:
             x().press(u"Escape"_s);
         }
         return false;
+    }
+    /// Whether a menu or the list of a box is open.
+    bool isMenuOpen()
+    {
+        const xcb_window_t menu = x().menuOfProcess(m_norvane.process()->processId());
+        return menu != 0 && x().isViewable(menu);
     }
     /// Goes to another page, and to the control that so many Tabs lead to.
     void goTo(int pages, int tabs)
@@ -88,9 +89,14 @@ protected:
         if (!openOptions())
             return false;
         goTo(-3, 3);
-        x().press(u"Down"_s); // the list
+        x().press(u"Down"_s);
+        if (!waitFor([&] { return isMenuOpen(); }))
+            return false;
         x().press(key);
         x().press(u"Return"_s);
+        // A key that comes while it closes would be the list's.
+        if (!waitFor([&] { return !isMenuOpen(); }))
+            return false;
         x().press(u"Return"_s);
         return answerYes(questions);
     }
