@@ -30,6 +30,7 @@ namespace {
 constexpr int kActiveWidth = 20;
 constexpr int kCategoryBarTwips = 365;
 constexpr int kRowsBeforeWorking = 100;
+constexpr int kRowsOfFirstPicture = 100; // more than a screen has
 
 struct Column
 {
@@ -250,7 +251,8 @@ void NoteGrid::Refresh_Grid()
     showEmptyLabel();
 }
 
-/// Reads all rows. That of many in the browser is told.
+/// Reads all rows. That of many in the browser is told; what was found is to be seen before all of it is
+/// read.
 void NoteGrid::read(const NoteListing::Source &source, NoteRows &rows)
 {
     bool saysWorking = false;
@@ -263,7 +265,17 @@ void NoteGrid::read(const NoteListing::Source &source, NoteRows &rows)
             saysWorking = true;
             emit Working(tr("Working..."));
         }
+        if (m_rows && m_grid->Rows() == kRowsOfFirstPicture)
+            showAsItIs();
     });
+}
+
+/// Has what is there drawn while more is read.
+void NoteGrid::showAsItIs()
+{
+    m_grid->setRedraw(true);
+    m_grid->viewport()->repaint();
+    m_grid->setRedraw(false);
 }
 
 /// A fault leaves the rows as they are.
