@@ -82,6 +82,7 @@ void MRunDialog::arrange()
     m_ok->setDefault(true);
 
     auto *buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
     buttons->addStretch();
     for (QPushButton *each : {m_ok, m_cancel, m_browse})
         buttons->addWidget(each);

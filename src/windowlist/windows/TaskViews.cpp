@@ -6,6 +6,7 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QListView>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 
 namespace norvane {
@@ -14,15 +15,27 @@ namespace {
 
 constexpr double kFirstColumn = 0.4;
 constexpr int kLargeCharacters = 15; ///< width of an entry, in characters
-constexpr int kSmallCharacters = 28;
+constexpr int kSmallCharacters = 34;
 constexpr int kLargeLines = 2;
 constexpr int kGap = 8;
+
+/// Entries of one size, whatever is in them.
+class FixedSizeDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize size;
+
+    QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const override { return size; }
+};
 
 } // namespace
 
 TaskViews::TaskViews(QAbstractItemModel &rows, QWidget *parent)
     : QStackedWidget(parent), m_icons(new QListView), m_details(new QTreeView)
 {
+    m_icons->setItemDelegate(new FixedSizeDelegate(m_icons));
     m_icons->setModel(&rows);
     m_selection = m_icons->selectionModel();
     m_details->setModel(&rows);
@@ -98,7 +111,9 @@ void TaskViews::shapeIcons()
     m_icons->setIconSize({side, side});
     const int lines = isLarge ? kLargeLines * font.lineSpacing() + side : qMax(font.lineSpacing(), side);
     const int characters = isLarge ? kLargeCharacters : kSmallCharacters;
-    m_icons->setGridSize({characters * font.averageCharWidth() + (isLarge ? 0 : side) + kGap, lines + kGap});
+    const QSize entry(characters * font.averageCharWidth() + (isLarge ? 0 : side) + kGap, lines + kGap);
+    m_icons->setGridSize(entry);
+    static_cast<FixedSizeDelegate *>(m_icons->itemDelegate())->size = entry;
 }
 
 int TaskViews::selectedRow() const
