@@ -8,8 +8,13 @@
 #include "browser/editor/note_editors.h"
 #include "browser/grid/NoteGrid.h"
 #include "browser/grid/note_columns.h"
+#include "exchange/shortcuts/FavoriteDialog.h"
+#include "exchange/shortcuts/shortcuts.h"
+#include "platform/RuntimeError.h"
+#include "richtext/EditServices.h"
 #include "search/frmSearch.h"
 #include "shell/forms/ShellForms.h"
+#include "shell/internal_error.h"
 
 #include <QApplication>
 
@@ -28,7 +33,7 @@ QWidget *activeWindow()
 bool NoteWindows::has(View view) const
 {
     return view == View::Categories || view == View::Properties || view == View::OpenNote ||
-           view == View::Search;
+           view == View::Search || view == View::Favorites;
 }
 
 void NoteWindows::showNewNote()
@@ -68,6 +73,21 @@ void NoteWindows::showCategories()
 QStringList NoteWindows::chooseCategories()
 {
     return m_options.chooseCategories();
+}
+
+void NoteWindows::AddToFavorites(const QString &title, const QString &location)
+{
+    Prompts &prompts = m_services.edit.prompts;
+    FileSystem &files = m_services.edit.files;
+    const auto choose = [&](const QString &name, const QString &folder) {
+        return ChooseFavorite(files, prompts, name, folder, activeWindow());
+    };
+    try {
+        norvane::AddToFavorites({.shell = m_services.shell, .files = files, .prompts = prompts}, choose,
+                                title, location);
+    } catch (const RuntimeError &error) {
+        showRuntimeError(prompts, error);
+    }
 }
 
 void NoteWindows::showOpenNote(NV_RTFEdit &RTFObj, const QString &caption)

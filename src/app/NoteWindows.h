@@ -20,7 +20,7 @@ public:
     {
     }
 
-    /// Mail, the organizer and favorites are still to come.
+    /// Mail and the organizer are still to come.
     bool has(View view) const override;
     void showNewNote() override;
     void showEditor(int ID, const QString &title, const QString &location) override;
@@ -30,7 +30,7 @@ public:
     void showCategories() override;
     QStringList chooseCategories() override;
     void SendNorvane(int) override {}
-    void AddToFavorites(const QString &, const QString &) override {}
+    void AddToFavorites(const QString &title, const QString &location) override;
     void showOpenNote(NV_RTFEdit &RTFObj, const QString &caption) override;
     void exportToOutlook(const QString &) override {}
 

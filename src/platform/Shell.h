@@ -5,6 +5,13 @@
 
 namespace norvane {
 
+/// Folders that have a meaning to the desktop, by the system's numbers.
+enum class SpecialFolder {
+    Favorites = 6, ///< the user's favorite places
+    Startup = 7,   ///< what the desktop starts with the user's session
+    Recent = 8,    ///< what was used lately
+};
+
 /// What the desktop does with files, folders and addresses.
 class Shell
 {
@@ -56,6 +63,10 @@ public:
     virtual bool startsWithSession() const = 0;
     /// Makes the desktop do so, by the program that runs now, or no longer. Raises 75, 76 or 3026.
     virtual void setStartsWithSession(bool starts) = 0;
+
+    /// Native, no separator at the end; empty for one that the desktop does not have. Made where it does not
+    /// exist.
+    virtual QString specialFolder(SpecialFolder folder) const = 0;
 
     /// The folder that the program keeps its data in; native, no separator at the end.
     virtual QString programFolder() const = 0;

@@ -23,6 +23,7 @@ public:
     QHash<QString, int> runResults; ///< of programs; where one is not in it, kOpened for an installed one
     bool startsItself = false;      ///< with the session
     int sessionError = 0;           ///< what changing that raises
+    QHash<SpecialFolder, QString> specialFolders;
     QString folder = QStringLiteral("/home/user/.local/share/norvane");
 
     int open(const QString &location) override
@@ -72,6 +73,8 @@ public:
             throw RuntimeError(sessionError, QStringLiteral("The entry cannot be written."));
         startsItself = starts;
     }
+
+    QString specialFolder(SpecialFolder of) const override { return specialFolders.value(of); }
 
     QString programFolder() const override { return folder; }
 };

@@ -9,6 +9,7 @@
 #include "browser/frmMain.h"
 #include "browser/grid/NoteGrid.h"
 #include "controls/gridview/vbalGrid.h"
+#include "exchange/shortcuts/FavoriteDialog.h"
 #include "fakes/FakeNotifier.h"
 #include "fakes/FakeTrayHost.h"
 #include "looks.h"
@@ -23,6 +24,7 @@
 #include <QPainter>
 #include <QProcess>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -99,6 +101,7 @@ public:
     void dialogs()
     {
         newNote();
+        favorite();
         properties();
         NoteRescue rescue(store, files, clock, m_notifier, [](const QString &) {});
         frmEditor *editor = ShowNoteEditor(services, rescue, *m_frame, m_firstNote, u"Call the plumber"_s,
@@ -229,6 +232,17 @@ private:
     {
         keepModal([this](QWidget &dialog) { keep(dialog, u"new-note"_s); },
                   [this] { (new frmNewNote(services, m_frame))->showModal(); });
+    }
+
+    void favorite()
+    {
+        QTemporaryDir favorites;
+        for (const QString &name : {u"Garden"_s, u"News & weather"_s, u"Work"_s})
+            QDir(favorites.path()).mkdir(name);
+        FavoriteDialog dialog(edit.files, prompts, u"Offers for plumbers"_s, favorites.path() + u'/',
+                              m_frame);
+        dialog.show();
+        keep(dialog, u"favorite"_s);
     }
 
     void properties()

@@ -185,6 +185,18 @@ QStringList LinuxShell::iconNames(const QString &path) const
     return iconNamesOf(path);
 }
 
+QString LinuxShell::specialFolder(SpecialFolder folder) const
+{
+    QString path;
+    if (folder == SpecialFolder::Favorites)
+        path = m_folders.favoritesFolder();
+    else if (folder == SpecialFolder::Startup)
+        path = m_folders.autostartFolder();
+    if (!path.isEmpty())
+        makeFolderWithParents(path);
+    return path;
+}
+
 QString LinuxShell::programFolder() const
 {
     const QString folder = m_folders.programFolder();

@@ -31,6 +31,8 @@ public:
     /// as none.
     bool startsWithSession() const override;
     void setStartsWithSession(bool starts) override;
+    /// The favorites are a folder "Favorites" among the user's documents.
+    QString specialFolder(SpecialFolder folder) const override;
     /// $XDG_DATA_HOME/norvane; made, with its parents, where it does not exist.
     QString programFolder() const override;
 

@@ -6,6 +6,7 @@
 #include "platform/linux/LinuxShell.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 using namespace norvane;
 using namespace norvane::test;
@@ -159,6 +160,16 @@ TEST_F(LinuxShellTest, ProgramFolderIsMadeForTheUserAlone)
         ASSERT_EQ(::stat(QFile::encodeName(made).constData(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777, 0700u);
     }
+}
+
+TEST_F(LinuxShellTest, FavoritesAreMadeAmongTheUsersDocuments)
+{
+    folders.documents = path(u"Dokumente"_qs);
+    const LinuxShell shell(folders);
+    EXPECT_EQ(shell.specialFolder(SpecialFolder::Favorites), path(u"Dokumente/Favorites"_qs));
+    EXPECT_TRUE(QFileInfo(path(u"Dokumente/Favorites"_qs)).isDir());
+    EXPECT_EQ(shell.specialFolder(SpecialFolder::Startup), path(u"config/autostart"_qs));
+    EXPECT_TRUE(shell.specialFolder(SpecialFolder::Recent).isEmpty());
 }
 
 TEST_F(LinuxShellTest, StartsWithTheSessionByAnEntryThatTheDesktopMaySwitchOff)
