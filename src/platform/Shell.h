@@ -39,6 +39,14 @@ public:
     virtual int open(const QString &location) = 0;
     /// Whether open() would run what the location names as a program, or whether its program would.
     virtual bool runsProgram(const QString &location) const = 0;
+    /// Whether open() would take the text for the address of something, by the text alone.
+    virtual bool isAddress(const QString &text) const = 0;
+    /// Starts a program in the home folder; does not wait for it. No shell reads the arguments.
+    /// @param program a path, or the name of an installed program
+    /// @return the codes of open()
+    virtual int run(const QString &program, const QStringList &arguments) = 0;
+    /// The names by which run() finds programs, sorted. Reads folders.
+    virtual QStringList programNames() const = 0;
 
     /// The type of a path or address by its text alone ("Plain text document", "XYZ File", "File",
     /// "Application"; a folder told as such by its text: "File Folder"). Touches no disk. Empty

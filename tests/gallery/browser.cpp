@@ -27,14 +27,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <cstdio>
 
 using namespace norvane;
 using namespace norvane::tests;
 
 namespace {
 
-constexpr int kSettlingMs = 250;
 constexpr int kManyNotes = 5000;
 
 const char kBody[] =
@@ -65,7 +63,7 @@ public:
         m_browser->bringUp();
         m_browser->Refresh_Grid();
         m_browser->GRD_Refresh(0);
-        settle();
+        gallery::settle();
     }
     ~Gallery()
     {
@@ -96,7 +94,7 @@ public:
         browser(u"browser-buttons"_s);
         bar->setBarStyle(CategoryBar::kTabs);
         bar->selectFilter(0);
-        settle();
+        gallery::settle();
         rowMenu();
     }
 
@@ -108,19 +106,19 @@ public:
         NoteRescue rescue(store, files, clock, m_notifier, [](const QString &) {});
         frmEditor *editor = ShowNoteEditor(services, rescue, *m_frame, m_firstNote, u"Call the plumber"_s,
                                            u"https://plumbers.example/offers?id=2"_s);
-        settle();
+        gallery::settle();
         browser(u"editor-in-frame"_s);
         editor->unload();
         m_frame->hide();
         editor = ShowNoteEditor(services, rescue, *m_frame, m_firstNote, u"Call the plumber"_s,
                                 u"https://plumbers.example/offers?id=2"_s);
-        settle();
+        gallery::settle();
         keep(*editor, u"editor-free"_s);
         editor->unload();
         m_frame->show();
         NV_RTFEdit text(edit);
         ShowOpenNote(services, text, u"Import into 'Shopping'"_s);
-        settle();
+        gallery::settle();
         keep(*dynamic_cast<QWidget *>(forms.named(u"frmOpen"_s).constFirst()), u"open-note"_s);
     }
 
@@ -191,26 +189,16 @@ private:
         m_isDone = QProcess::execute(u"sqlite3"_s, {store.DatabaseFile, statement}) == 0 && m_isDone;
     }
 
-    static void settle()
-    {
-        QEventLoop loop;
-        QTimer::singleShot(kSettlingMs, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
-
     void keep(QWidget &window, const QString &name)
     {
-        settle();
-        const QString file = m_folder + u'/' + name + u".png"_s;
-        m_isDone = window.grab().save(file) && m_isDone;
-        std::printf("%s\n", qPrintable(file));
+        m_isDone = gallery::keep(window, m_folder + u'/' + name + u".png"_s) && m_isDone;
     }
 
     /// Takes pictures of the dialog that @p open shows and waits for, and closes it.
     void keepModal(const std::function<void(QWidget &)> &shoot, const std::function<void()> &open)
     {
         QTimer::singleShot(0, m_frame, [&] {
-            settle();
+            gallery::settle();
             QWidget *dialog = QApplication::activeModalWidget();
             m_isDone = m_isDone && dialog;
             if (dialog) {
@@ -224,7 +212,7 @@ private:
     void rowMenu()
     {
         QTimer::singleShot(0, m_frame, [&] {
-            settle();
+            gallery::settle();
             QWidget *menu = QApplication::activePopupWidget();
             m_isDone = m_isDone && menu;
             if (!menu)

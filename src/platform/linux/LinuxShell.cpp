@@ -39,9 +39,9 @@ bool start(const QString &program, const QStringList &arguments)
     return process.startDetached();
 }
 
-int run(const QString &program)
+int started(const QString &program, const QStringList &arguments = {})
 {
-    return start(program, {}) ? Shell::kOpened : Shell::kBadExecutable;
+    return start(program, arguments) ? Shell::kOpened : Shell::kBadExecutable;
 }
 
 /// Leaves a document, folder or address to the desktop's launcher.
@@ -116,7 +116,7 @@ int LinuxShell::open(const QString &location)
     }
     if (isAddress(location))
         return openAddress(location);
-    return location.contains(u'/') ? openPath(location) : openByName(location);
+    return location.contains(u'/') ? openPath(location) : openByName(location, {});
 }
 
 bool LinuxShell::runsProgram(const QString &location) const
@@ -139,6 +139,35 @@ bool LinuxShell::runsProgram(const QString &location) const
             return true;
     }
     return false;
+}
+
+bool LinuxShell::isAddress(const QString &text) const
+{
+    return norvane::isAddress(text);
+}
+
+int LinuxShell::run(const QString &program, const QStringList &arguments)
+{
+    if (program.contains(QChar(QChar::Null)))
+        return kFileNotFound;
+    if (!program.contains(u'/'))
+        return openByName(program, arguments);
+    const QByteArray name = QFile::encodeName(program);
+    struct stat status = {};
+    if (::stat(name.constData(), &status) != 0)
+        return resultOf(errno, program);
+    const bool isProgramFile = S_ISREG(status.st_mode) && ::access(name.constData(), X_OK) == 0;
+    return isProgramFile ? started(program, arguments) : int(kAccessDenied);
+}
+
+QStringList LinuxShell::programNames() const
+{
+    QStringList names;
+    for (const QString &folder : qEnvironmentVariable("PATH").split(u':', Qt::SkipEmptyParts))
+        names += QDir(folder).entryList(QDir::Files | QDir::Executable, QDir::NoSort);
+    names.sort();
+    names.removeDuplicates();
+    return names;
 }
 
 QString LinuxShell::typeName(const QString &path) const
@@ -222,7 +251,7 @@ int LinuxShell::openPath(const QString &path) const
 
     const bool isFolder = S_ISDIR(status.st_mode);
     if (!isFolder && isProgram(absolute))
-        return ::access(name.constData(), X_OK) == 0 ? run(absolute) : int(kAccessDenied);
+        return ::access(name.constData(), X_OK) == 0 ? started(absolute) : int(kAccessDenied);
 
     if (::access(name.constData(), isFolder ? R_OK | X_OK : R_OK) != 0)
         return kAccessDenied;
@@ -234,17 +263,17 @@ int LinuxShell::openPath(const QString &path) const
 }
 
 /// A program that is known by its name alone, as one in a sandbox is.
-int LinuxShell::openByName(const QString &name) const
+int LinuxShell::openByName(const QString &name, const QStringList &arguments) const
 {
     const QString program = QStandardPaths::findExecutable(name);
     if (!program.isEmpty())
-        return run(program);
+        return started(program, arguments);
     const QString entry = DesktopAssociations(m_folders).desktopEntry(name);
-    if (entry.isEmpty())
+    if (entry.isEmpty() || !arguments.isEmpty())
         return kFileNotFound;
     const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
-    const bool started = !gio.isEmpty() && start(gio, {QStringLiteral("launch"), entry});
-    return started ? int(kOpened) : int(kAssociationIncomplete);
+    const bool launched = !gio.isEmpty() && start(gio, {QStringLiteral("launch"), entry});
+    return launched ? int(kOpened) : int(kAssociationIncomplete);
 }
 
 } // namespace norvane

@@ -20,6 +20,10 @@ public:
     /// Files that are marked executable count, and those whose kind other programs run: desktop
     /// entries, scripts, archives of programs.
     bool runsProgram(const QString &location) const override;
+    bool isAddress(const QString &text) const override;
+    /// A name is looked for in the folders of PATH; without arguments among the desktop's entries, too.
+    int run(const QString &program, const QStringList &arguments) override;
+    QStringList programNames() const override;
     QString typeName(const QString &path) const override;
     QString typeKey(const QString &path) const override;
     QStringList iconNames(const QString &path) const override;
@@ -35,7 +39,7 @@ public:
 private:
     int openAddress(const QString &address) const;
     int openPath(const QString &path) const;
-    int openByName(const QString &name) const;
+    int openByName(const QString &name, const QStringList &arguments) const;
     QString sessionEntry() const;
 
     SessionFolders m_folders;

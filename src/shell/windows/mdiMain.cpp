@@ -21,7 +21,6 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QWindow>
-#include <algorithm>
 
 namespace norvane {
 
@@ -274,9 +273,7 @@ void mdiMain::keepWithinReach()
     const QSize fitting = size().boundedTo(room.marginsRemoved(around).size()).expandedTo(minimumSizeHint());
     const QSize outer = fitting.grownBy(around);
     const QPoint now = windowHandle()->framePosition();
-    const QPoint place(
-        std::clamp(now.x(), room.left(), std::max(room.left(), room.right() + 1 - outer.width())),
-        std::clamp(now.y(), room.top(), std::max(room.top(), room.bottom() + 1 - outer.height())));
+    const QPoint place = settings::withinReach(QRect(now, outer), room).topLeft();
     if (place != now)
         move(place);
     if (fitting != size())

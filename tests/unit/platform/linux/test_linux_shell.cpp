@@ -109,6 +109,28 @@ TEST_F(LinuxShellTest, ProgramsRunByPathByNameAndByTheirEntry)
     EXPECT_EQ(openFile(u"Broken.AppImage"_qs), Shell::kAccessDenied);
 }
 
+TEST_F(LinuxShellTest, ProgramsRunWithArgumentsThatNoShellReads)
+{
+    makeProgram(u"tools/tool"_qs);
+    makeProgram(u"bin/named"_qs);
+    makeFile(u"bin/no program"_qs, "text");
+    makeFile(u"data/applications/org.example.Tool.desktop"_qs, "[Desktop Entry]\n");
+    LinuxShell shell(folders);
+    EXPECT_EQ(shell.programNames(), QStringList({u"gio"_qs, u"named"_qs, u"xdg-open"_qs}));
+    EXPECT_EQ(shell.run(u"named"_qs, {u"a  b"_qs, u"$HOME;"_qs, u"`x`"_qs, u"*"_qs}), Shell::kOpened);
+    EXPECT_TRUE(waitForLog({u"named a  b $HOME; `x` *"_qs}));
+    EXPECT_EQ(shell.run(path(u"tools/tool"_qs), {u"c"_qs}), Shell::kOpened);
+    EXPECT_TRUE(waitForLog({u"named a  b $HOME; `x` *"_qs, u"tool c"_qs}));
+
+    EXPECT_EQ(shell.run(path(u"bin/no program"_qs), {}), Shell::kAccessDenied);
+    EXPECT_EQ(shell.run(path(u"tools"_qs), {}), Shell::kAccessDenied);
+    EXPECT_EQ(shell.run(path(u"tools/none"_qs), {}), Shell::kFileNotFound);
+    EXPECT_EQ(shell.run(u"org.example.Tool"_qs, {u"with"_qs, u"arguments"_qs}), Shell::kFileNotFound);
+    EXPECT_EQ(shell.run(QString(u"named"_qs).append(QChar(u'\0')), {}), Shell::kFileNotFound);
+    EXPECT_TRUE(shell.isAddress(u"www.example.org"_qs));
+    EXPECT_FALSE(shell.isAddress(u"named a:b"_qs));
+}
+
 TEST_F(LinuxShellTest, MissingRightsAreTold)
 {
     makeFile(u"secret.txt"_qs, "x");
