@@ -67,6 +67,9 @@ WindowHandle ShellForms::loadFrame()
     form->setCommandEnabled(QStringLiteral("SEARCH"), m_services.views.has(NoteViews::View::Search));
     connect(form, &mdiMain::shutDownRequested, this, &ShellForms::shutDownRequested);
     connect(form, &mdiMain::commandTriggered, this, &ShellForms::toolBarCommand);
+    connect(form, &mdiMain::dropped, this, [this](const QStringList &files, const QString &text) {
+        m_services.views.dropItems(files, text);
+    });
     form->setCommandEnabled(QStringLiteral("SETTINGS"), true);
     connect(form, &mdiMain::activated, this, [this] {
         if (frmMain *child = browser())

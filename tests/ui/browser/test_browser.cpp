@@ -8,8 +8,10 @@
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/mdiMain.h"
 
+#include <QDropEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -161,6 +163,24 @@ TEST_F(Browser, TheButtonsFollowTheSelectedRow)
     EXPECT_EQ(shell.opened, QStringList{u"http://a/"_s});
     EXPECT_EQ(views.opened.size(), 5);
     EXPECT_EQ(views.opened.mid(2), (QStringList{u"search 0"_s, u"categories"_s, u"new note"_s}));
+}
+
+TEST_F(Browser, DropsOnStripAndListBecomeNotes)
+{
+    open();
+    for (const QString &name : {u"Picture2"_s, u"GRD"_s}) {
+        auto *place = browser->findChild<QWidget *>(name);
+        if (auto *list = qobject_cast<NoteGrid *>(place))
+            place = list->grid()->viewport();
+        QMimeData data;
+        data.setText(u"https://example.org/"_s + name);
+        QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(place, &drop);
+    }
+    EXPECT_TRUE(views.opened.isEmpty()) << "not while the other program waits";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(views.opened,
+              (QStringList{u"drop https://example.org/Picture2"_s, u"drop https://example.org/GRD"_s}));
 }
 
 TEST_F(Browser, CategoriesComeAndGoByTheMenu)

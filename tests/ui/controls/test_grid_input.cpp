@@ -1,8 +1,11 @@
 #include "ui/controls/GridOnScreen.h"
 
+#include "controls/DropTarget.h"
+
 #include <QDropEvent>
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QSysInfo>
 
 namespace norvane {
 namespace {
@@ -257,10 +260,15 @@ TEST_F(GridInput, HandsADropOn)
             data.setUrls(urls);
         if (!text.isEmpty())
             data.setText(text);
-        QDragEnterEvent enter({20, 20}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        const Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
+        QDragEnterEvent enter({20, 20}, offered, &data, Qt::LeftButton, {});
         QApplication::sendEvent(grid.viewport(), &enter);
-        QDropEvent event({20, 20}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent event({20, 20}, offered, &data, Qt::LeftButton, {});
+        event.setDropAction(Qt::MoveAction);
         QApplication::sendEvent(grid.viewport(), &event);
+        EXPECT_TRUE(event.isAccepted());
+        EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "a move would take the file away";
     };
     drop({QUrl::fromLocalFile(u"/tmp/a b.txt"_qs)}, {});
     drop({QUrl(u"https://example.org/"_qs)}, u"https://example.org/"_qs);
@@ -268,6 +276,27 @@ TEST_F(GridInput, HandsADropOn)
     ASSERT_TRUE(QTest::qWaitFor([&] { return dropped.size() == 2; }));
     EXPECT_EQ(dropped[0], (QVariantList{QStringList{u"/tmp/a b.txt"_qs}, QString()}));
     EXPECT_EQ(dropped[1], (QVariantList{QStringList(), u"https://example.org/"_qs}));
+}
+
+TEST_F(GridInput, TellsDroppedFilesByTheirPaths)
+{
+    const QString here = QSysInfo::machineHostName();
+    const std::pair<QByteArray, QStringList> rows[] = {
+        {"file:///tmp/a%20b%25%23.txt", {u"/tmp/a b%#.txt"_qs}},
+        {"file:///tmp/two%0Alines", {u"/tmp/two\nlines"_qs}},
+        {"file:///tmp/caf%E9.txt", {u"file:///tmp/caf%E9.txt"_qs}},
+        {"file:///tmp/folder/", {u"/tmp/folder"_qs}},
+        {"file:///", {u"/"_qs}},
+        {"file://localhost/tmp/a", {u"/tmp/a"_qs}},
+        {"file://" + here.toLatin1() + "/tmp/a", {u"/tmp/a"_qs}},
+        {"file://elsewhere.example/tmp/a", {}},
+        {"https://example.org/a", {}},
+    };
+    for (const auto &[address, files] : rows) {
+        QMimeData data;
+        data.setData(u"text/uri-list"_qs, address + "\r\n");
+        EXPECT_EQ(droppedFiles(data), files) << address.toStdString();
+    }
 }
 
 } // namespace
