@@ -10,8 +10,8 @@ struct MailMessage
     QString subject; ///< one line; may be empty
     QString body;    ///< lines end in line feeds; not empty
 
-    QString attachmentFile; ///< native path of the file that goes with it; empty for none
-    QString attachmentName; ///< what the file is called in the mail, whatever it is called where it is
+    QString attachmentFile = {}; ///< native path of the file that goes with it; empty for none
+    QString attachmentName = {}; ///< what the file is called in the mail, whatever it is called where it is
     /// Where in the body a mail program shows the attachment, if it has it there: the position of a
     /// character, from 0.
     qsizetype attachmentPosition = 0;
