@@ -7,11 +7,10 @@
 #include "fakes/FakeTrayHost.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/mdiMain.h"
+#include "ui/drop_on.h"
 
-#include <QDropEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -168,19 +167,16 @@ TEST_F(Browser, TheButtonsFollowTheSelectedRow)
 TEST_F(Browser, DropsOnStripAndListBecomeNotes)
 {
     open();
-    for (const QString &name : {u"Picture2"_s, u"GRD"_s}) {
-        auto *place = browser->findChild<QWidget *>(name);
-        if (auto *list = qobject_cast<NoteGrid *>(place))
-            place = list->grid()->viewport();
+    const auto drop = [](QWidget &place, const QString &link) {
         QMimeData data;
-        data.setText(u"https://example.org/"_s + name);
-        QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(place, &drop);
-    }
+        data.setText(link);
+        dropOn(place, data);
+    };
+    drop(*browser->findChild<SideStrip *>(), u"https://example.org/1"_s);
+    drop(*browser->grid()->grid()->viewport(), u"https://example.org/2"_s);
     EXPECT_TRUE(views.opened.isEmpty()) << "not while the other program waits";
     QCoreApplication::processEvents();
-    EXPECT_EQ(views.opened,
-              (QStringList{u"drop https://example.org/Picture2"_s, u"drop https://example.org/GRD"_s}));
+    EXPECT_EQ(views.opened, (QStringList{u"drop https://example.org/1"_s, u"drop https://example.org/2"_s}));
 }
 
 TEST_F(Browser, CategoriesComeAndGoByTheMenu)

@@ -1,9 +1,8 @@
 #include "ui/controls/GridOnScreen.h"
 
 #include "controls/DropTarget.h"
+#include "ui/drop_on.h"
 
-#include <QDropEvent>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QSysInfo>
 
@@ -260,15 +259,7 @@ TEST_F(GridInput, HandsADropOn)
             data.setUrls(urls);
         if (!text.isEmpty())
             data.setText(text);
-        const Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
-        QDragEnterEvent enter({20, 20}, offered, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(grid.viewport(), &enter);
-        EXPECT_TRUE(enter.isAccepted());
-        QDropEvent event({20, 20}, offered, &data, Qt::LeftButton, {});
-        event.setDropAction(Qt::MoveAction);
-        QApplication::sendEvent(grid.viewport(), &event);
-        EXPECT_TRUE(event.isAccepted());
-        EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "a move would take the file away";
+        tests::dropOn(*grid.viewport(), data);
     };
     drop({QUrl::fromLocalFile(u"/tmp/a b.txt"_qs)}, {});
     drop({QUrl(u"https://example.org/"_qs)}, u"https://example.org/"_qs);
