@@ -4,6 +4,7 @@
 #include "app/NoteWindows.h"
 #include "app/ProgramOptions.h"
 #include "app/ProgramViews.h"
+#include "app/ProgramWindowList.h"
 #include "browser/BrowserServices.h"
 #include "controls/menuview/menu_images.h"
 #include "options/HotKeyModel.h"
@@ -82,6 +83,7 @@ private:
     BrowserServices m_browser;
     ShellForms m_windows;
     ProgramOptions m_options;
+    ProgramWindowList m_windowList;
     NoteRescue m_rescue;
     IconList m_menuImages;
     ShutDown m_shutDown;

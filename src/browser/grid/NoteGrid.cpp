@@ -185,6 +185,9 @@ void NoteGrid::connectGrid()
     });
     connect(m_grid, &vbalGrid::DblClick, this, &NoteGrid::rowDoubleClicked);
     connect(m_grid, &vbalGrid::MenuKey, this, &NoteGrid::showMenu);
+    connect(m_grid, &vbalGrid::Dropped, this, [this](const QStringList &files, const QString &text) {
+        m_services.views.dropItems(files, text);
+    });
     connect(m_grid, &vbalGrid::SelectionChange, this,
             [this](int row, int column) { emit RowChange(row, column, RowID()); });
     m_grid->installEventFilter(this);
