@@ -15,7 +15,7 @@ protected:
     bool openImport(const QString &folder)
     {
         goTo(-3, 8);
-        x().press(u"space"_s);
+        x().press(u"Return"_s);
         if (!becomesTitled(u"Select Norvane Database Folder:"_s))
             return false;
         x().type(folder);
@@ -27,7 +27,7 @@ protected:
         if (!isBack)
             return false;
         x().press(u"Tab"_s);
-        x().press(u"space"_s);
+        x().press(u"Return"_s);
         return becomesTitled(u"Norvane Import"_s);
     }
     /// Selects all and imports; true when it is told, and the box is closed again.

@@ -90,7 +90,7 @@ private:
     }
     void addImported(test::StoreOnDisk &other)
     {
-        constexpr int kNotes = 3000;
+        constexpr int kNotes = 1000;
         other.store.open();
         dao::Recordset &categories = *other.store.CategorySet();
         categories.addNew();

@@ -113,8 +113,8 @@ QVariant ImportList::headerData(int section, Qt::Orientation orientation, int ro
 
 Qt::ItemFlags ImportList::flags(const QModelIndex &index) const
 {
-    Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
-    if (index.column() == kName)
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    if (index.isValid() && index.column() == kName)
         flags |= Qt::ItemIsUserCheckable;
     return flags;
 }

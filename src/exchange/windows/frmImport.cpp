@@ -32,6 +32,7 @@
 #include <QScreen>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace norvane {
@@ -168,9 +169,12 @@ void frmImport::setColumnWidths()
                          locale.toString(QTime(20, 58), QLocale::ShortFormat);
     const int dateWidth = fontMetrics().horizontalAdvance(date) + 4 * character;
     header->setStretchLastSection(true);
-    header->resizeSection(ImportList::kName, 36 * character);
-    header->resizeSection(ImportList::kCategory, 16 * character);
-    header->resizeSection(ImportList::kURL, 30 * character);
+    // What the dates leave is for the texts.
+    const int aroundList = 12 * character;
+    const int left = std::max(width() - aroundList - 2 * dateWidth, 44 * character);
+    header->resizeSection(ImportList::kName, left * 9 / 20);
+    header->resizeSection(ImportList::kCategory, left * 4 / 20);
+    header->resizeSection(ImportList::kURL, left * 7 / 20);
     header->resizeSection(ImportList::kCreated, dateWidth);
 }
 

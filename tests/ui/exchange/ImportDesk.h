@@ -26,7 +26,7 @@ public:
     int addOther(const QString &name, const QString &url)
     {
         const int ID = other.addNote(name, url);
-        files.write(other.store.bodyFile(ID), "{\\rtf1 " + name.toUtf8() + '}');
+        EXPECT_TRUE(putBytes(other.store.bodyFile(ID), "{\\rtf1 " + name.toUtf8() + '}'));
         return ID;
     }
     int addOtherCategory(const QString &name)

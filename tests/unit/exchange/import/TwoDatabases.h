@@ -26,14 +26,16 @@ public:
     /// A note of the other database. @return its ID there
     int addOther(const QString &name, const QVariant &url, const QByteArray &body = {})
     {
+        if (!other.store.database())
+            other.store.open();
         const int ID = other.addNote(name, url);
-        if (!body.isEmpty())
-            files.write(other.store.bodyFile(ID), body);
+        EXPECT_TRUE(body.isEmpty() || putBytes(other.store.bodyFile(ID), body));
         return ID;
     }
-    /// All notes of the other database.
+    /// All notes of the other database, which is closed for it.
     QVector<int> otherIDs()
     {
+        other.store.close();
         const ImportSource source(*engine, other.store.DatabaseFile, {});
         QVector<int> IDs;
         for (const ImportRow &row : source.rows())
@@ -49,11 +51,7 @@ public:
         const ImportSource source(*engine, other.store.DatabaseFile, otherPassword);
         return NoteImport(store, source.database(), other.store.DatabaseFolder, category).run(IDs, goOn);
     }
-    ImportResult importAll()
-    {
-        other.store.close();
-        return import(otherIDs());
-    }
+    ImportResult importAll() { return import(otherIDs()); }
     /// The values of a column, in the order of the IDs.
     QStringList column(const QString &name)
     {

@@ -54,10 +54,10 @@ TEST_F(ImportFaults, ABodyThatCannotBeCopiedLeavesNoNote)
 
 TEST_F(ImportFaults, AFullDiskLeavesWholeNotesAndTellsHowMany)
 {
-    const QVector<int> IDs = addOthers(500, 4000);
+    const QVector<int> IDs = addOthers(400, 4000);
     other.store.close();
     const auto ready = store.DatabaseFile;
-    for (const int room : {0, 300'000, 1'000'000}) {
+    for (const int room : {0, 1'000'000}) {
         // In a child, whose limit on the size of files fails the database's first.
         const int outcome = inChild([&] {
             std::signal(SIGXFSZ, SIG_IGN);
@@ -74,17 +74,19 @@ TEST_F(ImportFaults, AFullDiskLeavesWholeNotesAndTellsHowMany)
         ASSERT_EQ(outcome, 0) << room;
         ImportResult result;
         result.imported = bytesOf(folder.filePath(u"count"_s)).toInt();
-        EXPECT_LT(result.imported, 500);
-        EXPECT_TRUE(room < 1'000'000 || result.imported > 0);
+        EXPECT_LT(result.imported, 400);
+        EXPECT_EQ(result.imported > 0, room > 0);
         store.open();
         expectWhole(result);
+        store.database()->beginTrans();
         for (const auto rows = notes(u"true"_s); !rows->eof(); rows->moveNext()) {
-            files.remove(store.bodyFile(rows->field(u"ID"_s).toInt()));
+            QFile::remove(store.bodyFile(rows->field(u"ID"_s).toInt()));
             rows->remove();
         }
+        store.database()->commitTrans();
     }
     const ImportResult result = import(IDs);
-    EXPECT_EQ(result.imported, 500);
+    EXPECT_EQ(result.imported, 400);
     expectWhole(result);
 }
 
@@ -141,14 +143,24 @@ TEST_F(ImportFaults, NobodyWritesTheSourceMeanwhile)
 {
     addOthers(1, 10);
     other.store.close();
-    {
-        const ImportSource source(*engine, other.store.DatabaseFile, {});
-        EXPECT_TRUE(engine->isLocked(other.store.DatabaseFile));
-        EXPECT_EQ(errorOf([&] { other.store.open(); }), kErrorLocked);
+    const QString file = other.store.DatabaseFile;
+    const auto save = [&] {
+        dao::Connection connection(file, dao::Connection::Mode::ReadWrite, {});
+        connection.run("PRAGMA busy_timeout=0");
+        connection.run("UPDATE Memos SET URL='new'");
+    };
+    for (const bool hasSideFile : {true, false}) {
+        if (!hasSideFile)
+            QFile::remove(other.folder.filePath(u".Norvane.DAT.lock"_s));
+        {
+            const ImportSource source(*engine, file, {});
+            EXPECT_EQ(engine->isLocked(file), hasSideFile);
+            EXPECT_EQ(errorOf(save), kErrorLocked);
+        }
+        EXPECT_EQ(errorOf(save), 0);
     }
     other.store.open();
-    EXPECT_EQ(errorOf([&] { const ImportSource again(*engine, other.store.DatabaseFile, {}); }),
-              kErrorLocked);
+    EXPECT_EQ(errorOf([&] { const ImportSource again(*engine, file, {}); }), kErrorLocked);
 }
 
 } // namespace

@@ -80,7 +80,7 @@ TEST_F(ListOfNotes, ShowsWhatTheSourceHolds)
     both.addOther(u"in work"_s, u"u:1"_s);
     both.addOther(u"astray"_s, {});
     const auto rows = both.other.notes(u"true"_s);
-    for (const auto &[category, date] : {QPair(work, day(3)), QPair(work + 7, QDateTime())}) {
+    for (const auto &[category, date] : {QPair(work, QVariant(day(3))), QPair(work + 7, QVariant())}) {
         rows->edit();
         rows->setField(u"CAT_ID"_s, category);
         rows->setField(u"DateCreated"_s, date);
