@@ -22,9 +22,10 @@ namespace norvane {
 
 namespace {
 
-/// Commands of the tray that can be used now; the others wait for their windows.
+/// Commands of the tray that can be used.
 const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_Search"),
-                                  QStringLiteral("mnu_Settings"), QStringLiteral("mnu_exit")};
+                                  QStringLiteral("mnu_Attach"), QStringLiteral("mnu_Settings"),
+                                  QStringLiteral("mnu_exit")};
 
 constexpr int kLongNoticeMs = 10000;
 
@@ -93,7 +94,8 @@ Program::Program()
                                              .printing = m_backends.printing,
                                              .clock = m_backends.clock,
                                              .state = m_state.edit}),
-      m_views(m_windows), m_noteWindows(m_browser, m_rescue, m_windows, m_options),
+      m_views(m_windows),
+      m_noteWindows(m_browser, m_rescue, m_windows, m_options, m_backends.mail, m_backends.outlook),
       m_browser({.store = m_state.store,
                  .forms = m_state.forms,
                  .settings = m_backends.settings,
@@ -115,6 +117,8 @@ Program::Program()
                  .version = QVersionNumber::fromString(QCoreApplication::applicationVersion())}),
       m_options(m_state, m_browser, m_hotKeys, m_windows,
                 [this] { QMetaObject::invokeMethod(this, &Program::end, Qt::QueuedConnection); }),
+      m_windowList(m_backends, m_state, m_location, m_views, m_windows, m_twips,
+                   [this](const QString &title, WindowHandle window) { m_watching->attach(title, window); }),
       m_rescue(m_state.store, m_backends.files, m_backends.clock, m_backends.notifier,
                [this](const QString &text) { m_windows.showNotice(text, kLongNoticeMs); }),
       m_menuImages(sharedMenuImages()), m_shutDown({.store = m_state.store,
@@ -219,6 +223,10 @@ void Program::connectWindows()
                 m_noteWindows.showSearch({});
             else if (name == u"SETTINGS" || name == u"mnu_Settings")
                 m_options.show(frmSetting::kAbout);
+            else if (name == u"WINDOWLIST" || name == u"mnu_Attach")
+                m_windowList.show();
+            else if (name == u"RUN")
+                m_windowList.showRun();
         },
         Qt::QueuedConnection); // the menu or button that it comes from is done with it first
     connect(&m_windows, &ShellForms::openPageRequested, this, &Program::openPage);
@@ -255,7 +263,7 @@ void Program::hotKeyPressed(int id)
         m_noteWindows.showSearch({});
         break;
     case HotKeyAction::ToggleWindowList:
-        // Registered, so that no other program takes it; its window is still to come.
+        m_windowList.toggle();
         break;
     }
 }

@@ -4,6 +4,7 @@
 #include "app/NoteWindows.h"
 #include "app/ProgramOptions.h"
 #include "app/ProgramViews.h"
+#include "app/ProgramWindowList.h"
 #include "browser/BrowserServices.h"
 #include "controls/menuview/menu_images.h"
 #include "options/HotKeyModel.h"
@@ -41,6 +42,8 @@ public:
     int run(const QStringList &arguments);
     /// Shows an error that no routine has handled, and waits until it is read.
     void tellOf(const RuntimeError &error);
+    /// Whether another program wants to know of each key, or that is not known.
+    bool keysAreListenedTo() const { return m_backends.shellWindows.keysAreListenedTo(); }
 
     /// Makes the end that the session asks for the program's own.
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -80,6 +83,7 @@ private:
     BrowserServices m_browser;
     ShellForms m_windows;
     ProgramOptions m_options;
+    ProgramWindowList m_windowList;
     NoteRescue m_rescue;
     IconList m_menuImages;
     ShutDown m_shutDown;

@@ -17,6 +17,11 @@ void ProgramViews::show(const QString &text)
     m_forms.showNotice(text);
 }
 
+void ProgramViews::showModal(const QString &text)
+{
+    m_forms.showNotice(text, 0, Qt::ApplicationModal);
+}
+
 void ProgramViews::Refresh_Grid()
 {
     if (frmMain *browser = m_forms.browser()) {

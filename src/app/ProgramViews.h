@@ -17,6 +17,7 @@ public:
     // Notices
     void showStandingText() override;
     void show(const QString &text) override;
+    void showModal(const QString &text) override;
 
     // NoteGridView
     /// The tray menu, which shows notes too, follows.

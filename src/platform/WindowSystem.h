@@ -10,6 +10,18 @@
 
 namespace norvane {
 
+/// A picture as the window system keeps it; without pixels when there is none.
+struct IconImage
+{
+    int width = 0;
+    int height = 0;
+    /// Rows from the top, each pixel 0xAARRGGBB, the colours not multiplied by the alpha.
+    QVector<quint32> pixels;
+
+    bool isNull() const { return pixels.isEmpty(); }
+    bool operator==(const IconImage &) const = default;
+};
+
 /// What the program asks about the windows of other programs.
 ///
 /// Rectangles are in logical pixels of the desktop. No call waits on another program, unless it
@@ -57,6 +69,9 @@ public:
     enum class IconSize { Large, Small };
     /// 0 when the window has no icon or did not answer within @p timeoutMs.
     virtual IconHandle icon(WindowHandle window, IconSize size, int timeoutMs) const = 0;
+    /// The picture of an icon that icon() told: the smallest that is not below @p side pixels, else the
+    /// largest there is. Without pixels when it has gone or tells none. Large: ask once.
+    virtual IconImage iconImage(IconHandle icon, int side) const = 0;
 
     /// Direct children in order, for walking the controls of a window.
     virtual QVector<WindowHandle> children(WindowHandle window) const = 0;
@@ -84,6 +99,8 @@ public:
     virtual void setFocus(WindowHandle window) = 0;
     /// Brings one of our own windows directly above its target; nothing when it is there.
     virtual void bringWindowToTop(WindowHandle window) = 0;
+    /// Keeps one of our own windows above all others, or no longer. It must be on the screen.
+    virtual void setTopMost(WindowHandle window, bool on) = 0;
     /// Restores a minimised window.
     virtual void restoreWindow(WindowHandle window) = 0;
     /// Holds back (0: releases) the painting of a window, where windows do not appear whole by

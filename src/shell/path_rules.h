@@ -21,4 +21,8 @@ QString withoutSeparator(const QString &folder);
 /// The part of @p path up to and with its last separator; empty when it has none.
 QString folderOf(const QString &path);
 
+/// A title as the name of a file: each of the characters @p taken and each control character a blank, and cut
+/// so that the name and an extension find room in a folder. May be blank all through.
+QString fileNameFrom(const QString &title, QStringView taken);
+
 } // namespace norvane

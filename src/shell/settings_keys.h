@@ -67,6 +67,16 @@ inline constexpr Key kSearchInNoteText{u"Search", u"IncludeURL", u"1"};
 inline constexpr Key kSearchInLocation{u"Search", u"IncludeNoteText", u"1"};
 inline constexpr Key kSearchExactMatch{u"Search", u"ExactMatch", u"0"};
 
+// Place of the window list, twips, and its view: 0 large icons, 1 small icons, 2 list, 3 details.
+inline constexpr Key kTaskListTop{u"TaskList", u"Top", u"0"};
+inline constexpr Key kTaskListLeft{u"TaskList", u"Left", u"0"};
+inline constexpr Key kTaskListWidth{u"TaskList", u"Width", u"9000"};
+inline constexpr Key kTaskListHeight{u"TaskList", u"Height", u"6000"};
+inline constexpr Key kTaskListView{u"TaskList", u"LastListView", u"3"};
+
+/// The command lines that were started lately, in the keys "Command01", "Command02", …
+inline constexpr QStringView kRunSection = u"Run";
+
 /// The stored text, or the key's default.
 inline QString read(const SettingsStore &store, const Key &key)
 {

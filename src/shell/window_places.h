@@ -2,6 +2,7 @@
 
 #include "shell/settings_keys.h"
 
+#include <QRect>
 #include <QRectF>
 
 namespace norvane::settings {
@@ -18,8 +19,11 @@ struct PlaceKeys
 inline constexpr PlaceKeys kMainPlace{kMainLeft, kMainTop, kMainWidth, kMainHeight};
 inline constexpr PlaceKeys kBrowserPlace{kBrowserLeft, kBrowserTop, kBrowserWidth, kBrowserHeight};
 inline constexpr PlaceKeys kPreviewPlace{kPreviewLeft, kPreviewTop, kPreviewWidth, kPreviewHeight};
+inline constexpr PlaceKeys kTaskListPlace{kTaskListLeft, kTaskListTop, kTaskListWidth, kTaskListHeight};
 
 QRectF readPlace(const SettingsStore &store, const PlaceKeys &keys);
+/// A window's place, moved and made smaller as far as it must be to lie in @p room.
+QRect withinReach(const QRect &place, const QRect &room);
 /// In whole twips.
 void savePlace(SettingsStore &store, const PlaceKeys &keys, const QRectF &place);
 

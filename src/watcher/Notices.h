@@ -15,6 +15,8 @@ public:
     virtual void showStandingText() = 0;
     /// Shows another text, by the same rule.
     virtual void show(const QString &text) = 0;
+    /// The same; the program's windows take nothing in while it stands.
+    virtual void showModal(const QString &text) = 0;
 };
 
 } // namespace norvane

@@ -51,17 +51,27 @@ Failure failure(int result)
     }
 }
 
+void raiseFailure(int result)
+{
+    if (result > Shell::kShellLastError)
+        return;
+    const Failure told = failure(result);
+    throw RuntimeError(told.number, told.message, QStringLiteral("Norvane.GShell"));
+}
+
 } // namespace
 
 bool OpenLocation(Shell &shell, const QString &location)
 {
     if (location.isEmpty())
         return false;
-    const int result = shell.open(location);
-    if (result > Shell::kShellLastError)
-        return true;
-    const Failure told = failure(result);
-    throw RuntimeError(told.number, told.message, QStringLiteral("Norvane.GShell"));
+    raiseFailure(shell.open(location));
+    return true;
+}
+
+void RunProgram(Shell &shell, const QString &program, const QStringList &arguments)
+{
+    raiseFailure(shell.run(program, arguments));
 }
 
 } // namespace norvane

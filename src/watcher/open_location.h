@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace norvane {
 
@@ -14,5 +15,8 @@ class Shell;
 /// with it: 7 memory, 53 file, 76 path, 75 access, 286 and 285 the program did not answer, 48
 /// library; 0 for the results without a number.
 bool OpenLocation(Shell &shell, const QString &location);
+
+/// Starts a program as Shell::run() does. Raises as OpenLocation() does.
+void RunProgram(Shell &shell, const QString &program, const QStringList &arguments);
 
 } // namespace norvane

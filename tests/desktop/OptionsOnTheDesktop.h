@@ -10,10 +10,6 @@ using namespace Qt::StringLiterals;
 class OptionsOnTheDesktop : public NotesOnWindows
 {
 protected:
-    /// While there is an accessibility bus the toolkit sends every key through it, and loses some on a busy
-    /// machine: of eight runs side by side two failed with it, none without.
-    VirtualDesktop::Options desktopOptions() const override { return {.accessibility = false}; }
-
     /// The window opens on the fourth of its pages, with the keyboard on their row.
     bool openOptions()
     {
@@ -24,12 +20,7 @@ protected:
                 continue;
             x().press(u"alt+n"_s);
             // A key that comes before the menu would be the list's.
-            if (!waitFor(
-                    [&] {
-                        const xcb_window_t menu = x().menuOfProcess(m_norvane.process()->processId());
-                        return menu != 0 && x().isViewable(menu);
-                    },
-                    4000))
+            if (!waitFor([&] { return isMenuOpen(); }, 4000))
                 continue;
             x().press(u"o"_s);
             if (waitFor([&] { return titled(u"Norvane Options"_s) != 0; }, 4000))
@@ -37,6 +28,12 @@ protected:
             x().press(u"Escape"_s);
         }
         return false;
+    }
+    /// Whether a menu or the list of a box is open.
+    bool isMenuOpen()
+    {
+        const xcb_window_t menu = x().menuOfProcess(m_norvane.process()->processId());
+        return menu != 0 && x().isViewable(menu);
     }
     /// Goes to another page, and to the control that so many Tabs lead to.
     void goTo(int pages, int tabs)
@@ -66,6 +63,42 @@ protected:
             }
             return true;
         });
+    }
+    /// Answers the questions of a change of the database with Yes, until the window is closed.
+    bool answerYes(int questions)
+    {
+        constexpr int kFrameWidth = 800; // less than that of the frame, more than that of a box
+        for (int i = 0; i < questions; ++i) {
+            const auto box = [&] {
+                const xcb_window_t window = titled(u"Norvane"_s);
+                return window != 0 && x().geometry(window).width() < kFrameWidth ? window : 0;
+            };
+            if (!waitFor([&] { return box() != 0; }))
+                return false;
+            const xcb_window_t asked = box();
+            x().press(u"alt+y"_s);
+            if (!waitFor([&] { return !x().exists(asked) || !x().isViewable(asked); }))
+                return false;
+        }
+        return isClosed(u"Norvane Options"_s);
+    }
+    /// Changes to a database of the list of recent ones.
+    /// @param key leads to it in the list
+    bool changeDatabase(const QString &key, int questions)
+    {
+        if (!openOptions())
+            return false;
+        goTo(-3, 3);
+        x().press(u"Down"_s);
+        if (!waitFor([&] { return isMenuOpen(); }))
+            return false;
+        x().press(key);
+        x().press(u"Return"_s);
+        // A key that comes while it closes would be the list's.
+        if (!waitFor([&] { return !isMenuOpen(); }))
+            return false;
+        x().press(u"Return"_s);
+        return answerYes(questions);
     }
     QString settings() const
     {

@@ -92,4 +92,38 @@ TEST_F(OptionsOnTheDesktop, APasswordLocksTheDatabase)
     EXPECT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) != 0; })) << "its note is back";
 }
 
+TEST_F(OptionsOnTheDesktop, AnotherDatabaseTakesTheNotesAwayAndGivesThemBack)
+{
+    const QString other = m_desktop.home() + u"/Other"_s;
+    QDir().mkpath(other);
+    QDir().mkpath(m_desktop.home() + u"/.config/norvane"_s);
+    ASSERT_TRUE(
+        putBytes(m_desktop.home() + u"/.config/norvane/norvane.conf"_s,
+                 "[DB]\nMRU1=" + other.toUtf8() + "/\nMRU2=" + m_norvane.notesFolder().toUtf8() + "/\n"));
+    const xcb_window_t editor = openEditor(kRight);
+    ASSERT_TRUE(editor != 0 && startNorvane());
+    const xcb_window_t first = writeNote(editor, u"In the first database."_s);
+    ASSERT_NE(first, 0u);
+
+    ASSERT_TRUE(changeDatabase(u"Home"_s, 2)) << "it is made first";
+    EXPECT_TRUE(waitFor([&] { return !x().exists(first) || !x().isViewable(first); }));
+    EXPECT_FALSE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }, kSeveralTicksMs));
+    EXPECT_TRUE(QFile::exists(other + u"/Norvane.DAT"_s));
+    const xcb_window_t second = m_norvane.attach(editor);
+    ASSERT_TRUE(second != 0 && m_norvane.typeInto(second, u"In the second."_s));
+    x().press(u"ctrl+s"_s);
+    const QString secondBody = other + u"/Norvane_00000001"_s;
+    ASSERT_TRUE(waitFor([&] { return bytesOf(secondBody).contains("In the second."); }));
+
+    ASSERT_TRUE(changeDatabase(u"End"_s, 1));
+    ASSERT_TRUE(waitFor([&] {
+        const xcb_window_t note = m_norvane.noteOn(editor);
+        return note != 0 && note != second;
+    })) << "its note is back";
+    ASSERT_TRUE(m_norvane.typeInto(m_norvane.noteOn(editor), u" Again."_s));
+    x().press(u"ctrl+s"_s);
+    EXPECT_TRUE(waitFor([&] { return texts() == "1|In the first database. Again."; }));
+    EXPECT_FALSE(bytesOf(secondBody).contains("Again."));
+}
+
 } // namespace

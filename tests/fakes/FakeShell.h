@@ -17,9 +17,13 @@ public:
     QStringList opened;
     QHash<QString, int> openResults; ///< kOpened where a location is not in it
     QHash<QString, QString> typeNames;
-    QStringList programs;      ///< the locations that open() would run
-    bool startsItself = false; ///< with the session
-    int sessionError = 0;      ///< what changing that raises
+    QStringList programs;           ///< the locations that open() would run
+    QStringList installed;          ///< programs that run() finds by name
+    QStringList ran;                ///< what run() has started, "program|argument|argument"
+    QHash<QString, int> runResults; ///< of programs; where one is not in it, kOpened for an installed one
+    bool startsItself = false;      ///< with the session
+    int sessionError = 0;           ///< what changing that raises
+    QHash<SpecialFolder, QString> specialFolders;
     QString folder = QStringLiteral("/home/user/.local/share/norvane");
 
     int open(const QString &location) override
@@ -29,6 +33,19 @@ public:
     }
 
     bool runsProgram(const QString &location) const override { return programs.contains(location); }
+
+    bool isAddress(const QString &text) const override
+    {
+        return text.contains(u"://") || text.startsWith(u"mailto:") || text.startsWith(u"www.");
+    }
+    int run(const QString &program, const QStringList &arguments) override
+    {
+        const int result = runResults.value(program, installed.contains(program) ? kOpened : kFileNotFound);
+        if (result == kOpened)
+            ran.append((QStringList(program) + arguments).join(u'|'));
+        return result;
+    }
+    QStringList programNames() const override { return installed; }
 
     QString typeName(const QString &path) const override
     {
@@ -56,6 +73,8 @@ public:
             throw RuntimeError(sessionError, QStringLiteral("The entry cannot be written."));
         startsItself = starts;
     }
+
+    QString specialFolder(SpecialFolder of) const override { return specialFolders.value(of); }
 
     QString programFolder() const override { return folder; }
 };

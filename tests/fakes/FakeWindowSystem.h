@@ -38,6 +38,7 @@ public:
     WindowHandle foreground = kNoWindow;
     WindowHandle locked = kNoWindow; ///< by lockWindowUpdate()
     QStringList programSuffixes;
+    QHash<IconHandle, IconImage> iconImages;
     bool foregroundRefused = false;
     mutable int roundTrips = 0;
     mutable int captionRequests = 0;
@@ -149,6 +150,11 @@ public:
         const Window found = m_windows.value(window);
         return size == IconSize::Large ? found.largeIcon : found.smallIcon;
     }
+    IconImage iconImage(IconHandle icon, int) const override
+    {
+        ++roundTrips;
+        return iconImages.value(icon);
+    }
     QVector<WindowHandle> children(WindowHandle window) const override
     {
         ++roundTrips;
@@ -185,6 +191,10 @@ public:
     }
     void setFocus(WindowHandle window) override { act(QStringLiteral("setFocus"), window); }
     void bringWindowToTop(WindowHandle window) override { act(QStringLiteral("bringWindowToTop"), window); }
+    void setTopMost(WindowHandle window, bool on) override
+    {
+        act(on ? QStringLiteral("setTopMost") : QStringLiteral("setNotTopMost"), window);
+    }
     void restoreWindow(WindowHandle window) override
     {
         act(QStringLiteral("restoreWindow"), window);

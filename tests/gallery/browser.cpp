@@ -1,6 +1,7 @@
 // Pictures for looking at: the note browser and its dialogs, with notes in a real database.
 
 #include "browser/CategoryBar.h"
+#include "browser/dialogs/NewNoteDialogs.h"
 #include "browser/dialogs/frmNewNote.h"
 #include "browser/dialogs/frmProperty.h"
 #include "browser/editor/frmEditor.h"
@@ -9,6 +10,7 @@
 #include "browser/frmMain.h"
 #include "browser/grid/NoteGrid.h"
 #include "controls/gridview/vbalGrid.h"
+#include "exchange/shortcuts/FavoriteDialog.h"
 #include "fakes/FakeNotifier.h"
 #include "fakes/FakeTrayHost.h"
 #include "looks.h"
@@ -23,16 +25,15 @@
 #include <QPainter>
 #include <QProcess>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <cstdio>
 
 using namespace norvane;
 using namespace norvane::tests;
 
 namespace {
 
-constexpr int kSettlingMs = 250;
 constexpr int kManyNotes = 5000;
 
 const char kBody[] =
@@ -63,7 +64,7 @@ public:
         m_browser->bringUp();
         m_browser->Refresh_Grid();
         m_browser->GRD_Refresh(0);
-        settle();
+        gallery::settle();
     }
     ~Gallery()
     {
@@ -94,30 +95,31 @@ public:
         browser(u"browser-buttons"_s);
         bar->setBarStyle(CategoryBar::kTabs);
         bar->selectFilter(0);
-        settle();
+        gallery::settle();
         rowMenu();
     }
 
     void dialogs()
     {
         newNote();
+        favorite();
         properties();
         NoteRescue rescue(store, files, clock, m_notifier, [](const QString &) {});
         frmEditor *editor = ShowNoteEditor(services, rescue, *m_frame, m_firstNote, u"Call the plumber"_s,
                                            u"https://plumbers.example/offers?id=2"_s);
-        settle();
+        gallery::settle();
         browser(u"editor-in-frame"_s);
         editor->unload();
         m_frame->hide();
         editor = ShowNoteEditor(services, rescue, *m_frame, m_firstNote, u"Call the plumber"_s,
                                 u"https://plumbers.example/offers?id=2"_s);
-        settle();
+        gallery::settle();
         keep(*editor, u"editor-free"_s);
         editor->unload();
         m_frame->show();
         NV_RTFEdit text(edit);
         ShowOpenNote(services, text, u"Import into 'Shopping'"_s);
-        settle();
+        gallery::settle();
         keep(*dynamic_cast<QWidget *>(forms.named(u"frmOpen"_s).constFirst()), u"open-note"_s);
     }
 
@@ -188,26 +190,16 @@ private:
         m_isDone = QProcess::execute(u"sqlite3"_s, {store.DatabaseFile, statement}) == 0 && m_isDone;
     }
 
-    static void settle()
-    {
-        QEventLoop loop;
-        QTimer::singleShot(kSettlingMs, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
-
     void keep(QWidget &window, const QString &name)
     {
-        settle();
-        const QString file = m_folder + u'/' + name + u".png"_s;
-        m_isDone = window.grab().save(file) && m_isDone;
-        std::printf("%s\n", qPrintable(file));
+        m_isDone = gallery::keep(window, m_folder + u'/' + name + u".png"_s) && m_isDone;
     }
 
     /// Takes pictures of the dialog that @p open shows and waits for, and closes it.
     void keepModal(const std::function<void(QWidget &)> &shoot, const std::function<void()> &open)
     {
         QTimer::singleShot(0, m_frame, [&] {
-            settle();
+            gallery::settle();
             QWidget *dialog = QApplication::activeModalWidget();
             m_isDone = m_isDone && dialog;
             if (dialog) {
@@ -221,7 +213,7 @@ private:
     void rowMenu()
     {
         QTimer::singleShot(0, m_frame, [&] {
-            settle();
+            gallery::settle();
             QWidget *menu = QApplication::activePopupWidget();
             m_isDone = m_isDone && menu;
             if (!menu)
@@ -241,6 +233,25 @@ private:
     {
         keepModal([this](QWidget &dialog) { keep(dialog, u"new-note"_s); },
                   [this] { (new frmNewNote(services, m_frame))->showModal(); });
+        keepModal([this](QWidget &dialog) { keep(dialog, u"new-note-dropped"_s); },
+                  [this] {
+                      NewNoteDrop drop;
+                      NewNoteDialogs(services, [this] { return m_frame; })
+                          .show({u"Offer of the plumber"_s,
+                                 u"/home/ada/Documents/House/Offer of the plumber.2026-11.pdf"_s, true},
+                                drop);
+                  });
+    }
+
+    void favorite()
+    {
+        QTemporaryDir favorites;
+        for (const QString &name : {u"Garden"_s, u"News & weather"_s, u"Work"_s})
+            QDir(favorites.path()).mkdir(name);
+        FavoriteDialog dialog(edit.files, prompts, u"Offers for plumbers"_s, favorites.path() + u'/',
+                              m_frame);
+        dialog.show();
+        keep(dialog, u"favorite"_s);
     }
 
     void properties()

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QTimer>
+#include <QWidget>
 #include <cstdio>
 
 namespace norvane::gallery {
@@ -47,6 +49,21 @@ int takePictures(int argc, char **argv, const QString &name,
         isDone = QDir().mkpath(folder) && shoot(folder) && isDone;
     }
     return isDone ? 0 : 1;
+}
+
+void settle()
+{
+    constexpr int kSettlingMs = 250;
+    QEventLoop loop;
+    QTimer::singleShot(kSettlingMs, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+bool keep(QWidget &window, const QString &file)
+{
+    settle();
+    std::printf("%s\n", qPrintable(file));
+    return window.grab().save(file);
 }
 
 } // namespace norvane::gallery

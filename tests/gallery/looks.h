@@ -3,7 +3,7 @@
 #include <QString>
 #include <functional>
 
-class QApplication;
+class QWidget;
 
 namespace norvane::gallery {
 
@@ -14,5 +14,11 @@ namespace norvane::gallery {
 /// @return the exit code of the process
 int takePictures(int argc, char **argv, const QString &name,
                  const std::function<bool(const QString &folder)> &shoot);
+
+/// Lets what was started with a window come to its end.
+void settle();
+
+/// Takes a picture of a window that has settled. @return false when it could not be written
+bool keep(QWidget &window, const QString &file);
 
 } // namespace norvane::gallery

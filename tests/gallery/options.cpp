@@ -12,15 +12,11 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTimer>
-#include <cstdio>
 
 using namespace norvane;
 using namespace norvane::tests;
 
 namespace {
-
-constexpr int kSettlingMs = 250;
 
 class OptionsPictures : private OptionsDesk
 {
@@ -113,12 +109,7 @@ private:
     }
     void keep(QWidget &window, const QString &name)
     {
-        QEventLoop loop;
-        QTimer::singleShot(kSettlingMs, &loop, &QEventLoop::quit);
-        loop.exec();
-        const QString file = m_folder + u'/' + name + u".png"_s;
-        m_isDone = window.grab().save(file) && m_isDone;
-        std::printf("%s\n", qPrintable(file));
+        m_isDone = gallery::keep(window, m_folder + u'/' + name + u".png"_s) && m_isDone;
     }
 
     QString m_folder;

@@ -30,6 +30,7 @@ namespace {
 constexpr int kActiveWidth = 20;
 constexpr int kCategoryBarTwips = 365;
 constexpr int kRowsBeforeWorking = 100;
+constexpr int kRowsOfFirstPicture = 100; // more than a screen has
 
 struct Column
 {
@@ -82,6 +83,7 @@ NoteGrid::NoteGrid(const BrowserServices &services, QWidget *parent)
     : QWidget(parent), m_services(services), m_headerImages(noteHeaderImages()), m_grid(new vbalGrid(this)),
       m_category(new QLabel(this)), m_empty(new QLabel(m_grid)), m_menu(std::make_unique<NVPopupMenu>())
 {
+    m_listing = std::make_unique<NoteListing>(*m_grid);
     m_grid->setObjectName(QStringLiteral("GRD"));
     m_grid->setAccessibleName(tr("Notes"));
     m_category->setObjectName(QStringLiteral("lblCategory"));
@@ -183,6 +185,9 @@ void NoteGrid::connectGrid()
     });
     connect(m_grid, &vbalGrid::DblClick, this, &NoteGrid::rowDoubleClicked);
     connect(m_grid, &vbalGrid::MenuKey, this, &NoteGrid::showMenu);
+    connect(m_grid, &vbalGrid::Dropped, this, [this](const QStringList &files, const QString &text) {
+        m_services.views.dropItems(files, text);
+    });
     connect(m_grid, &vbalGrid::SelectionChange, this,
             [this](int row, int column) { emit RowChange(row, column, RowID()); });
     m_grid->installEventFilter(this);
@@ -192,13 +197,12 @@ void NoteGrid::connectGrid()
 void NoteGrid::setGridDB(dao::Database *database)
 {
     m_database = database;
-    m_listed.reset();
+    m_listing->forget();
 }
 
 void NoteGrid::setGridRS(std::unique_ptr<dao::Recordset> rows)
 {
-    m_keys.clear();
-    m_listed.reset();
+    m_listing->forget();
     m_rows = std::move(rows);
 }
 
@@ -235,8 +239,11 @@ void NoteGrid::Refresh_Grid()
         NoteRows rows(*m_grid, m_services.store, m_services.shell);
         const int row = m_grid->Rows() > 0 ? m_grid->SelectedRow() : 0;
         const int column = m_grid->SelectedCol();
-        if (!update(rows))
-            fill(rows);
+        const NoteListing::Source source{m_rows.get(), m_database, statement()};
+        if (!m_listing->update(source, rows))
+            read(source, rows);
+        if (!m_rows)
+            showCategory();
         selectAgain(row, scroll);
         if (column >= 1)
             m_grid->setSelectedCol(column);
@@ -247,130 +254,31 @@ void NoteGrid::Refresh_Grid()
     showEmptyLabel();
 }
 
-/// Reads all rows.
-void NoteGrid::fill(NoteRows &rows)
+/// Reads all rows. That of many in the browser is told; what was found is to be seen before all of it is
+/// read.
+void NoteGrid::read(const NoteListing::Source &source, NoteRows &rows)
 {
-    m_keys.clear();
-    m_isAsRead = false;
     bool saysWorking = false;
     const auto sayReady = qScopeGuard([&] {
         if (saysWorking)
             emit Working({});
     });
-    std::unique_ptr<dao::Recordset> own;
-    if (m_rows) {
-        m_rows->requery();
-    } else {
-        if (!m_database)
-            throw RuntimeError(kErrorNothingThere, QStringLiteral("The list of notes has no database."));
-        m_statement = statement();
-        m_listed = m_database->openRecordset(m_statement);
-        own = m_database->openRecordset(m_statement, dao::RecordsetType::ForwardOnly);
-        showCategory();
-    }
-    dao::Recordset &notes = own ? *own : *m_rows;
-    m_grid->Clear();
-    for (; !notes.eof(); notes.moveNext()) {
-        rows.add(notes);
+    m_listing->read(source, rows, [&] {
         if (!saysWorking && m_grid->Rows() > kRowsBeforeWorking && objectName() == QStringLiteral("GRD")) {
             saysWorking = true;
             emit Working(tr("Working..."));
         }
-    }
-    m_categoryNames = rows.categories();
-    m_locale = QLocale::system();
-    m_keys = (m_rows ? m_rows : m_listed)->keys();
-    sortAsRead({});
+        if (m_rows && m_grid->Rows() == kRowsOfFirstPicture)
+            showAsItIs();
+    });
 }
 
-/// Changes only the rows that were written since all were read, so that it comes out as a reading would.
-/// False where all have to be read.
-bool NoteGrid::update(NoteRows &rows)
+/// Has what is there drawn while more is read.
+void NoteGrid::showAsItIs()
 {
-    const std::unique_ptr<dao::Recordset> &notes = m_rows ? m_rows : m_listed;
-    const bool isKnown = notes && !m_keys.empty() &&
-                         m_keys.size() == static_cast<std::size_t>(m_grid->Rows()) &&
-                         (m_rows || m_statement == statement()) && m_categoryNames == rows.categories() &&
-                         m_locale == QLocale::system() && m_grid->SortObject().LastSortIndex() != 0;
-    if (!isKnown)
-        return false;
-    std::vector<int> before;
-    before.swap(m_keys); // what fails half way is read anew the next time
-    const std::optional<QSet<int>> changed = notes->requeryChanged();
-    if (!changed)
-        return false;
-    m_grid->ClearSelection();
-    const bool sameOrder = updateRows(rows, *notes, *changed);
-    std::vector<int> keys = notes->keys();
-    if (keys.size() != static_cast<std::size_t>(m_grid->Rows()))
-        return false;
-    if (!m_isAsRead || !sameOrder || keys != before)
-        sortAsRead(keys);
-    m_keys = std::move(keys);
-    if (!m_rows)
-        showCategory();
-    return true;
-}
-
-/// New rows come at the end. Whether no row came or went and no value that they are sorted by is another.
-bool NoteGrid::updateRows(NoteRows &rows, dao::Recordset &notes, QSet<int> changed)
-{
-    const auto isFound = [&notes](int ID) {
-        notes.findFirst(QStringLiteral("ID=%1").arg(ID));
-        return !notes.noMatch();
-    };
-    const int sortColumn = m_grid->SortObject().SortColumn(1);
-    const auto sortedBy = [this, sortColumn](int row) {
-        return std::pair(m_grid->CellText(row, sortColumn), m_grid->CellIcon(row, sortColumn));
-    };
-    bool sameOrder = true;
-    for (int row = m_grid->Rows(); row >= 1 && !changed.isEmpty(); --row) {
-        const int ID = idOfRow(row);
-        if (!changed.remove(ID))
-            continue;
-        if (!isFound(ID)) {
-            m_grid->RemoveRow(row);
-            sameOrder = false;
-            continue;
-        }
-        const auto before = sortedBy(row);
-        rows.write(row, notes);
-        sameOrder = sameOrder && sortedBy(row) == before;
-    }
-    for (const int ID : std::as_const(changed)) {
-        if (isFound(ID)) {
-            rows.add(notes);
-            sameOrder = false;
-        }
-    }
-    return sameOrder;
-}
-
-/// Sorts the rows as if they stood as they are read. A fault leaves them as they are.
-/// @param keys the notes in the order of the reading; none where they stand so
-void NoteGrid::sortAsRead(const std::vector<int> &keys)
-{
-    m_isAsRead = false;
-    QHash<int, qint32> rowOf;
-    rowOf.reserve(static_cast<qsizetype>(keys.size()));
-    for (int row = 1; row <= m_grid->Rows() && !keys.empty(); ++row)
-        rowOf.insert(idOfRow(row), row - 1);
-    std::vector<qint32> from;
-    from.reserve(keys.size());
-    for (const int ID : keys)
-        from.push_back(rowOf.value(ID));
-    try {
-        if (m_grid->SortObject().LastSortIndex() != 0)
-            m_grid->Sort(from);
-        m_isAsRead = true;
-    } catch (const RuntimeError &) {
-        return;
-    }
-}
-
-int NoteGrid::idOfRow(int row) const
-{
-    return m_grid->CellText(row, kColumnID).toInt();
+    m_grid->setRedraw(true);
+    m_grid->viewport()->repaint();
+    m_grid->setRedraw(false);
 }
 
 /// A fault leaves the rows as they are.

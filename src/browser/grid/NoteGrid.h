@@ -1,14 +1,12 @@
 #pragma once
 
 #include "browser/BrowserServices.h"
+#include "browser/grid/NoteListing.h"
 #include "browser/grid/note_grid_images.h"
 #include "platform/dao.h"
 
-#include <QHash>
-#include <QLocale>
 #include <QWidget>
 #include <memory>
-#include <vector>
 
 class QKeyEvent;
 class QLabel;
@@ -110,11 +108,8 @@ private:
     void connectGrid();
     QString statement() const;
     void showCategory();
-    void fill(NoteRows &rows);
-    bool update(NoteRows &rows);
-    bool updateRows(NoteRows &rows, dao::Recordset &notes, QSet<int> changed);
-    void sortAsRead(const std::vector<int> &keys);
-    int idOfRow(int row) const;
+    void read(const NoteListing::Source &source, NoteRows &rows);
+    void showAsItIs();
     void selectAgain(int row, int scroll);
     void showEmptyLabel();
 
@@ -131,13 +126,7 @@ private:
     const BrowserServices &m_services;
     dao::Database *m_database = nullptr;
     std::unique_ptr<dao::Recordset> m_rows;
-    // What the rows were read from, for a refresh that changes only those that were written since.
-    std::unique_ptr<dao::Recordset> m_listed; ///< the rows of m_statement; not with m_rows
-    QString m_statement;
-    QLocale m_locale;
-    QHash<int, QString> m_categoryNames;
-    std::vector<int> m_keys; ///< in the order of the reading; empty where that is not known
-    bool m_isAsRead = false; ///< nobody has sorted since
+    std::unique_ptr<NoteListing> m_listing;
     NoteGridImages m_images; ///< `ilsIcons`
     IconList m_headerImages; ///< `imgHeader`
     FileIcons m_fileIcons;

@@ -76,7 +76,7 @@ void NoteGrid::sortBy(int column)
         sort.setSortType(1, kSortTextNoCase);
     for (int other = 1; other <= m_grid->Columns(); ++other)
         m_grid->setColumnSortOrder(other, other == shown ? sort.SortOrder(1) : qint32(kSortNone));
-    m_isAsRead = false;
+    m_listing->sorted();
     try {
         m_grid->Sort();
     } catch (const RuntimeError &) {

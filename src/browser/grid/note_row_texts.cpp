@@ -3,6 +3,7 @@
 #include "browser/grid/note_columns.h"
 #include "platform/Shell.h"
 #include "shell/numeric_prefix.h"
+#include "shell/path_rules.h"
 #include "watcher/classify_location.h"
 
 namespace norvane {
@@ -10,7 +11,6 @@ namespace norvane {
 namespace {
 
 constexpr double kSecondsOfDay = 86400;
-constexpr qsizetype kLongestName = 240; // bytes; file systems take 255 with the extension
 
 } // namespace
 
@@ -52,20 +52,7 @@ NoteType NoteTypes::operator()(const QString &location)
 
 QString proposedFileName(const QString &title)
 {
-    QString name;
-    qsizetype bytes = 0;
-    for (const char32_t letter : title.toUcs4()) {
-        const bool isTaken =
-            QStringView(u"/\\:*?\"<>|.").contains(QChar(static_cast<char16_t>(letter))) && letter < 0x80;
-        const QString kept = isTaken || QChar::category(letter) == QChar::Other_Control
-                                 ? QStringLiteral(" ")
-                                 : QString::fromUcs4(&letter, 1);
-        bytes += kept.toUtf8().size();
-        if (bytes > kLongestName)
-            break;
-        name += kept;
-    }
-    return name;
+    return fileNameFrom(title, u"/\\:*?\"<>|.");
 }
 
 } // namespace norvane

@@ -1,7 +1,7 @@
 #include "controls/menustore/menu_records.h"
 
 #include "controls/menu/MenuItem.h"
-#include "controls/menustore/windows_1252.h"
+#include "shell/windows_1252.h"
 
 #include <QIODevice>
 #include <QtEndian>

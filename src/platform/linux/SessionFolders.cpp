@@ -11,6 +11,7 @@ SessionFolders SessionFolders::fromEnvironment()
     SessionFolders folders;
     folders.config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     folders.data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    folders.documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     folders.configSearch = QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation);
     folders.dataSearch = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
     folders.desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").toLower().split(u':', Qt::SkipEmptyParts);

@@ -9,6 +9,7 @@ struct SessionFolders
 {
     QString config;           ///< $XDG_CONFIG_HOME
     QString data;             ///< $XDG_DATA_HOME
+    QString documents;        ///< the user's own, as the desktop's settings tell
     QStringList configSearch; ///< config and $XDG_CONFIG_DIRS
     QStringList dataSearch;   ///< data and $XDG_DATA_DIRS
     QStringList desktops;     ///< $XDG_CURRENT_DESKTOP, lower case
@@ -17,6 +18,7 @@ struct SessionFolders
 
     QString settingsFile() const { return config + QStringLiteral("/norvane/norvane.conf"); }
     QString autostartFolder() const { return config + QStringLiteral("/autostart"); }
+    QString favoritesFolder() const { return documents + QStringLiteral("/Favorites"); }
     QString programFolder() const { return data + QStringLiteral("/norvane"); }
 };
 

@@ -23,6 +23,7 @@ constexpr std::array<const char *, kAtomCount> kAtomTexts = {
     "_NET_WM_STATE_SKIP_TASKBAR",
     "_NET_WM_STATE_SKIP_PAGER",
     "_NET_WM_STATE_HIDDEN",
+    "_NET_WM_STATE_ABOVE",
     "_NET_WM_WINDOW_TYPE",
     "_NET_WM_WINDOW_TYPE_DESKTOP",
     "_NET_WM_WINDOW_TYPE_DOCK",

@@ -24,6 +24,7 @@ enum class AtomName {
     NetWmStateSkipTaskbar,
     NetWmStateSkipPager,
     NetWmStateHidden,
+    NetWmStateAbove,
     NetWmWindowType,
     NetWmWindowTypeDesktop,
     NetWmWindowTypeDock,

@@ -3,6 +3,7 @@
 #include "platform/x11/WindowTable.h"
 #include "platform/x11/screen_scales.h"
 #include "platform/x11/window_geometry.h"
+#include "platform/x11/window_icon.h"
 #include "platform/x11/window_text.h"
 
 #include <QElapsedTimer>
@@ -20,6 +21,9 @@ namespace {
 
 /// The workspace of a window that is on all of them.
 constexpr quint32 kAllWorkspaces = 0xffffffff;
+// What a request does with a state of a window.
+constexpr quint32 kRemoveState = 0;
+constexpr quint32 kAddState = 1;
 /// How long the window manager gets to bring a window to the front.
 constexpr int kActivationMs = 100;
 
@@ -139,6 +143,11 @@ IconHandle X11WindowSystem::icon(WindowHandle window, IconSize, int) const
 {
     const WindowFacts *facts = m_table->facts(idOf(window));
     return facts && facts->hasIcon ? window : 0;
+}
+
+IconImage X11WindowSystem::iconImage(IconHandle icon, int side) const
+{
+    return x11::readIcon(m_table->connection(), idOf(icon), side);
 }
 
 QVector<WindowHandle> X11WindowSystem::children(WindowHandle window) const
@@ -269,6 +278,14 @@ void X11WindowSystem::bringWindowToTop(WindowHandle window)
     m_table->connection().tellWindowManager(
         idOf(window), AtomName::NetRestackWindow,
         {kUserSource, idOf(target), static_cast<quint32>(XCB_STACK_MODE_ABOVE), 0, 0});
+}
+
+void X11WindowSystem::setTopMost(WindowHandle window, bool on)
+{
+    const x11::DesktopConnection &connection = m_table->connection();
+    m_table->connection().tellWindowManager(
+        idOf(window), AtomName::NetWmState,
+        {on ? kAddState : kRemoveState, connection.atom(AtomName::NetWmStateAbove), 0, kUserSource, 0});
 }
 
 void X11WindowSystem::restoreWindow(WindowHandle window)

@@ -42,6 +42,7 @@ public:
     std::optional<QString> requestCaption(WindowHandle window, int timeoutMs) const override;
     bool responds(WindowHandle window, int timeoutMs) const override;
     IconHandle icon(WindowHandle window, IconSize size, int timeoutMs) const override;
+    IconImage iconImage(IconHandle icon, int side) const override;
 
     QVector<WindowHandle> children(WindowHandle window) const override;
     QString controlText(WindowHandle window) const override;
@@ -57,6 +58,7 @@ public:
     void setForegroundWindow(WindowHandle window) override;
     void setFocus(WindowHandle window) override;
     void bringWindowToTop(WindowHandle window) override;
+    void setTopMost(WindowHandle window, bool on) override;
     void restoreWindow(WindowHandle window) override;
     void lockWindowUpdate(WindowHandle window) override;
 

@@ -67,7 +67,12 @@ WindowHandle ShellForms::loadFrame()
     form->setCommandEnabled(QStringLiteral("SEARCH"), m_services.views.has(NoteViews::View::Search));
     connect(form, &mdiMain::shutDownRequested, this, &ShellForms::shutDownRequested);
     connect(form, &mdiMain::commandTriggered, this, &ShellForms::toolBarCommand);
-    form->setCommandEnabled(QStringLiteral("SETTINGS"), true);
+    connect(form, &mdiMain::dropped, this, [this](const QStringList &files, const QString &text) {
+        m_services.views.dropItems(files, text);
+    });
+    for (const QString &key :
+         {QStringLiteral("SETTINGS"), QStringLiteral("WINDOWLIST"), QStringLiteral("RUN")})
+        form->setCommandEnabled(key, true);
     connect(form, &mdiMain::activated, this, [this] {
         if (frmMain *child = browser())
             child->showRow();
@@ -156,7 +161,7 @@ void ShellForms::ToggleBrowser()
     }
 }
 
-bool ShellForms::showNotice(const QString &text, int durationMs)
+bool ShellForms::showNotice(const QString &text, int durationMs, Qt::WindowModality modality)
 {
     if (m_services.forms.FormIsLoaded(QStringLiteral("frmMessage")))
         return false;
@@ -165,6 +170,7 @@ bool ShellForms::showNotice(const QString &text, int durationMs)
         notice->setText(text);
     if (durationMs > 0)
         notice->setDuration(durationMs);
+    notice->setWindowModality(modality);
     notice->Show();
     return true;
 }

@@ -59,8 +59,9 @@ public:
     /// Shows `frmMessage`, unless one is loaded.
     /// @param text empty: the standing text
     /// @param durationMs how long it stands; 0: as long as it does by itself
+    /// @param modality of the notice
     /// @return whether it is shown
-    bool showNotice(const QString &text = {}, int durationMs = 0);
+    bool showNotice(const QString &text = {}, int durationMs = 0, Qt::WindowModality modality = Qt::NonModal);
 
 signals:
     /// The user wants the program to end.

@@ -1,5 +1,6 @@
 #include "shell/windows/mdiMain.h"
 
+#include "controls/DropTarget.h"
 #include "platform/Clock.h"
 #include "shell/window_places.h"
 #include "shell/windows/StatusPanel.h"
@@ -21,7 +22,6 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QWindow>
-#include <algorithm>
 
 namespace norvane {
 
@@ -71,6 +71,7 @@ mdiMain::mdiMain(FormList &forms, SettingsStore &settings, const Clock &clock, T
     makeMenus();
     makeStatusBar();
     makeCloseKeys();
+    connect(new DropTarget(this), &DropTarget::dropped, this, &mdiMain::dropped);
     m_forms.add(this);
 }
 
@@ -274,9 +275,7 @@ void mdiMain::keepWithinReach()
     const QSize fitting = size().boundedTo(room.marginsRemoved(around).size()).expandedTo(minimumSizeHint());
     const QSize outer = fitting.grownBy(around);
     const QPoint now = windowHandle()->framePosition();
-    const QPoint place(
-        std::clamp(now.x(), room.left(), std::max(room.left(), room.right() + 1 - outer.width())),
-        std::clamp(now.y(), room.top(), std::max(room.top(), room.bottom() + 1 - outer.height())));
+    const QPoint place = settings::withinReach(QRect(now, outer), room).topLeft();
     if (place != now)
         move(place);
     if (fitting != size())

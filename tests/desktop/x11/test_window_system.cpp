@@ -90,6 +90,68 @@ VirtualDesktop *WindowSystemTest::desktop = nullptr;
 
 } // namespace
 
+TEST_F(WindowSystemTest, ReadsTheIconsOfNewAndOldPrograms)
+{
+    // The window manager would give them an icon of its own.
+    const auto openWithdrawn = [&](const QString &title) {
+        const xcb_window_t window = open({.title = title});
+        foreign.unmap(window);
+        EXPECT_TRUE(waitFor([&] { return !windows.isVisible(window); }));
+        foreign.setNumbers(window, "_NET_WM_ICON", "CARDINAL", {});
+        EXPECT_TRUE(waitFor([&] { return windows.icon(window, WindowSystem::IconSize::Large, 500) == 0; }));
+        return window;
+    };
+    const xcb_window_t page = openWithdrawn(u"page"_qs);
+    foreign.setNumbers(page, "_NET_WM_ICON", "CARDINAL", {2, 1, 0xff112233, 0x80445566, 1, 1, 0xff778899});
+    ASSERT_TRUE(waitFor([&] { return windows.icon(page, WindowSystem::IconSize::Large, 500) != 0; }));
+    const IconHandle icon = windows.icon(page, WindowSystem::IconSize::Large, 500);
+    EXPECT_EQ(windows.iconImage(icon, 2), (IconImage{2, 1, {0xff112233, 0x80445566}}));
+    EXPECT_EQ(windows.iconImage(icon, 1), (IconImage{1, 1, {0xff778899}}));
+    foreign.destroy(page);
+    EXPECT_TRUE(windows.iconImage(icon, 16).isNull());
+
+    // A pixmap of two points, the second of which is masked away.
+    xcb_connection_t *other = xcb_connect(desktop->display().toLatin1().constData(), nullptr);
+    const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(other)).data;
+    const auto drawn = [&](uint8_t depth, uint32_t first, uint32_t second) {
+        const xcb_pixmap_t pixmap = xcb_generate_id(other);
+        xcb_create_pixmap(other, depth, pixmap, screen->root, 2, 1);
+        const xcb_gcontext_t pen = xcb_generate_id(other);
+        xcb_create_gc(other, pen, pixmap, 0, nullptr);
+        for (const int16_t place : {int16_t(0), int16_t(1)}) {
+            xcb_change_gc(other, pen, XCB_GC_FOREGROUND, place == 0 ? &first : &second);
+            const xcb_rectangle_t point = {place, 0, 1, 1};
+            xcb_poly_fill_rectangle(other, pixmap, pen, 1, &point);
+        }
+        return pixmap;
+    };
+    const quint32 pixmap = drawn(screen->root_depth, 0x123456, 0x654321);
+    const quint32 mask = drawn(1, 1, 0);
+    std::free(xcb_get_input_focus_reply(other, xcb_get_input_focus(other), nullptr)); // it has all of that
+    const xcb_window_t old = openWithdrawn(u"old"_qs);
+    foreign.setNumbers(old, "WM_HINTS", "WM_HINTS", {(1U << 2) | (1U << 5), 0, 0, pixmap, 0, 0, 0, mask, 0});
+    ASSERT_TRUE(waitFor([&] { return windows.icon(old, WindowSystem::IconSize::Small, 500) != 0; }));
+    EXPECT_EQ(windows.iconImage(old, 16), (IconImage{2, 1, {0xff123456, 0}}));
+    xcb_disconnect(other); // takes them along
+    EXPECT_TRUE(windows.iconImage(old, 16).isNull());
+}
+
+TEST_F(WindowSystemTest, KeepsAWindowOnTop)
+{
+    const xcb_window_t list = open({.title = u"list"_qs});
+    const xcb_window_t page = open({.title = u"page"_qs});
+    windows.setTopMost(list, true);
+    EXPECT_TRUE(waitFor([&] { return x.stacking().last() == list; }));
+    x.activate(page);
+    EXPECT_TRUE(waitFor([&] { return x.activeWindow() == page; }));
+    EXPECT_EQ(x.stacking().last(), list);
+    windows.setTopMost(list, false);
+    x.activate(list);
+    EXPECT_TRUE(waitFor([&] { return x.activeWindow() == list; }));
+    x.activate(page);
+    EXPECT_TRUE(waitFor([&] { return x.stacking().last() == page; }));
+}
+
 TEST_F(WindowSystemTest, KnowsCaptionClassOwnerAndKind)
 {
     const xcb_window_t page = open({.title = QString(253, u'a') + u"\U0001F600 and more"_qs,

@@ -1,7 +1,7 @@
 #include "controls/menu/PopupMenuModel.h"
 #include "controls/menustore/cStoreMenu.h"
-#include "controls/menustore/windows_1252.h"
 #include "platform/RuntimeError.h"
+#include "shell/windows_1252.h"
 
 #include <QBuffer>
 #include <QCoreApplication>

@@ -1,9 +1,9 @@
 #include "Desk.h"
 #include "fakes/FakeNoteGridView.h"
+#include "fakes/FakeNotices.h"
 #include "fakes/FakePrompts.h"
 #include "watcher/AttachWindow.h"
 #include "watcher/NoteHotKeys.h"
-#include "watcher/Notices.h"
 
 #include <gmock/gmock.h>
 
@@ -12,14 +12,6 @@ using namespace norvane::fakes;
 using namespace norvane::tests;
 
 namespace {
-
-class FakeNotices : public Notices
-{
-public:
-    QStringList shown;
-    void showStandingText() override { shown.append(u"standing text"_qs); }
-    void show(const QString &text) override { shown.append(text); }
-};
 
 class Attach : public testing::Test, protected Desk
 {

@@ -6,6 +6,7 @@
 #include "platform/linux/LinuxShell.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 using namespace norvane;
 using namespace norvane::test;
@@ -108,6 +109,28 @@ TEST_F(LinuxShellTest, ProgramsRunByPathByNameAndByTheirEntry)
     EXPECT_EQ(openFile(u"Broken.AppImage"_qs), Shell::kAccessDenied);
 }
 
+TEST_F(LinuxShellTest, ProgramsRunWithArgumentsThatNoShellReads)
+{
+    makeProgram(u"tools/tool"_qs);
+    makeProgram(u"bin/named"_qs);
+    makeFile(u"bin/no program"_qs, "text");
+    makeFile(u"data/applications/org.example.Tool.desktop"_qs, "[Desktop Entry]\n");
+    LinuxShell shell(folders);
+    EXPECT_EQ(shell.programNames(), QStringList({u"gio"_qs, u"named"_qs, u"xdg-open"_qs}));
+    EXPECT_EQ(shell.run(u"named"_qs, {u"a  b"_qs, u"$HOME;"_qs, u"`x`"_qs, u"*"_qs}), Shell::kOpened);
+    EXPECT_TRUE(waitForLog({u"named a  b $HOME; `x` *"_qs}));
+    EXPECT_EQ(shell.run(path(u"tools/tool"_qs), {u"c"_qs}), Shell::kOpened);
+    EXPECT_TRUE(waitForLog({u"named a  b $HOME; `x` *"_qs, u"tool c"_qs}));
+
+    EXPECT_EQ(shell.run(path(u"bin/no program"_qs), {}), Shell::kAccessDenied);
+    EXPECT_EQ(shell.run(path(u"tools"_qs), {}), Shell::kAccessDenied);
+    EXPECT_EQ(shell.run(path(u"tools/none"_qs), {}), Shell::kFileNotFound);
+    EXPECT_EQ(shell.run(u"org.example.Tool"_qs, {u"with"_qs, u"arguments"_qs}), Shell::kFileNotFound);
+    EXPECT_EQ(shell.run(QString(u"named"_qs).append(QChar(u'\0')), {}), Shell::kFileNotFound);
+    EXPECT_TRUE(shell.isAddress(u"www.example.org"_qs));
+    EXPECT_FALSE(shell.isAddress(u"named a:b"_qs));
+}
+
 TEST_F(LinuxShellTest, MissingRightsAreTold)
 {
     makeFile(u"secret.txt"_qs, "x");
@@ -137,6 +160,16 @@ TEST_F(LinuxShellTest, ProgramFolderIsMadeForTheUserAlone)
         ASSERT_EQ(::stat(QFile::encodeName(made).constData(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777, 0700u);
     }
+}
+
+TEST_F(LinuxShellTest, FavoritesAreMadeAmongTheUsersDocuments)
+{
+    folders.documents = path(u"Dokumente"_qs);
+    const LinuxShell shell(folders);
+    EXPECT_EQ(shell.specialFolder(SpecialFolder::Favorites), path(u"Dokumente/Favorites"_qs));
+    EXPECT_TRUE(QFileInfo(path(u"Dokumente/Favorites"_qs)).isDir());
+    EXPECT_EQ(shell.specialFolder(SpecialFolder::Startup), path(u"config/autostart"_qs));
+    EXPECT_TRUE(shell.specialFolder(SpecialFolder::Recent).isEmpty());
 }
 
 TEST_F(LinuxShellTest, StartsWithTheSessionByAnEntryThatTheDesktopMaySwitchOff)

@@ -1,4 +1,4 @@
-#include "controls/menustore/windows_1252.h"
+#include "shell/windows_1252.h"
 
 #include <algorithm>
 #include <iterator>
