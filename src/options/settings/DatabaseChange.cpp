@@ -57,11 +57,7 @@ bool DatabaseChange::isLocked(const QString &folder) const
 {
     if (!DatabaseIsLocked(m_parts.store.engine(), databaseFileIn(folder)))
         return false;
-    m_parts.prompts.messageBox(
-        QStringLiteral("Can not start Norvane database.\r\nDatabase located in '%1' is "
-                       "currently locked by another user.")
-            .arg(folder),
-        Prompts::kCritical, kApplicationTitle.toString());
+    tellDatabaseIsLocked(m_parts.prompts, folder);
     return true;
 }
 
