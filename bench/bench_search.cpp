@@ -1,14 +1,12 @@
 // What a search costs: a text condition over all notes, then the filter of dates on its hits. The peer
 // is `grep -c` over the same texts in one file.
 
+#include "notes_with_texts.h"
 #include "platform/sqlite/SqliteEngine.h"
 #include "store/note_schema.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
-#include <QFile>
 #include <QProcess>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <map>
@@ -17,24 +15,9 @@ using namespace norvane;
 
 namespace {
 
-constexpr int kWordsOfNote = 150; // about a kilobyte
 constexpr int kFirstRows = 50;
 
-/// Words of Latin and, in every tenth note, of Cyrillic letters.
-QStringList makeWords(QRandomGenerator &random, char16_t first, int letters)
-{
-    QStringList words;
-    for (int i = 0; i < 2000; ++i) {
-        QString word;
-        for (int length = static_cast<int>(random.bounded(2, 11)); length > 0; --length)
-            word += QChar(first + random.bounded(letters));
-        words.append(word);
-    }
-    return words;
-}
-
-/// A database of that many notes with a kilobyte of text each. All of them hold "everywhere", the one in
-/// the middle holds "Needle".
+/// A database of that many notes with texts.
 class Notes
 {
 public:
@@ -45,7 +28,7 @@ public:
         database->appendTable(categoryTable());
         database->appendTable(memosTable());
         database->close();
-        addAll(count);
+        bench::addNotesWithTexts(path, count, texts);
         database = m_engine->workspace(0)->openDatabase(path, false, false, {});
     }
 
@@ -55,48 +38,6 @@ public:
     std::unique_ptr<dao::Database> database;
 
 private:
-    /// By the shell of the database's own program: a note that is saved takes a sync of the disk.
-    void addAll(int count)
-    {
-        QRandomGenerator random(11);
-        const QStringList latin = makeWords(random, u'a', 26);
-        const QStringList cyrillic = makeWords(random, u'\u0430', 32);
-        const QDateTime start(QDate(2004, 1, 1), QTime(8, 0));
-        QFile bodies(texts);
-        QProcess program;
-        program.start(QStringLiteral("sqlite3"), {path});
-        if (!bodies.open(QIODevice::WriteOnly) || !program.waitForStarted())
-            qFatal("The notes cannot be made.");
-        program.write("begin;\n");
-        for (int i = 0; i < count; ++i) {
-            const QStringList &words = i % 10 == 9 ? cyrillic : latin;
-            QString text = QStringLiteral("This is found everywhere.");
-            for (int word = 0; word < kWordsOfNote; ++word)
-                text += u' ' + words[random.bounded(words.size())];
-            if (i == count / 2)
-                text += QStringLiteral(" Needle");
-            bodies.write(text.toUtf8() + '\n');
-            const auto date = [&] {
-                return start.addSecs(random.bounded(600'000'000))
-                    .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
-            };
-            program.write(
-                QStringLiteral("insert into Memos(FriendlyName,WindowName,URL,Active,Cat_ID,DateCreated,"
-                               "LastUpdate,KeyWords,NoteText) values('Note on page %1 of the site','Page %1',"
-                               "'https://example.org/pages/%1/index.html',-1,%2,'%3','%4','','%5');\n")
-                    .arg(QString::number(random.bounded(1'000'000)), QString::number(i % 7), date(), date(),
-                         text)
-                    .toUtf8());
-            if (i % 1000 == 0)
-                while (program.bytesToWrite() > 0)
-                    program.waitForBytesWritten();
-        }
-        program.write("commit;\n");
-        program.closeWriteChannel();
-        if (!program.waitForFinished(300'000) || program.exitCode() != 0)
-            qFatal("The notes could not be made: %s", program.readAllStandardError().constData());
-    }
-
     std::unique_ptr<dao::Engine> m_engine = dao::makeSqliteEngine();
 };
 

@@ -5,10 +5,12 @@
 #include "platform/linux/EndSignals.h"
 #include "platform/linux/FileInstanceLock.h"
 #include "platform/linux/IniSettingsStore.h"
+#include "platform/linux/LinuxMail.h"
 #include "platform/linux/LinuxShell.h"
 #include "platform/linux/LinuxShellWindows.h"
 #include "platform/linux/LinuxSound.h"
 #include "platform/linux/LinuxTrayHost.h"
+#include "platform/linux/NoOutlookNotes.h"
 #include "platform/linux/PosixFileSystem.h"
 #include "platform/linux/ProcProcesses.h"
 #include "platform/linux/SessionFolders.h"
@@ -38,6 +40,8 @@ struct Backends
     SystemClock clock;
     LinuxShell shell{folders};
     LinuxSound sound;
+    LinuxMail mail{folders};
+    NoOutlookNotes outlook;
     ProcProcesses processes;
     std::unique_ptr<dao::Engine> engine;
 

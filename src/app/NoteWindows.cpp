@@ -8,6 +8,8 @@
 #include "browser/editor/note_editors.h"
 #include "browser/grid/NoteGrid.h"
 #include "browser/grid/note_columns.h"
+#include "exchange/outgoing/export_to_outlook.h"
+#include "exchange/outgoing/frmMAPI.h"
 #include "exchange/shortcuts/FavoriteDialog.h"
 #include "exchange/shortcuts/shortcuts.h"
 #include "platform/RuntimeError.h"
@@ -15,6 +17,7 @@
 #include "search/frmSearch.h"
 #include "shell/forms/ShellForms.h"
 #include "shell/internal_error.h"
+#include "shell/windows/mdiMain.h"
 
 #include <QApplication>
 
@@ -30,10 +33,19 @@ QWidget *activeWindow()
 
 } // namespace
 
+NoteWindows::NoteWindows(const BrowserServices &services, NoteRescue &rescue, ShellForms &forms,
+                         ProgramOptions &options, Mail &mail, OutlookNotes &outlook)
+    : m_services(services), m_rescue(rescue), m_forms(forms), m_options(options), m_mail(mail),
+      m_outlook(outlook), m_newNotes(services, [this]() -> QWidget * {
+          mdiMain *frame = m_forms.frame();
+          return frame && frame->isFrameVisible() ? frame : nullptr;
+      })
+{
+}
+
 bool NoteWindows::has(View view) const
 {
-    return view == View::Categories || view == View::Properties || view == View::OpenNote ||
-           view == View::Search || view == View::Favorites;
+    return true;
 }
 
 void NoteWindows::showNewNote()
@@ -88,6 +100,27 @@ void NoteWindows::AddToFavorites(const QString &title, const QString &location)
     } catch (const RuntimeError &error) {
         showRuntimeError(prompts, error);
     }
+}
+
+void NoteWindows::SendNorvane(int ID)
+{
+    frmMAPI(m_services.store, m_mail, m_services.edit.prompts).SendNorvane(ID);
+}
+
+void NoteWindows::exportToOutlook(const QString &text)
+{
+    ExportToOutlook(m_outlook, m_services.edit.prompts, text);
+}
+
+void NoteWindows::dropItems(const QStringList &files, const QString &text)
+{
+    if (!m_drops)
+        m_drops.emplace(DropRoutine::Parts{.forms = m_services.forms,
+                                           .files = m_services.edit.files,
+                                           .events = m_services.events,
+                                           .dialogs = m_newNotes,
+                                           .browser = m_services.browser});
+    m_drops->run(files, text);
 }
 
 void NoteWindows::showOpenNote(NV_RTFEdit &RTFObj, const QString &caption)

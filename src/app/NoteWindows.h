@@ -1,10 +1,14 @@
 #pragma once
 
+#include "browser/dialogs/NewNoteDialogs.h"
+#include "exchange/drops/DropRoutine.h"
 #include "watcher/NoteViews.h"
 
 namespace norvane {
 
+class Mail;
 class NoteRescue;
+class OutlookNotes;
 class ProgramOptions;
 class ShellForms;
 struct BrowserServices;
@@ -15,12 +19,8 @@ class NoteWindows : public NoteViews
 public:
     /// All must outlive this object; they need not be made yet.
     NoteWindows(const BrowserServices &services, NoteRescue &rescue, ShellForms &forms,
-                ProgramOptions &options)
-        : m_services(services), m_rescue(rescue), m_forms(forms), m_options(options)
-    {
-    }
+                ProgramOptions &options, Mail &mail, OutlookNotes &outlook);
 
-    /// Mail and the organizer are still to come.
     bool has(View view) const override;
     void showNewNote() override;
     void showEditor(int ID, const QString &title, const QString &location) override;
@@ -29,16 +29,21 @@ public:
     void showSearch(std::optional<int> category) override;
     void showCategories() override;
     QStringList chooseCategories() override;
-    void SendNorvane(int) override {}
+    void SendNorvane(int ID) override;
     void AddToFavorites(const QString &title, const QString &location) override;
     void showOpenNote(NV_RTFEdit &RTFObj, const QString &caption) override;
-    void exportToOutlook(const QString &) override {}
+    void exportToOutlook(const QString &text) override;
+    void dropItems(const QStringList &files, const QString &text) override;
 
 private:
     const BrowserServices &m_services;
     NoteRescue &m_rescue;
     ShellForms &m_forms;
     ProgramOptions &m_options;
+    Mail &m_mail;
+    OutlookNotes &m_outlook;
+    NewNoteDialogs m_newNotes;
+    std::optional<DropRoutine> m_drops; ///< once something was dropped
 };
 
 } // namespace norvane

@@ -42,6 +42,8 @@ public:
     int run(const QStringList &arguments);
     /// Shows an error that no routine has handled, and waits until it is read.
     void tellOf(const RuntimeError &error);
+    /// Whether another program wants to know of each key, or that is not known.
+    bool keysAreListenedTo() const { return m_backends.shellWindows.keysAreListenedTo(); }
 
     /// Makes the end that the session asks for the program's own.
     bool eventFilter(QObject *watched, QEvent *event) override;

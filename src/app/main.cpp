@@ -68,5 +68,7 @@ int main(int argc, char **argv)
         if (running)
             running->tellOf(error);
     });
+    application.setKeysAreListenedTo(
+        [running = QPointer<Program>(&program)] { return !running || running->keysAreListenedTo(); });
     return program.run(arguments);
 }

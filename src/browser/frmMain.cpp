@@ -6,6 +6,7 @@
 #include "browser/grid/NoteGrid.h"
 #include "browser/grid/note_columns.h"
 #include "controls/BusyPointer.h"
+#include "controls/DropTarget.h"
 #include "platform/EventLoop.h"
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
@@ -132,6 +133,9 @@ void frmMain::connectParts()
     connect(m_categoryBar, &CategoryBar::tabClick, this, &frmMain::tabClick);
     connect(m_categoryBar, &CategoryBar::menuAsked, this, &frmMain::showCategoryMenu);
     connect(m_strip, &SideStrip::buttonClicked, this, &frmMain::sideButton);
+    connect(
+        new DropTarget(m_strip), &DropTarget::dropped, this,
+        [this](const QStringList &files, const QString &text) { m_services.views.dropItems(files, text); });
 
     const NoteViews &views = m_services.views;
     m_strip->setAvailable(QStringLiteral("ARButton1"), views.has(View::Search));

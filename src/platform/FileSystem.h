@@ -14,7 +14,8 @@ class FileSystem
 public:
     virtual ~FileSystem();
 
-    /// True for files and for folders.
+    /// True for files and for folders. Where names need not be texts, a file with such a name is asked for
+    /// by its "file:" address.
     virtual bool exists(const QString &path) const = 0;
     /// Bytes of a file. Raises 53 when it is not there, 75 when it is no file that can be read.
     virtual qint64 size(const QString &path) const = 0;

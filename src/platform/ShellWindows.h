@@ -44,6 +44,9 @@ public:
     virtual bool needsAccessibility() const = 0;
     /// Turns the desktop's accessibility switch on. Ask the user before.
     virtual void enableAccessibility() = 0;
+    /// Whether another program, a screen reader for one, listens on the accessibility bus to the keys that
+    /// windows get. True, too, while that is not known.
+    virtual bool keysAreListenedTo() const = 0;
 
 signals:
     /// The location of the window differs from the one last told, or has become known.

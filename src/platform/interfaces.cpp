@@ -6,7 +6,9 @@
 #include "platform/FileSystem.h"
 #include "platform/HotKeys.h"
 #include "platform/InstanceLock.h"
+#include "platform/Mail.h"
 #include "platform/Notifier.h"
+#include "platform/OutlookNotes.h"
 #include "platform/Printing.h"
 #include "platform/Processes.h"
 #include "platform/Prompts.h"
@@ -28,7 +30,9 @@ EventLoop::~EventLoop() = default;
 FileSystem::~FileSystem() = default;
 HotKeys::~HotKeys() = default;
 InstanceLock::~InstanceLock() = default;
+Mail::~Mail() = default;
 Notifier::~Notifier() = default;
+OutlookNotes::~OutlookNotes() = default;
 PrintJob::~PrintJob() = default;
 Printing::~Printing() = default;
 Processes::~Processes() = default;

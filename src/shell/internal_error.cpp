@@ -32,7 +32,12 @@ void showRuntimeError(Prompts &prompts, const RuntimeError &error)
 
 void tell(Prompts &prompts, const QString &text)
 {
-    prompts.messageBox(text, Prompts::kExclamation, kApplicationTitle.toString());
+    tell(prompts, text, Prompts::kExclamation);
+}
+
+void tell(Prompts &prompts, const QString &text, int style)
+{
+    prompts.messageBox(text, style, kApplicationTitle.toString());
 }
 
 bool ask(Prompts &prompts, const QString &question, int style)

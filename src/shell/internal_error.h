@@ -21,8 +21,10 @@ void showInternalError(Prompts &prompts, const QString &what, const RuntimeError
 /// Shows an error that no routine has handled, with its number and its description; the program goes on.
 void showRuntimeError(Prompts &prompts, const RuntimeError &error);
 
-/// Shows why something that was asked for was not done, in a box with the program's title.
+/// Shows a message in a box with the program's title.
+/// @param style the icon of the box; that of a warning unless it is told
 void tell(Prompts &prompts, const QString &text);
+void tell(Prompts &prompts, const QString &text, int style);
 
 /// Asks a question in a box with the program's title.
 /// @param style the icon of the box, and what else of Prompts belongs to it

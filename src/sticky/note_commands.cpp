@@ -137,7 +137,7 @@ void NoteCommand::exportDocument()
         frmSticky::tr("Save as"),
         frmSticky::tr("Rich Text Format (*.RTF)|*.rtf|Plain Text (*.TXT)|*.txt|All Files (*.*)|*.*",
                       "kinds of files"),
-        QStringLiteral("rtf"));
+        QStringLiteral("RTF"));
     if (path.isEmpty() || !m_note)
         return;
     const QString extension = documentExtension(path);

@@ -45,6 +45,11 @@ public:
     virtual void showOpenNote(NV_RTFEdit &RTFObj, const QString &caption) = 0;
     /// Makes a note of the organizer from a text.
     virtual void exportToOutlook(const QString &text) = 0;
+
+    /// Makes notes of what was dropped on a window, and waits for the end of the dialogs. To be called when
+    /// the drop has returned.
+    /// @param files paths; where there is none, @param text may be a location
+    virtual void dropItems(const QStringList &files, const QString &text) = 0;
 };
 
 } // namespace norvane

@@ -12,6 +12,9 @@ namespace norvane::test {
 /// Long enough for several looks at the desktop: what has not come by then does not come.
 inline constexpr int kSeveralTicksMs = 1500;
 
+/// A browser is wider than any other window of the program, its splash among them.
+inline constexpr int kLeastBrowserWidth = 800;
+
 inline const QRect kLeft(20, 40, 620, 560);
 inline const QRect kRight(650, 40, 620, 560);
 
@@ -99,6 +102,25 @@ protected:
     std::string texts() const
     {
         return m_norvane.query(QStringLiteral("select ID, NoteText from Memos order by ID")).toStdString();
+    }
+
+    /// Opens the browser by its hot key; its list has the keyboard then. @return 0 if it did not come
+    xcb_window_t openBrowser()
+    {
+        x().press(QStringLiteral("ctrl+alt+w"));
+        xcb_window_t browser = 0;
+        waitFor([&] {
+            browser = active(QStringLiteral("Norvane"));
+            return browser != 0 && x().geometry(browser).width() > kLeastBrowserWidth; // and no splash
+        });
+        return browser;
+    }
+
+    /// The window of the program that has the keyboard, if its title contains that.
+    xcb_window_t active(const QString &title)
+    {
+        const xcb_window_t window = x().activeWindow();
+        return m_norvane.shownWindows().contains(window) && x().title(window).contains(title) ? window : 0;
     }
 
     bool isInside(xcb_window_t note, xcb_window_t target)

@@ -9,7 +9,6 @@ namespace {
 
 /// More pixels than a text cursor that stands in one picture of two, and less than a word.
 constexpr int kCursorPixels = 60;
-constexpr int kLeastWidth = 800;
 /// Pixels of paper, of the 85,000 of a new note with its tool bar.
 constexpr int kMostOfANote = 40000;
 /// Fewer pixels than an editor covers, more than a preview.
@@ -19,25 +18,6 @@ constexpr int kEditorPixels = 20000;
 class NoteBrowser : public NotesOnWindows
 {
 protected:
-    /// Opens the browser by its hot key; its list has the keyboard then. @return 0 if it did not come
-    xcb_window_t openBrowser()
-    {
-        x().press(QStringLiteral("ctrl+alt+w"));
-        xcb_window_t browser = 0;
-        waitFor([&] {
-            browser = active(QStringLiteral("Norvane"));
-            return browser != 0 && x().geometry(browser).width() > kLeastWidth; // and no splash
-        });
-        return browser;
-    }
-
-    /// The window of the program that has the keyboard, if its title contains that.
-    xcb_window_t active(const QString &title)
-    {
-        const xcb_window_t window = x().activeWindow();
-        return m_norvane.shownWindows().contains(window) && x().title(window).contains(title) ? window : 0;
-    }
-
     /// Presses a key for a dialog, again if a window that has just got the keyboard has missed it.
     /// @return 0 if none came
     xcb_window_t dialogBy(const QString &key, const QString &title)

@@ -2,6 +2,8 @@
 
 #include <QImage>
 #include <QRegularExpression>
+#include <QUrl>
+#include <QUrlQuery>
 
 using namespace norvane::test;
 
@@ -110,6 +112,46 @@ TEST_F(NoteMenu, DeletesAfterAsking)
     EXPECT_EQ(m_norvane.query(QStringLiteral("select count(*) from Memos")).toStdString(), "0");
     EXPECT_TRUE(m_norvane.body(1).isEmpty());
     EXPECT_EQ(m_norvane.noteOn(target), 0u);
+}
+
+TEST_F(NoteMenu, SendsTheNoteByMail)
+{
+    ASSERT_NO_FATAL_FAILURE(openNote(QStringLiteral("sent")));
+    ASSERT_TRUE(choose({QStringLiteral("m")}));
+    const xcb_window_t notice = m_norvane.windowTitled(QStringLiteral("Norvane"));
+    ASSERT_NE(notice, 0u) << "no mail program";
+    x().press(QStringLiteral("Return"));
+    ASSERT_TRUE(waitFor([&] { return !x().exists(notice); }));
+
+    const QString applications = m_desktop.home() + QStringLiteral("/.local/share/applications");
+    const QString program = m_desktop.home() + QStringLiteral("/mails");
+    const QString given = m_desktop.home() + QStringLiteral("/given");
+    const QByteArray script = "#!/bin/sh\nprintf '%s\\n' \"$#\" \"$@\" > '" + given.toLocal8Bit() +
+                              ".new'\nmv '" + given.toLocal8Bit() + ".new' '" + given.toLocal8Bit() + "'\n";
+    ASSERT_TRUE(QDir().mkpath(applications) && norvane::putBytes(program, script));
+    QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    ASSERT_TRUE(norvane::putBytes(applications + QStringLiteral("/mails.desktop"),
+                                  "[Desktop Entry]\nType=Application\nName=Mails\n"
+                                  "MimeType=x-scheme-handler/mailto;\nExec=" +
+                                      program.toLocal8Bit() + " %u\n"));
+    ASSERT_TRUE(norvane::putBytes(m_desktop.home() + QStringLiteral("/.config/mimeapps.list"),
+                                  "[Default Applications]\nx-scheme-handler/mailto=mails.desktop\n"));
+    ASSERT_TRUE(m_norvane.bringToFront(target));
+    const QString name = QStringLiteral("it''s \"100%\" \\t $HOME & more");
+    m_norvane.query(QStringLiteral("update Memos set FriendlyName='%1'").arg(name));
+    ASSERT_TRUE(choose({QStringLiteral("m")}));
+    ASSERT_TRUE(waitFor([&] { return QFile::exists(given); }, 60000));
+    const QStringList lines = QString::fromUtf8(norvane::bytesOf(given)).split(u'\n');
+    ASSERT_EQ(lines.value(0).toStdString(), "1");
+    const QUrlQuery mail{QUrl(lines.value(1))};
+    const auto part = [&mail](const char *key) {
+        return mail.queryItemValue(QString::fromLatin1(key), QUrl::FullyDecoded);
+    };
+    EXPECT_EQ(part("subject").toStdString(), "it's \"100%\" \\t $HOME & more");
+    EXPECT_EQ(part("body").toStdString(),
+              m_norvane.query(QStringLiteral("select URL from Memos")).toStdString());
+    EXPECT_TRUE(part("attach").endsWith(QStringLiteral("/Norvane Note.rtf"))) << part("attach").toStdString();
+    EXPECT_EQ(norvane::bytesOf(part("attach")), m_norvane.body(1));
 }
 
 TEST_F(NoteMenu, ExportsAndImportsDocuments)

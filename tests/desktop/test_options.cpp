@@ -10,10 +10,6 @@ namespace {
 class OptionsOnTheDesktop : public NotesOnWindows
 {
 protected:
-    /// While there is an accessibility bus the toolkit sends every key through it, and loses some on a busy
-    /// machine: of eight runs side by side two failed with it, none without.
-    VirtualDesktop::Options desktopOptions() const override { return {.accessibility = false}; }
-
     /// The window opens on the fourth of its pages, with the keyboard on their row.
     bool openOptions()
     {
@@ -24,12 +20,7 @@ protected:
                 continue;
             x().press(u"alt+n"_s);
             // A key that comes before the menu would be the list's.
-            if (!waitFor(
-                    [&] {
-                        const xcb_window_t menu = x().menuOfProcess(m_norvane.process()->processId());
-                        return menu != 0 && x().isViewable(menu);
-                    },
-                    4000))
+            if (!waitFor([&] { return isMenuOpen(); }, 4000))
                 continue;
             x().press(u"o"_s);
             if (waitFor([&] { return titled(u"Norvane Options"_s) != 0; }, 4000))
@@ -37,6 +28,12 @@ protected:
             x().press(u"Escape"_s);
         }
         return false;
+    }
+    /// Whether a menu or the list of a box is open.
+    bool isMenuOpen()
+    {
+        const xcb_window_t menu = x().menuOfProcess(m_norvane.process()->processId());
+        return menu != 0 && x().isViewable(menu);
     }
     /// Goes to another page, and to the control that so many Tabs lead to.
     void goTo(int pages, int tabs)
@@ -66,6 +63,42 @@ protected:
             }
             return true;
         });
+    }
+    /// Answers the questions of a change of the database with Yes, until the window is closed.
+    bool answerYes(int questions)
+    {
+        constexpr int kFrameWidth = 800; // less than that of the frame, more than that of a box
+        for (int i = 0; i < questions; ++i) {
+            const auto box = [&] {
+                const xcb_window_t window = titled(u"Norvane"_s);
+                return window != 0 && x().geometry(window).width() < kFrameWidth ? window : 0;
+            };
+            if (!waitFor([&] { return box() != 0; }))
+                return false;
+            const xcb_window_t asked = box();
+            x().press(u"alt+y"_s);
+            if (!waitFor([&] { return !x().exists(asked) || !x().isViewable(asked); }))
+                return false;
+        }
+        return isClosed(u"Norvane Options"_s);
+    }
+    /// Changes to a database of the list of recent ones.
+    /// @param key leads to it in the list
+    bool changeDatabase(const QString &key, int questions)
+    {
+        if (!openOptions())
+            return false;
+        goTo(-3, 3);
+        x().press(u"Down"_s);
+        if (!waitFor([&] { return isMenuOpen(); }))
+            return false;
+        x().press(key);
+        x().press(u"Return"_s);
+        // A key that comes while it closes would be the list's.
+        if (!waitFor([&] { return !isMenuOpen(); }))
+            return false;
+        x().press(u"Return"_s);
+        return answerYes(questions);
     }
     QString settings() const
     {
@@ -158,6 +191,40 @@ TEST_F(OptionsOnTheDesktop, APasswordLocksTheDatabase)
     x().press(u"Return"_s);
     ASSERT_TRUE(waitFor([&] { return m_norvane.isArmed(); }));
     EXPECT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) != 0; })) << "its note is back";
+}
+
+TEST_F(OptionsOnTheDesktop, AnotherDatabaseTakesTheNotesAwayAndGivesThemBack)
+{
+    const QString other = m_desktop.home() + u"/Other"_s;
+    QDir().mkpath(other);
+    QDir().mkpath(m_desktop.home() + u"/.config/norvane"_s);
+    ASSERT_TRUE(
+        putBytes(m_desktop.home() + u"/.config/norvane/norvane.conf"_s,
+                 "[DB]\nMRU1=" + other.toUtf8() + "/\nMRU2=" + m_norvane.notesFolder().toUtf8() + "/\n"));
+    const xcb_window_t editor = openEditor(kRight);
+    ASSERT_TRUE(editor != 0 && startNorvane());
+    const xcb_window_t first = writeNote(editor, u"In the first database."_s);
+    ASSERT_NE(first, 0u);
+
+    ASSERT_TRUE(changeDatabase(u"Home"_s, 2)) << "it is made first";
+    EXPECT_TRUE(waitFor([&] { return !x().exists(first) || !x().isViewable(first); }));
+    EXPECT_FALSE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }, kSeveralTicksMs));
+    EXPECT_TRUE(QFile::exists(other + u"/Norvane.DAT"_s));
+    const xcb_window_t second = m_norvane.attach(editor);
+    ASSERT_TRUE(second != 0 && m_norvane.typeInto(second, u"In the second."_s));
+    x().press(u"ctrl+s"_s);
+    const QString secondBody = other + u"/Norvane_00000001"_s;
+    ASSERT_TRUE(waitFor([&] { return bytesOf(secondBody).contains("In the second."); }));
+
+    ASSERT_TRUE(changeDatabase(u"End"_s, 1));
+    ASSERT_TRUE(waitFor([&] {
+        const xcb_window_t note = m_norvane.noteOn(editor);
+        return note != 0 && note != second;
+    })) << "its note is back";
+    ASSERT_TRUE(m_norvane.typeInto(m_norvane.noteOn(editor), u" Again."_s));
+    x().press(u"ctrl+s"_s);
+    EXPECT_TRUE(waitFor([&] { return texts() == "1|In the first database. Again."; }));
+    EXPECT_FALSE(bytesOf(secondBody).contains("Again."));
 }
 
 } // namespace

@@ -42,6 +42,10 @@ public:
         opened.append(QStringLiteral("favorite %1|%2").arg(title, location));
     }
     void showOpenNote(NV_RTFEdit &, const QString &caption) override { opened.append(caption); }
+    void dropItems(const QStringList &files, const QString &text) override
+    {
+        opened.append(QStringLiteral("drop ") + (files.isEmpty() ? text : files.join(u'|')));
+    }
     void exportToOutlook(const QString &text) override { opened.append(QStringLiteral("outlook ") + text); }
 };
 

@@ -44,6 +44,7 @@ public:
     }
     bool needsAccessibility() const override { return accessibilityNeeded; }
     void enableAccessibility() override { accessibilityNeeded = false; }
+    bool keysAreListenedTo() const override { return true; }
 };
 
 } // namespace norvane::fakes

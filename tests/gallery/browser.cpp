@@ -1,6 +1,7 @@
 // Pictures for looking at: the note browser and its dialogs, with notes in a real database.
 
 #include "browser/CategoryBar.h"
+#include "browser/dialogs/NewNoteDialogs.h"
 #include "browser/dialogs/frmNewNote.h"
 #include "browser/dialogs/frmProperty.h"
 #include "browser/editor/frmEditor.h"
@@ -232,6 +233,14 @@ private:
     {
         keepModal([this](QWidget &dialog) { keep(dialog, u"new-note"_s); },
                   [this] { (new frmNewNote(services, m_frame))->showModal(); });
+        keepModal([this](QWidget &dialog) { keep(dialog, u"new-note-dropped"_s); },
+                  [this] {
+                      NewNoteDrop drop;
+                      NewNoteDialogs(services, [this] { return m_frame; })
+                          .show({u"Offer of the plumber"_s,
+                                 u"/home/ada/Documents/House/Offer of the plumber.2026-11.pdf"_s, true},
+                                drop);
+                  });
     }
 
     void favorite()

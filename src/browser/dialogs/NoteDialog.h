@@ -20,6 +20,8 @@ public:
 
     /// Shows the dialog and returns when it is unloaded.
     void showModal();
+    /// The same, before the windows of all programs and with the keyboard.
+    void showModalInFront();
 
     // Form
     QString formName() const override { return objectName(); }
@@ -33,11 +35,16 @@ protected:
     /// @param services must outlive the dialog
     NoteDialog(const BrowserServices &services, const QString &name, QWidget *parent);
 
+    void paintEvent(QPaintEvent *event) override;
+
     const BrowserServices &m_services;
 
 private:
+    void bringToFront();
+
     std::optional<WatchPause> m_pause;
     bool m_unloaded = false;
+    bool m_comesToFront = false; ///< when the window manager has shown it
 };
 
 } // namespace norvane

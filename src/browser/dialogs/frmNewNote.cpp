@@ -6,6 +6,7 @@
 #include "browser/dialogs/dialog_parts.h"
 #include "browser/dialogs/new_note.h"
 #include "browser/dialogs/note_properties.h"
+#include "exchange/drops/NewNoteForms.h"
 #include "platform/RuntimeError.h"
 #include "richtext/EditServices.h"
 #include "shell/internal_error.h"

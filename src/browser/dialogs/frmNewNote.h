@@ -10,14 +10,7 @@ namespace norvane {
 
 class CategoryBox;
 class LocationBox;
-
-/// What the dialogs of one drop of several items leave for each other and for the routine behind it.
-struct NewNoteDrop
-{
-    bool applyToAll = false;       ///< the box "Apply to all items" was checked
-    int appliedCategory = 0;       ///< the category that was chosen with it
-    bool newNoteCancelled = false; ///< a dialog was left without a note
-};
+struct NewNoteDrop;
 
 /// Makes one note that is not tied to a window yet. Every button but "..." unloads it.
 class frmNewNote : public NoteDialog

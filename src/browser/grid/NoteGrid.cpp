@@ -30,6 +30,7 @@ namespace {
 constexpr int kActiveWidth = 20;
 constexpr int kCategoryBarTwips = 365;
 constexpr int kRowsBeforeWorking = 100;
+constexpr int kRowsOfFirstPicture = 100; // more than a screen has
 
 struct Column
 {
@@ -184,6 +185,9 @@ void NoteGrid::connectGrid()
     });
     connect(m_grid, &vbalGrid::DblClick, this, &NoteGrid::rowDoubleClicked);
     connect(m_grid, &vbalGrid::MenuKey, this, &NoteGrid::showMenu);
+    connect(m_grid, &vbalGrid::Dropped, this, [this](const QStringList &files, const QString &text) {
+        m_services.views.dropItems(files, text);
+    });
     connect(m_grid, &vbalGrid::SelectionChange, this,
             [this](int row, int column) { emit RowChange(row, column, RowID()); });
     m_grid->installEventFilter(this);
@@ -250,7 +254,8 @@ void NoteGrid::Refresh_Grid()
     showEmptyLabel();
 }
 
-/// Reads all rows. That of many in the browser is told.
+/// Reads all rows. That of many in the browser is told; what was found is to be seen before all of it is
+/// read.
 void NoteGrid::read(const NoteListing::Source &source, NoteRows &rows)
 {
     bool saysWorking = false;
@@ -263,7 +268,17 @@ void NoteGrid::read(const NoteListing::Source &source, NoteRows &rows)
             saysWorking = true;
             emit Working(tr("Working..."));
         }
+        if (m_rows && m_grid->Rows() == kRowsOfFirstPicture)
+            showAsItIs();
     });
+}
+
+/// Has what is there drawn while more is read.
+void NoteGrid::showAsItIs()
+{
+    m_grid->setRedraw(true);
+    m_grid->viewport()->repaint();
+    m_grid->setRedraw(false);
 }
 
 /// A fault leaves the rows as they are.

@@ -109,6 +109,7 @@ private:
     QString statement() const;
     void showCategory();
     void read(const NoteListing::Source &source, NoteRows &rows);
+    void showAsItIs();
     void selectAgain(int row, int scroll);
     void showEmptyLabel();
 

@@ -1,16 +1,12 @@
-// What the mouse, the keyboard and a drop do to a grid.
+// What the mouse and the keyboard do to a grid.
 
 #include "controls/gridview/vbalGrid.h"
 
 #include <QApplication>
-#include <QDragEnterEvent>
 #include <QInputMethodEvent>
-#include <QMetaMethod>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyle>
-#include <QUrl>
 
 namespace norvane {
 
@@ -25,16 +21,6 @@ GridSelect selectBy(Qt::KeyboardModifiers modifiers, GridSelect withControl)
     if (modifiers.testFlag(Qt::ShiftModifier))
         return control ? GridSelect::AddExtend : GridSelect::Extend;
     return control ? withControl : GridSelect::Only;
-}
-
-QStringList localFiles(const QMimeData *data)
-{
-    QStringList files;
-    for (const QUrl &url : data->urls()) {
-        if (url.isLocalFile())
-            files.append(url.toLocalFile());
-    }
-    return files;
 }
 
 } // namespace
@@ -274,28 +260,6 @@ void vbalGrid::searchKey(const QString &text)
         found = FindSearchMatchRow(upper);
     if (found != 0)
         stepTo(found, Qt::NoModifier);
-}
-
-void vbalGrid::dragEnterEvent(QDragEnterEvent *event)
-{
-    const bool isWanted = isSignalConnected(QMetaMethod::fromSignal(&vbalGrid::Dropped));
-    if (isWanted && (event->mimeData()->hasUrls() || event->mimeData()->hasText()))
-        event->acceptProposedAction();
-}
-
-void vbalGrid::dragMoveEvent(QDragMoveEvent *event)
-{
-    event->acceptProposedAction();
-}
-
-void vbalGrid::dropEvent(QDropEvent *event)
-{
-    const QStringList files = localFiles(event->mimeData());
-    const QString text = files.isEmpty() ? event->mimeData()->text() : QString();
-    event->acceptProposedAction();
-    // Whoever handles it may ask the user; the program that the drag comes from must not wait for that.
-    QMetaObject::invokeMethod(
-        this, [this, files, text] { emit Dropped(files, text); }, Qt::QueuedConnection);
 }
 
 } // namespace norvane

@@ -1,11 +1,13 @@
 #include "controls/gridview/vbalGrid.h"
 
+#include "controls/DropTarget.h"
 #include "controls/ImageList.h"
 #include "controls/gridview/GridAccessible.h"
 #include "controls/gridview/GridHeader.h"
 #include "controls/gridview/GridPainter.h"
 
 #include <QEvent>
+#include <QMetaMethod>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -27,7 +29,6 @@ vbalGrid::vbalGrid(QWidget *parent) : QAbstractScrollArea(parent), m_header(new 
     installGridAccessibility();
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_InputMethodEnabled);
-    setAcceptDrops(true);
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     m_scrolling.setDuration(kWheelMilliseconds);
@@ -35,6 +36,9 @@ vbalGrid::vbalGrid(QWidget *parent) : QAbstractScrollArea(parent), m_header(new 
     connect(&m_scrolling, &QVariantAnimation::valueChanged, this,
             [this](const QVariant &value) { verticalScrollBar()->setValue(value.toInt()); });
     connect(verticalScrollBar(), &QScrollBar::sliderPressed, &m_scrolling, &QVariantAnimation::stop);
+    const auto *drops = new DropTarget(
+        viewport(), [this] { return isSignalConnected(QMetaMethod::fromSignal(&vbalGrid::Dropped)); });
+    connect(drops, &DropTarget::dropped, this, &vbalGrid::Dropped);
     fitRowHeights();
 }
 

@@ -167,8 +167,8 @@ signals:
     void SelectionChange(int Row, int Column);
     /// The menu of the selected row is asked for by key; the position is the viewport's.
     void MenuKey(QPoint Position);
-    /// Files or a text were dropped: local paths, or else the text. Raised when the drop has returned.
-    /// Where nothing is connected to it, drops are refused.
+    /// Files or a text were dropped: as DropTarget tells them. Where nothing is connected to it, drops are
+    /// refused.
     void Dropped(const QStringList &Files, const QString &Text);
 
 protected:
@@ -186,9 +186,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
-    void dragEnterEvent(QDragEnterEvent *event) override;
-    void dragMoveEvent(QDragMoveEvent *event) override;
-    void dropEvent(QDropEvent *event) override;
 
 private:
     friend class GridPainter;

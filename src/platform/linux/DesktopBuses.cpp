@@ -1,5 +1,6 @@
 #include "platform/linux/DesktopBuses.h"
 
+#include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -22,6 +23,8 @@ const QString kLauncher = QStringLiteral("org.a11y.Bus");
 const QString kLauncherPath = QStringLiteral("/org/a11y/bus");
 const QString kStatus = QStringLiteral("org.a11y.Status");
 const QString kRegistry = QStringLiteral("org.a11y.atspi.Registry");
+const QString kKeysPath = QStringLiteral("/org/a11y/atspi/registry/deviceeventcontroller");
+const QString kKeyListener = QStringLiteral("org.a11y.atspi.DeviceEventListener");
 
 template <typename Done>
 void callLater(QObject *owner, const QDBusConnection &bus, const QDBusMessage &message, Done done)
@@ -107,6 +110,12 @@ QStringList DesktopBuses::servicesOf(qint64 processId) const
 {
     const QMutexLocker lock(&m_mutex);
     return m_processes.keys(processId);
+}
+
+bool DesktopBuses::keysAreListenedTo() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_keysAreListenedTo;
 }
 
 qint64 DesktopBuses::processOf(const QString &service) const
@@ -247,11 +256,15 @@ void DesktopBuses::connectAccessibility(const QString &address)
     bus.connect(QString(), QString(), QStringLiteral("org.a11y.atspi.Event.Object"),
                 QStringLiteral("StateChanged"), QStringList{QStringLiteral("focused")}, QString(), this,
                 SLOT(focusEvent(QDBusMessage)));
+    for (const QString &change :
+         {QStringLiteral("KeystrokeListenerRegistered"), QStringLiteral("KeystrokeListenerDeregistered")})
+        bus.connect(kRegistry, kKeysPath, kKeyListener, change, this, SLOT(keyListenersChanged()));
     registerEvents(bus);
     {
         const QMutexLocker lock(&m_mutex);
         m_accessibility = bus;
     }
+    keyListenersChanged();
     callLater(this, bus, method(kBusService, kBusPath, kBusService, QStringLiteral("ListNames")),
               [this](const QDBusMessage &reply) {
                   const QStringList names = reply.arguments().value(0).toStringList();
@@ -267,6 +280,7 @@ void DesktopBuses::accessibilityBusLost()
         const QMutexLocker lock(&m_mutex);
         m_accessibility.reset();
         m_processes.clear();
+        m_keysAreListenedTo = true;
     }
     QDBusConnection::disconnectFromBus(m_accessibilityName);
     emit accessibilityChanged();
@@ -294,6 +308,32 @@ void DesktopBuses::registerEvent(const QDBusConnection &bus, const QString &even
                   if (reply.type() == QDBusMessage::ErrorMessage && accessibility())
                       bus.asyncCall(registration({}), kServiceTimeoutMs);
               });
+}
+
+void DesktopBuses::keyListenersChanged()
+{
+    const auto bus = accessibility();
+    if (!bus)
+        return;
+    setKeysAreListenedTo(true); // until the answer is there
+    callLater(this, *bus,
+              method(kRegistry, kKeysPath, QStringLiteral("org.a11y.atspi.DeviceEventController"),
+                     QStringLiteral("GetKeystrokeListeners")),
+              [this](const QDBusMessage &reply) {
+                  if (reply.type() != QDBusMessage::ReplyMessage || !accessibility())
+                      return;
+                  const auto listeners = reply.arguments().value(0).value<QDBusArgument>();
+                  listeners.beginArray();
+                  const bool areThere = !listeners.atEnd();
+                  listeners.endArray();
+                  setKeysAreListenedTo(areThere);
+              });
+}
+
+void DesktopBuses::setKeysAreListenedTo(bool listenedTo)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_keysAreListenedTo = listenedTo;
 }
 
 void DesktopBuses::learnService(const QString &service)
@@ -325,6 +365,7 @@ void DesktopBuses::nameOwnerChanged(const QString &name, const QString &oldOwner
     if (name == kRegistry && !newOwner.isEmpty()) {
         if (const auto bus = accessibility())
             registerEvents(*bus);
+        keyListenersChanged();
     } else if (name.startsWith(u':') && oldOwner.isEmpty()) {
         learnService(name);
     } else if (name.startsWith(u':') && newOwner.isEmpty()) {

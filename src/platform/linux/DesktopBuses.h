@@ -43,6 +43,9 @@ public:
     std::optional<bool> accessibilityEnabled() const;
     /// Any thread. Names of the process's connections to the accessibility bus.
     QStringList servicesOf(qint64 processId) const;
+    /// Any thread. Whether a program has asked the accessibility bus for the keys that others get; true, too,
+    /// while that is not known.
+    bool keysAreListenedTo() const;
 
 signals:
     /// The accessibility bus came or went, or its switch was turned.
@@ -63,6 +66,7 @@ private slots:
     void focusEvent(const QDBusMessage &event);
     void folderWindowsChanged(const QDBusMessage &event);
     void statusChanged(const QDBusMessage &event);
+    void keyListenersChanged();
 
 private:
     void connectSession();
@@ -74,6 +78,7 @@ private:
     void registerEvents(const QDBusConnection &bus);
     void registerEvent(const QDBusConnection &bus, const QString &event);
     void learnService(const QString &service);
+    void setKeysAreListenedTo(bool listenedTo);
     void serviceLearned(const QString &service, qint64 processId);
     void settle();
     qint64 processOf(const QString &service) const;
@@ -92,6 +97,7 @@ private:
     std::optional<bool> m_enabled;
     QHash<QString, qint64> m_processes; ///< by connection name
     bool m_settled = false;
+    bool m_keysAreListenedTo = true;
 };
 
 } // namespace norvane

@@ -2,6 +2,8 @@
 
 #include "platform/linux/DesktopAssociations.h"
 #include "platform/linux/PosixFileSystem.h"
+#include "platform/linux/detached_program.h"
+#include "platform/linux/file_address.h"
 #include "platform/linux/type_names.h"
 
 #include <QCoreApplication>
@@ -9,7 +11,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMimeDatabase>
-#include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 #include <algorithm>
@@ -24,34 +25,19 @@ namespace {
 /// Bytes of an entry of the session's start that are looked at.
 constexpr qint64 kLongestEntry = 65536;
 
-/// Starts a program that lives on by itself, in the home folder and with its output nowhere.
-bool start(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.setProgram(program);
-    process.setArguments(arguments);
-    // A program does not start in a folder that it may not enter.
-    const QString home = QDir::homePath();
-    process.setWorkingDirectory(QFileInfo(home).isExecutable() ? home : QDir::rootPath());
-    process.setStandardInputFile(QProcess::nullDevice());
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    return process.startDetached();
-}
-
 int started(const QString &program, const QStringList &arguments = {})
 {
-    return start(program, arguments) ? Shell::kOpened : Shell::kBadExecutable;
+    return startDetached(program, arguments) ? Shell::kOpened : Shell::kBadExecutable;
 }
 
 /// Leaves a document, folder or address to the desktop's launcher.
 int handOver(const QString &target)
 {
     const QString xdgOpen = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
-    if (!xdgOpen.isEmpty() && start(xdgOpen, {target}))
+    if (!xdgOpen.isEmpty() && startDetached(xdgOpen, {target}))
         return Shell::kOpened;
     const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
-    if (!gio.isEmpty() && start(gio, {QStringLiteral("open"), target}))
+    if (!gio.isEmpty() && startDetached(gio, {QStringLiteral("open"), target}))
         return Shell::kOpened;
     return Shell::kAssociationIncomplete;
 }
@@ -110,9 +96,12 @@ int LinuxShell::open(const QString &location)
 {
     if (location.contains(QChar(QChar::Null)))
         return kFileNotFound;
-    if (location.startsWith(u"file:", Qt::CaseInsensitive)) {
-        const QString path = QUrl(location).toLocalFile();
-        return path.isEmpty() ? int(kPathNotFound) : openPath(path);
+    if (isFileAddress(location)) {
+        const QByteArray name = fileNameOfAddress(location);
+        if (name.isEmpty())
+            return kPathNotFound;
+        const QString path = QString::fromUtf8(name);
+        return openFile(name, path, name.isValidUtf8() ? path : location);
     }
     if (isAddress(location))
         return openAddress(location);
@@ -121,7 +110,7 @@ int LinuxShell::open(const QString &location)
 
 bool LinuxShell::runsProgram(const QString &location) const
 {
-    const bool isFile = location.startsWith(u"file:", Qt::CaseInsensitive);
+    const bool isFile = isFileAddress(location);
     if (!isFile && isAddress(location))
         return false;
     if (!isFile && !location.contains(u'/'))
@@ -244,22 +233,31 @@ int LinuxShell::openAddress(const QString &address) const
 int LinuxShell::openPath(const QString &path) const
 {
     const QString absolute = QFileInfo(path).absoluteFilePath();
-    const QByteArray name = QFile::encodeName(absolute);
+    return openFile(QFile::encodeName(absolute), absolute, absolute);
+}
+
+/// @param name   as system calls take it
+/// @param shown  the path, as far as the name is text
+/// @param target what the desktop's launcher takes for it
+int LinuxShell::openFile(const QByteArray &name, const QString &shown, const QString &target) const
+{
     struct stat status = {};
     if (::stat(name.constData(), &status) != 0)
-        return resultOf(errno, absolute);
+        return resultOf(errno, shown);
 
     const bool isFolder = S_ISDIR(status.st_mode);
-    if (!isFolder && isProgram(absolute))
-        return ::access(name.constData(), X_OK) == 0 ? started(absolute) : int(kAccessDenied);
+    if (!isFolder && isProgram(shown)) {
+        const bool mayRun = ::access(name.constData(), X_OK) == 0 && QFile::encodeName(shown) == name;
+        return mayRun ? started(shown) : int(kAccessDenied);
+    }
 
     if (::access(name.constData(), isFolder ? R_OK | X_OK : R_OK) != 0)
         return kAccessDenied;
     const QString type =
-        isFolder ? QStringLiteral("inode/directory") : QMimeDatabase().mimeTypeForFile(absolute).name();
+        isFolder ? QStringLiteral("inode/directory") : QMimeDatabase().mimeTypeForFile(shown).name();
     if (!DesktopAssociations(m_folders).hasHandlerForType(type))
         return kNoAssociation;
-    return handOver(absolute);
+    return handOver(target);
 }
 
 /// A program that is known by its name alone, as one in a sandbox is.
@@ -272,7 +270,7 @@ int LinuxShell::openByName(const QString &name, const QStringList &arguments) co
     if (entry.isEmpty() || !arguments.isEmpty())
         return kFileNotFound;
     const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
-    const bool launched = !gio.isEmpty() && start(gio, {QStringLiteral("launch"), entry});
+    const bool launched = !gio.isEmpty() && startDetached(gio, {QStringLiteral("launch"), entry});
     return launched ? int(kOpened) : int(kAssociationIncomplete);
 }
 

@@ -39,6 +39,7 @@ public:
 private:
     int openAddress(const QString &address) const;
     int openPath(const QString &path) const;
+    int openFile(const QByteArray &name, const QString &shown, const QString &target) const;
     int openByName(const QString &name, const QStringList &arguments) const;
     QString sessionEntry() const;
 

@@ -188,4 +188,9 @@ void LinuxShellWindows::enableAccessibility()
     QMetaObject::invokeMethod(&m_d->buses, &DesktopBuses::enableAccessibility, Qt::QueuedConnection);
 }
 
+bool LinuxShellWindows::keysAreListenedTo() const
+{
+    return m_d->buses.keysAreListenedTo();
+}
+
 } // namespace norvane

@@ -39,6 +39,7 @@ public:
     QString freshLocation(WindowHandle window, int timeoutMs) override;
     bool needsAccessibility() const override;
     void enableAccessibility() override;
+    bool keysAreListenedTo() const override;
 
 private:
     struct Private;

@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/errors.h"
+#include "platform/linux/file_address.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -139,8 +140,10 @@ int replaceFile(const QByteArray &target, const QByteArray &bytes, mode_t permis
 bool PosixFileSystem::exists(const QString &path) const
 {
     struct stat status = {};
-    return !path.isEmpty() && !path.contains(QChar(QChar::Null)) &&
-           ::stat(QFile::encodeName(path).constData(), &status) == 0;
+    if (path.contains(QChar(QChar::Null)))
+        return false;
+    const QByteArray name = isFileAddress(path) ? fileNameOfAddress(path) : QFile::encodeName(path);
+    return !name.isEmpty() && ::stat(name.constData(), &status) == 0;
 }
 
 qint64 PosixFileSystem::size(const QString &path) const

@@ -202,7 +202,12 @@ void RowSet::inPieces(qint64 first, qint64 last, const ReadPiece &readPiece)
         QElapsedTimer timer;
         timer.start();
         const qint64 to = last - from < size ? last : from + size - 1;
-        readPiece(from, to);
+        {
+            // Else each statement of the piece takes the file's lock for itself.
+            Transaction transaction(connection(), Transaction::Kind::Read);
+            readPiece(from, to);
+            transaction.commit();
+        }
         if (timer.elapsed() < kPieceMilliseconds / 2)
             size *= 2;
         else if (timer.elapsed() > kPieceMilliseconds)

@@ -67,6 +67,9 @@ WindowHandle ShellForms::loadFrame()
     form->setCommandEnabled(QStringLiteral("SEARCH"), m_services.views.has(NoteViews::View::Search));
     connect(form, &mdiMain::shutDownRequested, this, &ShellForms::shutDownRequested);
     connect(form, &mdiMain::commandTriggered, this, &ShellForms::toolBarCommand);
+    connect(form, &mdiMain::dropped, this, [this](const QStringList &files, const QString &text) {
+        m_services.views.dropItems(files, text);
+    });
     for (const QString &key :
          {QStringLiteral("SETTINGS"), QStringLiteral("WINDOWLIST"), QStringLiteral("RUN")})
         form->setCommandEnabled(key, true);

@@ -56,6 +56,8 @@ StartUp::Result StartUp::run(const QStringList &arguments)
 void StartUp::start(const QStringList &arguments)
 {
     readCommandLine(arguments);
+    if (m_state.watch.IEAvailable)
+        m_parts.shellWindows.start();
     findDatabaseFolder();
     makeDatabaseIfMissing();
     avoidLockedDatabase();
@@ -72,8 +74,6 @@ void StartUp::start(const QStringList &arguments)
     showSplash();
     openDatabase();
     fillWatchSettings();
-    if (m_state.watch.IEAvailable)
-        m_parts.shellWindows.start();
     makeTaskList();
 
     loadFrame();

@@ -11,14 +11,29 @@ void Application::setErrorReport(std::function<void(const RuntimeError &)> repor
     m_report = std::move(report);
 }
 
+void Application::setKeysAreListenedTo(std::function<bool()> areListenedTo)
+{
+    m_keysAreListenedTo = std::move(areListenedTo);
+}
+
 bool Application::notify(QObject *receiver, QEvent *event)
 {
     try {
-        return QApplication::notify(receiver, event);
+        return deliver(receiver, event);
     } catch (const RuntimeError &error) {
         tellOf(error);
         return true;
     }
+}
+
+bool Application::deliver(QObject *receiver, QEvent *event)
+{
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    if (!isKey || !event->spontaneous() || !receiver->isWindowType() || !m_keysAreListenedTo ||
+        m_keysAreListenedTo())
+        return QApplication::notify(receiver, event);
+    // The toolkit's bridge to the bus takes what comes from the keyboard; an event that is sent does not.
+    return sendEvent(receiver, event);
 }
 
 void Application::tellOf(const RuntimeError &error)

@@ -7,8 +7,9 @@ namespace norvane {
 
 class RuntimeError;
 
-/// The toolkit's application, and the one place where errors end up that no routine has handled: every
-/// event is delivered inside it, so that none of them goes up through the toolkit.
+/// The toolkit's application: every event is delivered inside it. Errors that no routine has handled end up
+/// here, so that none of them goes up through the toolkit; and keys go straight to their window where
+/// nobody else wants them.
 class Application : public QApplication
 {
     Q_OBJECT
@@ -21,12 +22,21 @@ public:
     /// cannot be painted would ask for box upon box.
     void setErrorReport(std::function<void(const RuntimeError &)> report);
 
+    /// @param areListenedTo whether another program listens to keys on the accessibility bus; asked at each
+    ///                      key. While such a bus is there, the toolkit sends each key from the keyboard
+    ///                      through it before a window gets it: late, out of order with the shortcuts, and
+    ///                      on a busy machine not at all.
+    void setKeysAreListenedTo(std::function<bool()> areListenedTo);
+
     bool notify(QObject *receiver, QEvent *event) override;
 
 private:
     void tellOf(const RuntimeError &error);
 
+    bool deliver(QObject *receiver, QEvent *event);
+
     std::function<void(const RuntimeError &)> m_report;
+    std::function<bool()> m_keysAreListenedTo;
     bool m_telling = false;
 };
 

@@ -1,5 +1,6 @@
 #include "shell/windows/mdiMain.h"
 
+#include "controls/DropTarget.h"
 #include "platform/Clock.h"
 #include "shell/window_places.h"
 #include "shell/windows/StatusPanel.h"
@@ -70,6 +71,7 @@ mdiMain::mdiMain(FormList &forms, SettingsStore &settings, const Clock &clock, T
     makeMenus();
     makeStatusBar();
     makeCloseKeys();
+    connect(new DropTarget(this), &DropTarget::dropped, this, &mdiMain::dropped);
     m_forms.add(this);
 }
 

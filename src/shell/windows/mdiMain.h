@@ -59,6 +59,8 @@ signals:
     void commandTriggered(const QString &key);
     /// The user wants the program to end: close button, "EXIT".
     void shutDownRequested();
+    /// Files or a text were dropped on it, or on what takes no drops in it: as DropTarget tells them.
+    void dropped(const QStringList &files, const QString &text);
     /// The frame has become the active window.
     void activated();
 

@@ -16,6 +16,7 @@ namespace {
 constexpr int kLookAgainMs = 20;
 constexpr int kListedWindows = 12;
 constexpr int kBetweenKeysMs = 8; // as fast as a person can be
+constexpr int kStepMs = 12;       // of a hand with the mouse
 
 /// Lets the event loop run.
 void pause(int milliseconds)
@@ -381,6 +382,18 @@ void XClient::click(const QPoint &position, int number)
     moveMouse(position);
     button(number, true);
     button(number, false);
+}
+
+void XClient::carry(const QPoint &from, const QPoint &to)
+{
+    constexpr int kSteps = 24;
+    moveMouse(from);
+    pause(kStepMs);
+    button(1, true);
+    for (int step = 1; step <= kSteps; ++step) {
+        pause(kStepMs);
+        moveMouse(from + (to - from) * step / kSteps);
+    }
 }
 
 QString XClient::whatIsThere() const

@@ -73,6 +73,9 @@ public:
     void moveMouse(const QPoint &position);
     void button(int number, bool down);
     void click(const QPoint &position, int number = 1);
+    /// Presses a button, carries what is under it to another place in steps as a hand makes them, and holds
+    /// it there: button(1, false) lets it go.
+    void carry(const QPoint &from, const QPoint &to);
 
     /// The windows that the window manager lists, one a line, for a test that has failed.
     QString whatIsThere() const;

@@ -7,6 +7,7 @@
 #include "fakes/FakeTrayHost.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/mdiMain.h"
+#include "ui/drop_on.h"
 
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -161,6 +162,21 @@ TEST_F(Browser, TheButtonsFollowTheSelectedRow)
     EXPECT_EQ(shell.opened, QStringList{u"http://a/"_s});
     EXPECT_EQ(views.opened.size(), 5);
     EXPECT_EQ(views.opened.mid(2), (QStringList{u"search 0"_s, u"categories"_s, u"new note"_s}));
+}
+
+TEST_F(Browser, DropsOnStripAndListBecomeNotes)
+{
+    open();
+    const auto drop = [](QWidget &place, const QString &link) {
+        QMimeData data;
+        data.setText(link);
+        dropOn(place, data);
+    };
+    drop(*browser->findChild<SideStrip *>(), u"https://example.org/1"_s);
+    drop(*browser->grid()->grid()->viewport(), u"https://example.org/2"_s);
+    EXPECT_TRUE(views.opened.isEmpty()) << "not while the other program waits";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(views.opened, (QStringList{u"drop https://example.org/1"_s, u"drop https://example.org/2"_s}));
 }
 
 TEST_F(Browser, CategoriesComeAndGoByTheMenu)

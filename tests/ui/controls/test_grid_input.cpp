@@ -1,8 +1,10 @@
 #include "ui/controls/GridOnScreen.h"
 
-#include <QDropEvent>
-#include <QMimeData>
+#include "controls/DropTarget.h"
+#include "ui/drop_on.h"
+
 #include <QSignalSpy>
+#include <QSysInfo>
 
 namespace norvane {
 namespace {
@@ -257,10 +259,7 @@ TEST_F(GridInput, HandsADropOn)
             data.setUrls(urls);
         if (!text.isEmpty())
             data.setText(text);
-        QDragEnterEvent enter({20, 20}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(grid.viewport(), &enter);
-        QDropEvent event({20, 20}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(grid.viewport(), &event);
+        tests::dropOn(*grid.viewport(), data);
     };
     drop({QUrl::fromLocalFile(u"/tmp/a b.txt"_qs)}, {});
     drop({QUrl(u"https://example.org/"_qs)}, u"https://example.org/"_qs);
@@ -268,6 +267,27 @@ TEST_F(GridInput, HandsADropOn)
     ASSERT_TRUE(QTest::qWaitFor([&] { return dropped.size() == 2; }));
     EXPECT_EQ(dropped[0], (QVariantList{QStringList{u"/tmp/a b.txt"_qs}, QString()}));
     EXPECT_EQ(dropped[1], (QVariantList{QStringList(), u"https://example.org/"_qs}));
+}
+
+TEST_F(GridInput, TellsDroppedFilesByTheirPaths)
+{
+    const QString here = QSysInfo::machineHostName();
+    const std::pair<QByteArray, QStringList> rows[] = {
+        {"file:///tmp/a%20b%25%23.txt", {u"/tmp/a b%#.txt"_qs}},
+        {"file:///tmp/two%0Alines", {u"/tmp/two\nlines"_qs}},
+        {"file:///tmp/caf%E9.txt", {u"file:///tmp/caf%E9.txt"_qs}},
+        {"file:///tmp/folder/", {u"/tmp/folder"_qs}},
+        {"file:///", {u"/"_qs}},
+        {"file://localhost/tmp/a", {u"/tmp/a"_qs}},
+        {"file://" + here.toLatin1() + "/tmp/a", {u"/tmp/a"_qs}},
+        {"file://elsewhere.example/tmp/a", {}},
+        {"https://example.org/a", {}},
+    };
+    for (const auto &[address, files] : rows) {
+        QMimeData data;
+        data.setData(u"text/uri-list"_qs, address + "\r\n");
+        EXPECT_EQ(droppedFiles(data), files) << address.toStdString();
+    }
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "fakes/MemorySettings.h"
 #include "shell/windows/StatusPanel.h"
 #include "shell/windows/mdiMain.h"
+#include "ui/drop_on.h"
 
 #include <QAction>
 #include <QMdiArea>
@@ -10,9 +11,11 @@
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
+#include <QUrl>
 #include <gtest/gtest.h>
 
 using namespace norvane;
+using namespace norvane::tests;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -50,6 +53,20 @@ TEST_F(Frame, OffersOnlyTheCommandsThatHaveWindows)
     QTest::mouseClick(button(u"SEARCH"_s), Qt::LeftButton);
     ASSERT_EQ(commands.size(), 1);
     EXPECT_EQ(commands[0][0], u"SEARCH"_s);
+}
+
+TEST_F(Frame, TakesDropsOnWhatTakesNoneItself)
+{
+    QSignalSpy dropped(frame, &mdiMain::dropped);
+    frame->restore();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(u"/in/one.txt"_s), QUrl(u"https://example.org"_s)});
+    dropOn(*frame->findChild<QMdiArea *>()->viewport(), data);
+    dropOn(*button(u"EXIT"_s), data);
+    EXPECT_TRUE(dropped.isEmpty()) << "not while the other program waits";
+    QCoreApplication::processEvents();
+    ASSERT_EQ(dropped.size(), 2);
+    EXPECT_EQ(dropped[1], (QVariantList{QStringList{u"/in/one.txt"_s}, QString()}));
 }
 
 TEST_F(Frame, ExitAndTheCloseButtonAskForTheShutDownAndLeaveTheFrameAlone)

@@ -138,7 +138,7 @@ TEST_F(NoteCommands, documentsComeAndGoByTheirExtension)
         EXPECT_TRUE(files.files.value(row.path).contains("Text")) << row.path.toStdString();
     }
     EXPECT_EQ(prompts.saveRequests.first().title, u"Save as"_qs);
-    EXPECT_EQ(prompts.saveRequests.first().extension, u"rtf"_qs);
+    EXPECT_EQ(prompts.saveRequests.first().extension, u"RTF"_qs);
 
     note->resetSaveState();
     writeFile(u"/in/rich.rtf"_qs, "{\\rtf1 \\b rich}");

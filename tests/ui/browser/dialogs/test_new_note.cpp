@@ -1,7 +1,11 @@
 #include "NoteDialogs.h"
 
+#include "browser/dialogs/NewNoteDialogs.h"
 #include "browser/dialogs/frmNewNote.h"
+#include "error_of.h"
 #include "platform/errors.h"
+
+#include <QTimer>
 
 using namespace norvane;
 using namespace norvane::tests;
@@ -132,6 +136,40 @@ TEST_F(NewNoteDialog, TellsTheDropWhatWasChosen)
     EXPECT_TRUE(drop.newNoteCancelled);
     EXPECT_EQ(noteCount(), 5);
     EXPECT_TRUE(timer.isEnabled());
+}
+
+TEST_F(NewNoteDialog, ComesToTheFrontForADrop)
+{
+    NewNoteDialogs dialogs(services, [] { return nullptr; });
+    drop.appliedCategory = categoryID(u"Tom & Jerry"_qs);
+    dialogs.pressOk({u"two"_qs, u"/in/two.txt"_qs, true}, drop);
+    EXPECT_EQ(made(u"FriendlyName"_qs), u"two"_qs);
+    EXPECT_EQ(made(u"CAT_ID"_qs), drop.appliedCategory);
+    const auto isAskedFor = [this](const frmNewNote *dialog) {
+        return windows.actions.contains(u"setForegroundWindow %1"_qs.arg(dialog->hWnd()));
+    };
+
+    bool isChecked = false;
+    QTimer::singleShot(0, &windows, [&] {
+        form = dynamic_cast<frmNewNote *>(forms.named(u"frmNewNote"_qs).value(0));
+        ASSERT_TRUE(form);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isAskedFor(form); }));
+        EXPECT_EQ(text(form, u"Text1"_qs), u"one"_qs);
+        EXPECT_EQ(text(form, u"Text2"_qs), u"/in/one.txt"_qs);
+        EXPECT_TRUE(in(form, u"chkApply"_qs)->isVisible());
+        isChecked = true;
+        QTest::keyClick(form, Qt::Key_Escape);
+    });
+    dialogs.show({u"one"_qs, u"/in/one.txt"_qs, true}, drop);
+    EXPECT_TRUE(isChecked && drop.newNoteCancelled);
+
+    store.close();
+    EXPECT_EQ(errorOf([&] {
+                  dialogs.pressOk({u"three"_qs, u"/in/three.txt"_qs, true}, drop);
+              }),
+              kErrorNothingThere);
+    EXPECT_FALSE(forms.FormIsLoaded(u"frmNewNote"_qs)) << "released";
+    store.open();
 }
 
 TEST_F(NewNoteDialog, StaysWhenTheRowCannotBeWritten)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <csignal>
 #include <functional>
 #include <gmock/gmock.h>
 #include <sys/wait.h>
@@ -7,8 +8,10 @@
 
 namespace norvane::test {
 
+inline constexpr int kKilled = 101;
+
 /// Runs @p body in a child process, for limits and rights that this process must not lose.
-/// @return the value of @p body, 0 to 99; 100 when it did not get that far
+/// @return the value of @p body, 0 to 99; 100 when it did not get that far; kKilled when it was killed
 inline int inChild(const std::function<int()> &body)
 {
     const pid_t child = ::fork();
@@ -21,7 +24,11 @@ inline int inChild(const std::function<int()> &body)
         ::_exit(result);
     }
     int status = 0;
-    if (child < 0 || ::waitpid(child, &status, 0) != child || !WIFEXITED(status))
+    if (child < 0 || ::waitpid(child, &status, 0) != child)
+        return 100;
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL)
+        return kKilled;
+    if (!WIFEXITED(status))
         return 100;
     return WEXITSTATUS(status);
 }
