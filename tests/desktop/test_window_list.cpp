@@ -52,7 +52,7 @@ TEST_F(WindowListOnTheDesktop, AttachesANoteAndDetachesIt)
     ASSERT_TRUE(openList());
     x().press(u"alt+a"_s);
     ASSERT_TRUE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }));
-    EXPECT_EQ(m_norvane.query(u"select URL, Active from Memos"_s).toStdString(), "/usr/bin/mousepad|1");
+    EXPECT_EQ(m_norvane.query(u"select URL, Active from Memos"_s).toStdString(), "/usr/bin/mousepad|-1");
 
     ASSERT_TRUE(backToList());
     x().press(u"alt+d"_s);

@@ -5,7 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
-#include <QFileSystemModel>
+#include <QDir>
 #include <QLineEdit>
 #include <QStringListModel>
 
@@ -13,48 +13,20 @@ namespace norvane {
 
 namespace {
 
-/// Paths, as they were typed: from the root, from "~", or from the home folder.
-class PathCompleter : public QCompleter
+/// Files and folders of a folder, as they are typed: with what was typed before them, folders with a
+/// separator behind them.
+QStringList pathsIn(const QString &folder, const QString &typed, bool withHidden)
 {
-public:
-    PathCompleter(const QString &home, QObject *parent)
-        : QCompleter(parent), m_home(home), m_files(new QFileSystemModel(this))
-    {
-        m_files->setOption(QFileSystemModel::DontWatchForChanges);
-        m_files->setRootPath(QString()); // read folder by folder, in its own thread
-        setModel(m_files);
-        setCaseSensitivity(Qt::CaseSensitive);
-    }
-
-    /// Files whose names begin with a dot are proposed to whoever begins so.
-    void showHidden(bool shown)
-    {
-        const QDir::Filters usual = QDir::AllEntries | QDir::NoDotAndDotDot;
-        const QDir::Filters wanted = shown ? usual | QDir::Hidden : usual;
-        if (m_files->filter() != wanted)
-            m_files->setFilter(wanted);
-    }
-
-    QStringList splitPath(const QString &path) const override
-    {
-        return QCompleter::splitPath(pathFromHome(path, m_home));
-    }
-
-    QString pathFromIndex(const QModelIndex &index) const override
-    {
-        QString path = m_files->filePath(index);
-        if (m_files->isDir(index) && !path.endsWith(u'/'))
-            path += u'/';
-        const QString typed = completionPrefix();
-        if (typed.startsWith(u'/') || !path.startsWith(m_home + u'/'))
-            return path;
-        return (typed.startsWith(u'~') ? QStringLiteral("~/") : QString()) + path.mid(m_home.size() + 1);
-    }
-
-private:
-    QString m_home;
-    QFileSystemModel *m_files;
-};
+    const QDir::Filters kinds = withHidden ? QDir::Hidden : QDir::Filters();
+    const QDir found(folder);
+    QStringList paths;
+    for (const QString &name : found.entryList(QDir::Files | kinds, QDir::NoSort))
+        paths.append(typed + name);
+    for (const QString &name : found.entryList(QDir::Dirs | QDir::NoDotAndDotDot | kinds, QDir::NoSort))
+        paths.append(typed + name + u'/');
+    paths.sort();
+    return paths;
+}
 
 } // namespace
 
@@ -66,10 +38,15 @@ CommandCompletion::CommandCompletion(QLineEdit &line, const Shell &shell, QStrin
 
 void CommandCompletion::follow(const QString &text)
 {
-    const bool isPath = text.contains(u'/') || text.startsWith(u'~');
-    QCompleter *wanted = isPath ? paths() : programs();
+    const qsizetype nameStart = text.lastIndexOf(u'/') + 1;
+    const bool isPath = nameStart > 0;
+    if (!m_programs && !isPath)
+        m_programs = newCompleter(m_shell.programNames());
+    if (!m_paths)
+        m_paths = newCompleter({});
     if (isPath)
-        static_cast<PathCompleter *>(wanted)->showHidden(text.section(u'/', -1).startsWith(u'.'));
+        listFolder(text.left(nameStart), text.mid(nameStart).startsWith(u'.'));
+    QCompleter *wanted = isPath ? m_paths : m_programs;
     if (m_line.completer() == wanted)
         return;
     if (m_line.completer())
@@ -77,22 +54,24 @@ void CommandCompletion::follow(const QString &text)
     m_line.setCompleter(wanted);
 }
 
-QCompleter *CommandCompletion::programs()
+QCompleter *CommandCompletion::newCompleter(const QStringList &proposals)
 {
-    if (!m_programs) {
-        m_programs = new QCompleter(this);
-        m_programs->setModel(new QStringListModel(m_shell.programNames(), m_programs));
-        m_programs->setModelSorting(QCompleter::CaseSensitivelySortedModel);
-        m_programs->setCaseSensitivity(Qt::CaseSensitive);
-    }
-    return m_programs;
+    auto *completer = new QCompleter(this);
+    completer->setModel(new QStringListModel(proposals, completer));
+    completer->setModelSorting(QCompleter::CaseSensitivelySortedModel);
+    completer->setCaseSensitivity(Qt::CaseSensitive);
+    return completer;
 }
 
-QCompleter *CommandCompletion::paths()
+/// A folder is read when its name has been typed, and again when one has been somewhere else.
+void CommandCompletion::listFolder(const QString &typedFolder, bool withHidden)
 {
-    if (!m_paths)
-        m_paths = new PathCompleter(m_home, this);
-    return m_paths;
+    const QString wanted = typedFolder + (withHidden ? QStringLiteral(".") : QString());
+    if (wanted == m_listed)
+        return;
+    m_listed = wanted;
+    auto *proposals = qobject_cast<QStringListModel *>(m_paths->model());
+    proposals->setStringList(pathsIn(pathFromHome(typedFolder, m_home), typedFolder, withHidden));
 }
 
 } // namespace norvane

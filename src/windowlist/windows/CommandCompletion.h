@@ -10,8 +10,9 @@ namespace norvane {
 
 class Shell;
 
-/// Proposes how a command line may go on: the paths below what is typed once it has a separator or begins
-/// with "~", else the installed programs. A path that does not begin at the root begins in the home folder.
+/// Proposes how a command line may go on: the paths below what is typed once it has a separator, else the
+/// installed programs. A path that does not begin at the root begins in the home folder; names that begin
+/// with a dot are proposed to whoever begins so.
 class CommandCompletion : public QObject
 {
     Q_OBJECT
@@ -22,14 +23,16 @@ public:
 
 private:
     void follow(const QString &text);
-    QCompleter *programs();
-    QCompleter *paths();
+    QCompleter *newCompleter(const QStringList &proposals);
+    void listFolder(const QString &typedFolder, bool withHidden);
 
     QLineEdit &m_line;
     const Shell &m_shell;
     QString m_home;
     QPointer<QCompleter> m_programs;
     QPointer<QCompleter> m_paths;
+    QString m_listed; ///< what the paths are below, as it was typed; with a dot behind it if hidden ones are
+                      ///< there
 };
 
 } // namespace norvane

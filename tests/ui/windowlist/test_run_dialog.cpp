@@ -136,9 +136,10 @@ TEST_F(RunWindow, ProposesProgramsAndPaths)
 {
     open();
     EXPECT_EQ(proposed(u"edit"_s, 2), QStringList({u"edit-photo"_s, u"editor"_s}));
-    EXPECT_EQ(proposed(u"~/P"_s, 2), QStringList({u"Pictures"_s, u"Private notes"_s}));
-    EXPECT_EQ(proposed(u"~/.h"_s, 1), QStringList(u".hidden"_s));
-    EXPECT_EQ(proposed(home.path() + u"/Pi"_s, 1), QStringList(u"Pictures"_s));
+    EXPECT_EQ(proposed(u"~/P"_s, 2), QStringList({u"~/Pictures/"_s, u"~/Private notes/"_s}));
+    EXPECT_EQ(proposed(u"~/"_s, 2).size(), 2) << "without the hidden one";
+    EXPECT_EQ(proposed(u"~/.h"_s, 1), QStringList(u"~/.hidden/"_s));
+    EXPECT_EQ(proposed(home.path() + u"/Pi"_s, 1), QStringList(home.path() + u"/Pictures/"_s));
 
     // Down and Enter take the first one; the next Enter is for the window.
     proposed(u"~/Pi"_s, 1);
