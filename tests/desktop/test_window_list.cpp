@@ -24,7 +24,7 @@ protected:
     }
     bool isActive(const QString &title)
     {
-        return waitFor([&] { return ours(title) != 0 && x().activeWindow() == ours(title); });
+        return waitFor([&] { return active(title) != 0; });
     }
     bool isGone(const QString &title)
     {

@@ -233,13 +233,6 @@ void FTaskMgr::showEvent(QShowEvent *event)
     m_list->divideColumns();
 }
 
-void FTaskMgr::changeEvent(QEvent *event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_toolBar)
-        m_toolBar->showView(m_lastListView);
-}
-
 void FTaskMgr::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape)
