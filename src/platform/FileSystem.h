@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 namespace norvane {
 
@@ -23,6 +24,12 @@ public:
     virtual QByteArray read(const QString &path) const = 0;
     /// Raises 76, 75 or 3026 (disk full); the old file is then as it was.
     virtual void write(const QString &path, const QByteArray &bytes) = 0;
+    /// Copies a file to a place where, when it fails, there is none; one that is there is removed first.
+    /// Unlike what is written, a copy may be lost with the power until sync(). Raises as read() and
+    /// write().
+    virtual void copy(const QString &source, const QString &target) = 0;
+    /// Waits until these files, all of one folder, are on the disk. Raises 53, 75 or 3026.
+    virtual void sync(const QStringList &paths) = 0;
     /// Makes one folder; parents are not made. Raises 76 or 75.
     virtual void makeFolder(const QString &path) = 0;
     /// Raises 53 or 75.

@@ -147,6 +147,17 @@ public:
     /// database stays open, with the new password.
     virtual void newPassword(const QString &oldPassword, const QString &newPassword) = 0;
 
+    /// What is written from here on, by any recordset, is written together by commitTrans(): durable and
+    /// whole, or not at all. Only few statements should be in between, no requery, and no event loop.
+    virtual void beginTrans() = 0;
+    /// Raises with nothing of it written. Raises 91 when a failure has ended the transaction already.
+    virtual void commitTrans() = 0;
+    /// Does nothing where no transaction is open. Never raises.
+    virtual void rollback() noexcept = 0;
+    /// Gives out numbers for new records of @p table, durably, so that @p count of them are at hand for
+    /// the next ones; those that nobody uses are never given out again. Not inside a transaction.
+    virtual void reserveNumbers(const QString &table, int count) = 0;
+
     /// Called about fifty times a second while a dynaset reads its rows, between two statements: events
     /// may run in it and the database may be used, for which it is not called anew. False stops the
     /// reading, which raises 3059; so does whatever it raises itself. A reading that it watches has no
@@ -166,6 +177,9 @@ public:
 
     /// Makes an empty database file and opens it. Raises when the file is there or cannot be made.
     virtual std::unique_ptr<Database> createDatabase(const QString &path, const QString &locale) = 0;
+    /// A database that is opened read-only leaves its folder as it is: no byte and no side file is
+    /// written, and a save that was interrupted is rolled back in a temporary copy. Exclusive and
+    /// read-only it keeps others from writing as long as it is open.
     /// @param connect ";pwd=" and the password, in any case
     virtual std::unique_ptr<Database> openDatabase(const QString &path, bool exclusive, bool readOnly,
                                                    const QString &connect) = 0;

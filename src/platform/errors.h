@@ -13,6 +13,7 @@ enum ErrorNumber {
     kErrorPathNotFound = 76,        ///< a folder on the way to a file is not there
     kErrorNothingThere = 91,        ///< a member of an object that does not exist was used
     kErrorBadPattern = 93,          ///< a wildcard pattern with a list that does not end
+    kErrorNullUse = 94,             ///< Null where there must be a value
     kErrorNoAutomation = 429,       ///< a program that was to be driven is not there
     kErrorDuplicateKey = 457,       ///< a collection has a member of that key already
     kErrorFileFormat = 321,         ///< the file is not of the kind that it should be

@@ -3,6 +3,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/errors.h"
 #include "store/note_database.h"
+#include "store/note_schema.h"
 
 namespace norvane {
 
@@ -127,7 +128,7 @@ void NoteStore::requeryNoteSet()
 
 QString NoteStore::bodyFile(int id) const
 {
-    return DatabaseFolder + QStringLiteral("Norvane_%1").arg(id, 8, 10, QChar(u'0'));
+    return bodyFileIn(DatabaseFolder, id);
 }
 
 } // namespace norvane

@@ -1,6 +1,8 @@
 #include "store/note_database.h"
 
 #include "platform/FileSystem.h"
+#include "platform/Prompts.h"
+#include "shell/internal_error.h"
 #include "shell/path_rules.h"
 #include "store/note_schema.h"
 
@@ -21,6 +23,14 @@ void removeIfThere(FileSystem &files, const QString &path)
 bool DatabaseIsLocked(const dao::Engine &engine, const QString &path)
 {
     return engine.isLocked(path);
+}
+
+void tellDatabaseIsLocked(Prompts &prompts, const QString &folder)
+{
+    prompts.messageBox(QStringLiteral("Can not start Norvane database.\r\nDatabase located in '%1' is "
+                                      "currently locked by another user.")
+                           .arg(folder),
+                       Prompts::kCritical, kApplicationTitle.toString());
 }
 
 bool DatabaseHasPassword(dao::Engine &engine, const QString &path)

@@ -9,9 +9,14 @@
 namespace norvane {
 
 class FileSystem;
+class Prompts;
 
 /// Whether the file is there and another process holds it for itself.
 bool DatabaseIsLocked(const dao::Engine &engine, const QString &path);
+
+/// Says that the database of a folder is locked, in a box.
+/// @param folder ends in a separator
+void tellDatabaseIsLocked(Prompts &prompts, const QString &folder);
 
 /// Whether the file opens only with a password. A file that cannot be opened at all counts as one
 /// with a password.

@@ -131,6 +131,11 @@ QString databaseFileIn(const QString &folder)
     return folder + kDatabaseFileName.toString();
 }
 
+QString bodyFileIn(const QString &folder, int ID)
+{
+    return folder + QStringLiteral("Norvane_%1").arg(ID, 8, 10, QChar(u'0'));
+}
+
 dao::TableDef categoryTable()
 {
     dao::TableDef table;

@@ -13,6 +13,10 @@ inline constexpr QStringView kDatabaseFileName = u"Norvane.DAT";
 /// @param folder ends in a separator
 QString databaseFileIn(const QString &folder);
 
+/// Path of the rich text file of a note; it need not be there.
+/// @param folder of the database, ends in a separator
+QString bodyFileIn(const QString &folder, int ID);
+
 /// Definition of table Category, in field order.
 dao::TableDef categoryTable();
 

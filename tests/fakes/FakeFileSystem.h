@@ -61,6 +61,14 @@ public:
         files.insert(path, bytes);
     }
 
+    void copy(const QString &source, const QString &target) override { write(target, read(source)); }
+
+    void sync(const QStringList &paths) override
+    {
+        for (const QString &path : paths)
+            raise(exists(path) ? failAllWrites : kErrorFileNotFound, path);
+    }
+
     void makeFolder(const QString &path) override
     {
         raise(writeErrors.value(path), path);

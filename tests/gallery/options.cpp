@@ -1,5 +1,6 @@
-// Pictures for looking at: the pages of the Options window.
+// Pictures for looking at: the pages of the Options window, and the import that begins there.
 
+#include "exchange/windows/frmImport.h"
 #include "looks.h"
 #include "options/windows/HotKeyBox.h"
 #include "options/windows/frmAddCategory.h"
@@ -7,7 +8,9 @@
 #include "ui/options/OptionsDesk.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTabWidget>
 
 using namespace norvane;
@@ -46,11 +49,64 @@ public:
         presets->findChild<QListWidget *>()->item(2)->setSelected(true);
         keep(*presets, u"add-categories"_s);
         window->unload();
+        shootImport();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return m_isDone;
     }
 
 private:
+    /// Empty, with notes, and while it runs.
+    void shootImport()
+    {
+        test::StoreOnDisk other;
+        other.makeDatabase();
+        const auto open = [&] {
+            other.store.close();
+            auto *window = new frmImport(services, nullptr);
+            window->ImpDB(other.store.DatabaseFile, {});
+            window->show();
+            return window;
+        };
+        frmImport *empty = open();
+        keep(*empty, u"import-empty"_s);
+        empty->unload();
+        addImported(other);
+        frmImport *window = open();
+        auto *all = window->findChild<QPushButton *>(u"Command4"_s);
+        all->click();
+        window->findChild<QCheckBox *>(u"chkCat"_s)->click();
+        keep(*window, u"import"_s);
+        events.duringYield = [&] {
+            events.duringYield = {};
+            keep(*window, u"import-running"_s);
+        };
+        window->findChild<QPushButton *>(u"Command1"_s)->click();
+        keep(*window, u"import-done"_s);
+        window->unload();
+    }
+    void addImported(test::StoreOnDisk &other)
+    {
+        constexpr int kNotes = 1000;
+        other.store.open();
+        dao::Recordset &categories = *other.store.CategorySet();
+        categories.addNew();
+        categories.setField(u"Name"_s, u"Books & films"_s);
+        categories.update();
+        other.store.database()->beginTrans();
+        for (int i = 0; i < kNotes; ++i) {
+            const int ID = other.addNote(u"Offers for plumbers, page %1 of a long list of them"_s.arg(i + 1),
+                                         u"https://example.org/offers/for/plumbers/%1/index.html"_s.arg(i));
+            if (i >= 30)
+                continue;
+            const auto row = other.notes(u"ID=%1"_s.arg(ID));
+            row->edit();
+            row->setField(u"CAT_ID"_s, i % 3 == 1 ? 1 : 0);
+            for (const QString &date : {u"DateCreated"_s, u"LastUpdate"_s})
+                row->setField(date, clock.now().addSecs(100'000 * i));
+            row->update();
+        }
+        other.store.database()->commitTrans();
+    }
     void keep(QWidget &window, const QString &name)
     {
         m_isDone = gallery::keep(window, m_folder + u'/' + name + u".png"_s) && m_isDone;

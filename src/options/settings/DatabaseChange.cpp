@@ -57,11 +57,7 @@ bool DatabaseChange::isLocked(const QString &folder) const
 {
     if (!DatabaseIsLocked(m_parts.store.engine(), databaseFileIn(folder)))
         return false;
-    m_parts.prompts.messageBox(
-        QStringLiteral("Can not start Norvane database.\r\nDatabase located in '%1' is "
-                       "currently locked by another user.")
-            .arg(folder),
-        Prompts::kCritical, kApplicationTitle.toString());
+    tellDatabaseIsLocked(m_parts.prompts, folder);
     return true;
 }
 
@@ -74,15 +70,15 @@ bool DatabaseChange::askForPassword(const QString &file, QString &password) cons
 }
 
 /// Looks whether the new database would do before the old one is given up: once that is closed, a failure
-/// is the end of the program.
+/// is the end of the program. Nothing is written into it yet.
 bool DatabaseChange::opens(const QString &file, const QString &password) const
 {
     try {
         const auto workspace = m_parts.store.engine().workspace(0);
         const auto database = workspace->openDatabase(file, false, false, QStringLiteral(";pwd=") + password);
-        repairNoteDatabase(*database);
-        for (const QString &table : {QStringLiteral("Memos"), QStringLiteral("Category")})
-            database->openRecordset(QStringLiteral("select count(*) as Rows from ") + table,
+        // One that is missing will be made when it is opened for good.
+        for (const dao::TableDef &table : database->tableDefs())
+            database->openRecordset(QStringLiteral("select count(*) as Rows from ") + table.name,
                                     dao::RecordsetType::ForwardOnly);
         return true;
     } catch (const RuntimeError &error) {

@@ -2,6 +2,8 @@
 
 #include "browser/dialogs/dialog_parts.h"
 #include "controls/named_button.h"
+#include "exchange/import/start_import.h"
+#include "exchange/windows/frmImport.h"
 #include "options/settings/PasswordChange.h"
 #include "options/settings/RecentFolders.h"
 #include "options/windows/FolderBox.h"
@@ -13,6 +15,7 @@
 #include "richtext/EditServices.h"
 #include "shell/path_rules.h"
 #include "shell/windows/StatusPanel.h"
+#include "shell/windows/frmPassword.h"
 #include "store/NoteStore.h"
 #include "store/note_schema.h"
 #include "store/offer_new_database.h"
@@ -23,6 +26,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 
 namespace norvane {
@@ -134,14 +138,13 @@ QGroupBox *DatabasePage::importFrame()
     QPushButton *browseFolders = browseButton(QStringLiteral("Command6"), tr("Browse for notes to import"));
     browseFolders->setToolTip(tr("Browse"));
     auto *import = namedButton(QStringLiteral("Command7"), tr("&Import"));
-    import->setEnabled(false);
-    import->setToolTip(tr("Importing notes is still to come"));
     QGridLayout *grid = rows(frame);
     grid->addWidget(caption(tr("Database Path:"), m_import), 0, 0);
     grid->addWidget(m_import, 0, 1);
     grid->addWidget(browseFolders, 0, 2);
     grid->addWidget(import, 0, 3);
     connect(browseFolders, &QPushButton::clicked, this, &DatabasePage::browseImport);
+    connect(import, &QPushButton::clicked, this, &DatabasePage::importClicked);
     return frame;
 }
 
@@ -196,6 +199,24 @@ void DatabasePage::browseImport()
     const QString folder = askForFolder(m_services.browser.edit.prompts);
     if (!folder.isEmpty())
         m_import->setFolder(folder);
+}
+
+void DatabasePage::importClicked()
+{
+    const BrowserServices &services = m_services.browser;
+    const StartImportParts parts{.store = services.store,
+                                 .prompts = services.edit.prompts,
+                                 .events = services.events,
+                                 .askPassword = [this](PasswordDialogModel &model) {
+                                     askForPassword(m_services.browser.forms, model,
+                                                    SelectDatabaseButton::Disabled, window());
+                                 }};
+    const QPointer<DatabasePage> self(this);
+    const std::optional<ImportPlace> place = startImport(parts, m_import->folder(), m_folder->folder());
+    if (!place || !self)
+        return;
+    RecentFolders(services.settings).AddMRU(place->folder);
+    ShowImport(services, *place, window());
 }
 
 void DatabasePage::changePasswordClicked()

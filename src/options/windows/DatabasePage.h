@@ -38,6 +38,7 @@ private:
     QGroupBox *securityFrame();
     void browse();
     void browseImport();
+    void importClicked();
     void changePasswordClicked();
     void passwordsChanged();
 

@@ -139,12 +139,7 @@ bool frmSetting::apply()
                      .watch = m_options.watch,
                      .askPassword =
                          [self, &services](PasswordDialogModel &model) {
-                             // On the heap: it goes with this window when the program ends under it.
-                             const QPointer<frmPassword> dialog =
-                                 new frmPassword(services.forms, model, self);
-                             dialog->setSelectDatabaseVisible(false);
-                             dialog->exec();
-                             delete dialog.data();
+                             askForPassword(services.forms, model, SelectDatabaseButton::Hidden, self);
                          },
                      .editorsMayClose = [&services] { return EditorsMayClose(services.forms); }},
         .shell = services.shell,

@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -85,12 +86,12 @@ private:
     int m_number;
 };
 
-bool writeAll(int file, const QByteArray &bytes)
+bool writeAll(int file, QByteArrayView bytes)
 {
     qsizetype done = 0;
     while (done < bytes.size()) {
         const ssize_t written =
-            ::write(file, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
+            ::write(file, bytes.data() + done, static_cast<std::size_t>(bytes.size() - done));
         if (written < 0 && errno != EINTR)
             return false;
         if (written > 0)
@@ -105,6 +106,31 @@ QByteArray folderOf(const QByteArray &path)
     if (slash < 0)
         return QByteArrayLiteral(".");
     return slash == 0 ? QByteArrayLiteral("/") : path.left(slash);
+}
+
+/// Gives all bytes of a file to @p take, piece by piece.
+template <typename Take> void readPieces(const QString &path, const Take &take)
+{
+    // Without O_NONBLOCK a pipe in the file's place would hold the program.
+    const Descriptor file(::open(encoded(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.isOpen()) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            raiseFileNotFound(path);
+        raiseAccess(path);
+    }
+    struct stat status = {};
+    if (::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+        raiseAccess(path);
+    char buffer[65536];
+    for (;;) {
+        const ssize_t count = ::read(file.number(), buffer, sizeof buffer);
+        if (count == 0)
+            return;
+        if (count > 0)
+            take(QByteArrayView(buffer, count));
+        else if (errno != EINTR)
+            raiseAccess(path);
+    }
 }
 
 /// So that a rename or a removal outlasts a power cut. Not every file system knows it.
@@ -161,28 +187,9 @@ qint64 PosixFileSystem::size(const QString &path) const
 
 QByteArray PosixFileSystem::read(const QString &path) const
 {
-    // Without O_NONBLOCK a pipe in the file's place would hold the program.
-    const Descriptor file(::open(encoded(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file.isOpen()) {
-        if (errno == ENOENT || errno == ENOTDIR)
-            raiseFileNotFound(path);
-        raiseAccess(path);
-    }
-    struct stat status = {};
-    if (::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
-        raiseAccess(path);
     QByteArray bytes;
-    bytes.reserve(static_cast<qsizetype>(status.st_size));
-    char buffer[65536];
-    for (;;) {
-        const ssize_t count = ::read(file.number(), buffer, sizeof buffer);
-        if (count == 0)
-            return bytes;
-        if (count > 0)
-            bytes.append(buffer, static_cast<qsizetype>(count));
-        else if (errno != EINTR)
-            raiseAccess(path);
-    }
+    readPieces(path, [&bytes](QByteArrayView piece) { bytes.append(piece); });
+    return bytes;
 }
 
 void PosixFileSystem::write(const QString &path, const QByteArray &bytes)
@@ -202,6 +209,48 @@ void PosixFileSystem::write(const QString &path, const QByteArray &bytes)
     }
     if (const int error = replaceFile(target, bytes, permissions); error != 0)
         raiseForWriting(error, path);
+}
+
+void PosixFileSystem::copy(const QString &source, const QString &target)
+{
+    const QByteArray name = encoded(target);
+    if (::unlink(name.constData()) != 0 && errno != ENOENT)
+        raiseForWriting(errno, target);
+    std::optional<Descriptor> file;
+    try {
+        const auto openTarget = [&] {
+            file.emplace(::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+            if (!file->isOpen())
+                raiseForWriting(errno, target);
+        };
+        readPieces(source, [&](QByteArrayView piece) {
+            if (!file)
+                openTarget();
+            if (!writeAll(file->number(), piece))
+                raiseForWriting(errno, target);
+        });
+        if (!file)
+            openTarget(); // it is empty
+        if (!file->close())
+            raiseForWriting(errno, target);
+    } catch (const RuntimeError &) {
+        if (file)
+            ::unlink(name.constData());
+        throw;
+    }
+}
+
+void PosixFileSystem::sync(const QStringList &paths)
+{
+    for (const QString &path : paths) {
+        const Descriptor file(::open(encoded(path).constData(), O_RDONLY | O_CLOEXEC));
+        if (!file.isOpen() && errno == ENOENT)
+            raiseFileNotFound(path);
+        if (!file.isOpen() || ::fsync(file.number()) != 0)
+            raiseForWriting(errno, path);
+    }
+    if (!paths.isEmpty())
+        syncFolder(folderOf(encoded(paths.constFirst())));
 }
 
 void PosixFileSystem::makeFolder(const QString &path)

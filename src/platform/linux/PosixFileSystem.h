@@ -16,6 +16,8 @@ public:
     qint64 size(const QString &path) const override;
     QByteArray read(const QString &path) const override;
     void write(const QString &path, const QByteArray &bytes) override;
+    void copy(const QString &source, const QString &target) override;
+    void sync(const QStringList &paths) override;
     void makeFolder(const QString &path) override;
     void remove(const QString &path) override;
 };

@@ -171,6 +171,11 @@ qint64 Connection::lastInsertId() const
     return sqlite3_last_insert_rowid(m_handle);
 }
 
+bool Connection::isInTransaction() const
+{
+    return sqlite3_get_autocommit(m_handle) == 0;
+}
+
 qint64 Connection::foreignVersion()
 {
     return single("PRAGMA data_version").toLongLong();
@@ -223,9 +228,13 @@ void Connection::onChange(void *self, int /*operation*/, const char *database, c
     }
 }
 
-Transaction::Transaction(Connection &connection, Kind kind) : m_connection(connection)
+Transaction::Transaction(Connection &connection, Kind kind)
+    : m_connection(connection), m_isInner(connection.isInTransaction())
 {
-    connection.run(kind == Kind::Write ? "BEGIN IMMEDIATE" : "BEGIN");
+    if (m_isInner)
+        connection.run("SAVEPOINT part");
+    else
+        connection.run(kind == Kind::Write ? "BEGIN IMMEDIATE" : "BEGIN");
 }
 
 Transaction::~Transaction()
@@ -233,7 +242,9 @@ Transaction::~Transaction()
     if (!m_open)
         return;
     try {
-        m_connection.run("ROLLBACK");
+        if (m_isInner)
+            m_connection.run("ROLLBACK TO part");
+        m_connection.run(m_isInner ? "RELEASE part" : "ROLLBACK");
     } catch (const RuntimeError &) {
         // The failure that brought us here has rolled back already.
     }
@@ -241,7 +252,7 @@ Transaction::~Transaction()
 
 void Transaction::commit()
 {
-    m_connection.run("COMMIT");
+    m_connection.run(m_isInner ? "RELEASE part" : "COMMIT");
     m_open = false;
 }
 

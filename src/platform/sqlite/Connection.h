@@ -63,6 +63,7 @@ public:
     quint64 statementCount() const { return m_statementCount; }
     bool readOnly() const { return m_mode != Mode::ReadWrite; }
     qint64 lastInsertId() const;
+    bool isInTransaction() const;
 
     /// A number that changes when another connection has changed the file.
     qint64 foreignVersion();
@@ -100,7 +101,8 @@ private:
     quint64 m_changesBefore = 0; ///< changes dropped from the front of m_changes
 };
 
-/// Begins a transaction that is rolled back unless commit() was reached.
+/// Begins a transaction that is rolled back unless commit() was reached. Inside another one it is a part
+/// of that, and rolled back alone.
 class Transaction
 {
 public:
@@ -113,6 +115,7 @@ public:
 
 private:
     Connection &m_connection;
+    bool m_isInner;
     bool m_open = true;
 };
 

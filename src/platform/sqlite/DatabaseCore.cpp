@@ -5,6 +5,7 @@
 #include "platform/sqlite/Catalogue.h"
 
 #include <QScopedValueRollback>
+#include <limits>
 
 namespace norvane::dao {
 
@@ -16,6 +17,8 @@ void DatabaseCore::connect(const QString &password)
     try {
         if (!m_readOnly)
             m_connection->run("PRAGMA journal_mode=DELETE");
+        else if (m_exclusive)
+            m_connection->run("PRAGMA locking_mode=EXCLUSIVE"); // of a reader: nobody writes meanwhile
         readTables();
     } catch (const RuntimeError &) {
         disconnect();
@@ -26,6 +29,7 @@ void DatabaseCore::connect(const QString &password)
 void DatabaseCore::disconnect()
 {
     m_statementsBefore = statementCount();
+    m_transaction.reset();
     m_connection.reset();
 }
 
@@ -39,6 +43,50 @@ Connection &DatabaseCore::connection() const
 quint64 DatabaseCore::statementCount() const
 {
     return m_statementsBefore + (m_connection ? m_connection->statementCount() : 0);
+}
+
+void DatabaseCore::beginTrans()
+{
+    m_transaction.emplace(connection(), Transaction::Kind::Write);
+}
+
+void DatabaseCore::commitTrans()
+{
+    if (!m_transaction || !connection().isInTransaction())
+        throw RuntimeError(kErrorNothingThere, QStringLiteral("There is no transaction to commit."));
+    m_transaction->commit();
+    m_transaction.reset();
+}
+
+/// Moves the table's counter on, so that no other program gives out the same numbers.
+void DatabaseCore::reserveNumbers(const QString &table, int count)
+{
+    const QString &name = this->table(table).name;
+    std::deque<qint64> &numbers = m_numbers[name];
+    const qint64 missing = count - static_cast<qint64>(numbers.size());
+    if (missing <= 0)
+        return;
+    Transaction transaction(connection(), Transaction::Kind::Write);
+    const auto more = static_cast<qlonglong>(missing);
+    if (connection().run("UPDATE sqlite_sequence SET seq=seq+? WHERE name=?", {more, name}) == 0)
+        connection().run("INSERT INTO sqlite_sequence(name, seq) VALUES (?, ?)", {name, more});
+    const qint64 last =
+        connection().single("SELECT seq FROM sqlite_sequence WHERE name=?", {name}).toLongLong();
+    if (last > std::numeric_limits<qint32>::max())
+        throw RuntimeError(kErrorOverflow,
+                           QStringLiteral("Overflow: the numbers of '%1' are used up.").arg(name));
+    transaction.commit();
+    for (qint64 number = last - missing + 1; number <= last; ++number)
+        numbers.push_back(number);
+}
+
+qint64 DatabaseCore::takeNumber(const QString &table)
+{
+    reserveNumbers(table, 1);
+    std::deque<qint64> &numbers = m_numbers[this->table(table).name];
+    const qint64 number = numbers.front();
+    numbers.pop_front();
+    return number;
 }
 
 void DatabaseCore::tellProgress()

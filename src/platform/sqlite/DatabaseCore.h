@@ -4,8 +4,11 @@
 #include "platform/sqlite/Connection.h"
 #include "platform/sqlite/FileLock.h"
 
+#include <QHash>
+#include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace norvane::dao {
 
@@ -14,7 +17,10 @@ namespace norvane::dao {
 class DatabaseCore
 {
 public:
-    DatabaseCore(QString file, bool readOnly) : m_file(std::move(file)), m_readOnly(readOnly) {}
+    DatabaseCore(QString file, bool readOnly, bool exclusive)
+        : m_file(std::move(file)), m_readOnly(readOnly), m_exclusive(exclusive)
+    {
+    }
 
     const QString &file() const { return m_file; }
     bool readOnly() const { return m_readOnly; }
@@ -34,6 +40,14 @@ public:
     /// The table with this name in any case. Raises 3265.
     const TableDef &table(const QString &name);
 
+    // As Database has them.
+    void beginTrans();
+    void commitTrans();
+    void rollback() noexcept { m_transaction.reset(); }
+    void reserveNumbers(const QString &table, int count);
+    /// A number for a new record of the table.
+    qint64 takeNumber(const QString &table);
+
     /// A name for a temporary table.
     QByteArray newTemporaryTable() { return "temp.snapshot" + QByteArray::number(++m_temporaryTables); }
 
@@ -50,7 +64,10 @@ private:
 
     QString m_file;
     bool m_readOnly;
+    bool m_exclusive;
     std::unique_ptr<Connection> m_connection;
+    std::optional<Transaction> m_transaction;
+    QHash<QString, std::deque<qint64>> m_numbers; ///< given out already, for new records of each table
     QVector<TableDef> m_tables;
     int m_generation = 0;
     int m_temporaryTables = 0;

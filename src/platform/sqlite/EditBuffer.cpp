@@ -38,7 +38,7 @@ QVariant EditBuffer::value(int column, DatabaseCore &core)
 {
     Cell &asked = cell(column);
     if (isNew() && (asked.field.attributes & kAutoIncrField) != 0 && !asked.value.isValid())
-        asked.value = static_cast<int>(reserveNumber(core));
+        asked.value = static_cast<int>(core.takeNumber(m_query.table().name));
     return asked.value;
 }
 
@@ -61,23 +61,6 @@ qint64 EditBuffer::write(DatabaseCore &core)
         return insert(core);
     change(core);
     return *m_key;
-}
-
-/// Moves the table's counter on, so that no other program gives out the same number.
-qint64 EditBuffer::reserveNumber(DatabaseCore &core) const
-{
-    Connection &connection = core.connection();
-    const QString &table = m_query.table().name;
-    Transaction transaction(connection, Transaction::Kind::Write);
-    if (connection.run("UPDATE sqlite_sequence SET seq=seq+1 WHERE name=?", {table}) == 0)
-        connection.run("INSERT INTO sqlite_sequence(name, seq) VALUES (?, 1)", {table});
-    const qint64 number =
-        connection.single("SELECT seq FROM sqlite_sequence WHERE name=?", {table}).toLongLong();
-    if (number > std::numeric_limits<qint32>::max())
-        throw RuntimeError(kErrorOverflow,
-                           QStringLiteral("Overflow: the numbers of '%1' are used up.").arg(table));
-    transaction.commit();
-    return number;
 }
 
 void EditBuffer::check() const

@@ -35,7 +35,6 @@ private:
         bool changed = false;
     };
     Cell &cell(int column);
-    qint64 reserveNumber(DatabaseCore &core) const;
     void check() const;
     qint64 insert(DatabaseCore &core) const;
     void change(DatabaseCore &core) const;

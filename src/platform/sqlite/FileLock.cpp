@@ -75,7 +75,7 @@ bool waitForLock(int descriptor, FileLock::Kind kind)
 std::unique_ptr<FileLock> FileLock::take(const QString &database, Kind kind, bool optional)
 {
     const QByteArray name = sideFile(database);
-    int descriptor = open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    int descriptor = open(name.constData(), O_RDWR | (optional ? 0 : O_CREAT) | O_CLOEXEC | O_NOFOLLOW, 0600);
     // Whoever may only read can still share.
     if (descriptor < 0 && kind == Kind::Shared)
         descriptor = open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);

@@ -14,8 +14,8 @@ public:
     enum class Kind { Shared, Alone };
 
     /// Waits a moment for other holders. Raises 3356 when they stay, 75 when the side file cannot
-    /// be made. Gives nullptr where @p optional is set and no side file can be made or locked: in a
-    /// folder that nobody can write, nobody can hold the database for themselves either.
+    /// be made. With @p optional no side file is made, and where there is none that can be locked
+    /// nullptr comes back: where nobody has made one, nobody has the database open.
     static std::unique_ptr<FileLock> take(const QString &database, Kind kind, bool optional = false);
     ~FileLock();
     FileLock(const FileLock &) = delete;

@@ -33,11 +33,12 @@ SqliteDatabase::SqliteDatabase(const QString &path, bool exclusive, bool readOnl
     const QString file = existingFile(path);
     if (!readOnly)
         dao::checkWritable(file);
-    m_core = std::make_shared<DatabaseCore>(file, readOnly);
-    m_core->lock = FileLock::take(file, exclusive ? FileLock::Kind::Alone : FileLock::Kind::Shared, readOnly);
+    auto lock = FileLock::take(file, exclusive ? FileLock::Kind::Alone : FileLock::Kind::Shared, readOnly);
     proveDatabase(file, password);
     if (readOnly)
-        recoverInterruptedSave(file, password);
+        m_copy = copyWithInterruptedSave(file, password);
+    m_core = std::make_shared<DatabaseCore>(m_copy ? copyIn(*m_copy) : file, readOnly, exclusive);
+    m_core->lock = std::move(lock);
     m_core->connect(password);
 }
 
@@ -106,6 +107,28 @@ void SqliteDatabase::newPassword(const QString &oldPassword, const QString &newP
     }
     m_password = newPassword;
     m_core->connect(m_password);
+}
+
+void SqliteDatabase::beginTrans()
+{
+    checkWritable();
+    m_core->beginTrans();
+}
+
+void SqliteDatabase::commitTrans()
+{
+    m_core->commitTrans();
+}
+
+void SqliteDatabase::rollback() noexcept
+{
+    m_core->rollback();
+}
+
+void SqliteDatabase::reserveNumbers(const QString &table, int count)
+{
+    checkWritable();
+    m_core->reserveNumbers(table, count);
 }
 
 void SqliteDatabase::setProgress(std::function<bool()> goOn)

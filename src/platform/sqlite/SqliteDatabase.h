@@ -2,6 +2,7 @@
 
 #include "platform/dao.h"
 
+#include <QTemporaryDir>
 #include <memory>
 
 namespace norvane::dao {
@@ -21,6 +22,10 @@ public:
     void appendTable(const TableDef &table) override;
     void setAllowZeroLength(const QString &table, const QString &field, bool allow) override;
     void newPassword(const QString &oldPassword, const QString &newPassword) override;
+    void beginTrans() override;
+    void commitTrans() override;
+    void rollback() noexcept override;
+    void reserveNumbers(const QString &table, int count) override;
     void setProgress(std::function<bool()> goOn) override;
     quint64 statementCount() const override;
     void close() override;
@@ -31,6 +36,7 @@ private:
     QString m_path;
     QString m_password;
     bool m_exclusive;
+    std::unique_ptr<QTemporaryDir> m_copy; ///< what is read where a save of the file was interrupted
     std::shared_ptr<DatabaseCore> m_core;
 };
 

@@ -99,15 +99,31 @@ void readFirstPage(const QString &file, Connection::Mode mode, const QString &pa
 
 /// Tries the password where a save was interrupted, on copies: the rollback of the file itself is
 /// lost for good when it is opened with a wrong key.
-void proveOnCopy(const QString &file, const QString &password)
+std::unique_ptr<QTemporaryDir> proveOnCopy(const QString &file, const QString &password)
 {
-    const QTemporaryDir folder;
-    if (!folder.isValid())
-        raiseSystemError(EACCES, folder.path());
-    const QString copy = folder.filePath(QStringLiteral("probe"));
+    auto folder = std::make_unique<QTemporaryDir>();
+    if (!folder->isValid())
+        raiseSystemError(EACCES, folder->path());
+    const QString copy = copyIn(*folder);
     copyFile(file, copy);
     copyFile(journalOf(file), journalOf(copy));
     readFirstPage(copy, Connection::Mode::ReadWrite, password);
+    return folder;
+}
+
+/// Whether a read-only connection refuses, since a rollback is due before anything can be read.
+bool awaitsRollback(const QString &file, const QString &password)
+{
+    if (!hasJournal(file))
+        return false;
+    try {
+        readFirstPage(file, Connection::Mode::ReadOnly, password);
+    } catch (const SqliteError &error) {
+        if (error.code() != SQLITE_READONLY)
+            throw;
+        return true;
+    }
+    return false;
 }
 
 /// Reads a file beside which an interrupted save waits for its rollback.
@@ -225,6 +241,27 @@ void writeCompactedCopy(const QString &file, const QString &password, const QStr
     checkIntegrity(target, newPassword);
     syncFile(target);
     unfinished.release();
+}
+
+QString copyIn(const QTemporaryDir &folder)
+{
+    return folder.filePath(QStringLiteral("copy"));
+}
+
+std::unique_ptr<QTemporaryDir> copyWithInterruptedSave(const QString &file, const QString &password)
+{
+    for (int attempt = 1; awaitsRollback(file, password); ++attempt) {
+        const QByteArray before = fingerprint(file);
+        try {
+            auto folder = proveOnCopy(file, password);
+            if (fingerprint(file) == before || attempt == kAttempts)
+                return folder;
+        } catch (const RuntimeError &) {
+            if (attempt == kAttempts) // else someone may have rolled back while it was copied
+                throw;
+        }
+    }
+    return nullptr;
 }
 
 void recoverInterruptedSave(const QString &file, const QString &password)

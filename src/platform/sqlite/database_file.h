@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QTemporaryDir>
+#include <memory>
 
 namespace norvane::dao {
 
@@ -23,6 +25,13 @@ void checkWritable(const QString &file);
 /// when the copy is not sound.
 void writeCompactedCopy(const QString &file, const QString &password, const QString &target,
                         const QString &newPassword);
+
+/// A folder with a copy of a file whose last save was interrupted and is still to be rolled back, which
+/// needs more than reading; nullptr where the file can be read as it stands. The password is proven. The
+/// file and what is beside it stay as they are.
+std::unique_ptr<QTemporaryDir> copyWithInterruptedSave(const QString &file, const QString &password);
+/// The copy in such a folder.
+QString copyIn(const QTemporaryDir &folder);
 
 /// Rolls back what a killed program left half done, which a read-only connection cannot. The
 /// password is proven.

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -93,9 +94,10 @@ frmPassword::~frmPassword()
     m_forms.remove(this);
 }
 
-void frmPassword::setSelectDatabaseVisible(bool visible)
+void frmPassword::setSelectDatabase(SelectDatabaseButton button)
 {
-    m_selectDatabase->setVisible(visible);
+    m_selectDatabase->setEnabled(button == SelectDatabaseButton::Enabled);
+    m_selectDatabase->setVisible(button != SelectDatabaseButton::Hidden);
 }
 
 QString frmPassword::formName() const
@@ -159,6 +161,15 @@ void frmPassword::showFile()
 {
     m_explanation->setText(m_model.explanation());
     m_password->setToolTip(m_model.toolTip());
+}
+
+void askForPassword(FormList &forms, PasswordDialogModel &model, SelectDatabaseButton button, QWidget *parent)
+{
+    // On the heap: it goes with its parent when the program ends under it.
+    const QPointer<frmPassword> dialog = new frmPassword(forms, model, parent);
+    dialog->setSelectDatabase(button);
+    dialog->exec();
+    delete dialog.data();
 }
 
 } // namespace norvane

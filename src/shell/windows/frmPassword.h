@@ -11,6 +11,9 @@ class QPushButton;
 
 namespace norvane {
 
+/// What stands for "&Select Database" in the dialog.
+enum class SelectDatabaseButton { Enabled, Disabled, Hidden };
+
 /// Asks for the password of a database, modally: exec() returns when it is hidden. What its buttons
 /// do is the model's.
 class frmPassword : public QDialog, public Form
@@ -22,8 +25,7 @@ public:
     frmPassword(FormList &forms, PasswordDialogModel &model, QWidget *parent = nullptr);
     ~frmPassword() override;
 
-    /// The button "&Select Database" is there unless this hides it.
-    void setSelectDatabaseVisible(bool visible);
+    void setSelectDatabase(SelectDatabaseButton button);
 
     QString formName() const override;
     WindowHandle hWnd() const override;
@@ -45,5 +47,9 @@ private:
     QLineEdit *m_password;
     QPushButton *m_selectDatabase;
 };
+
+/// Shows the dialog and returns when it is over, or when its parent is gone.
+void askForPassword(FormList &forms, PasswordDialogModel &model, SelectDatabaseButton button,
+                    QWidget *parent);
 
 } // namespace norvane

@@ -141,7 +141,6 @@ TEST_F(OptionsWindow, ChangesTheDatabaseAndShowsWhatIsInIt)
     open();
     EXPECT_EQ(find<FolderBox>(u"txtDBName"_s)->count(), 2);
     EXPECT_EQ(find<FolderBox>(u"cmbImport"_s)->count(), 2);
-    EXPECT_FALSE(button(u"Command7"_s)->isEnabled());
     type(u"txtNewPassword"_s, u"secret"_s);
     find<FolderBox>(u"txtDBName"_s)->showPopup();
     EXPECT_TRUE(canSave() && find<QLineEdit>(u"txtNewPassword"_s)->text().isEmpty());
@@ -182,6 +181,57 @@ TEST_F(OptionsWindow, AsksForThePasswordOfAnotherDatabase)
     EXPECT_TRUE(store.DatabasePassword.isEmpty());
     EXPECT_FALSE(button(u"Command5"_s)->isEnabled());
     EXPECT_TRUE(window->isVisible()) << "Enter is not the window's there";
+}
+
+TEST_F(OptionsWindow, LeadsToAnImport)
+{
+    const QString other = folder.filePath(u"Other/"_s);
+    QDir().mkpath(other);
+    makeNoteDatabase(*engine, files, databaseFileIn(other));
+    setPassword(databaseFileIn(other), u"sesame"_s);
+    store.DatabasePassword = u"mine"_s;
+    open();
+    press(u"Command7"_s);
+    EXPECT_EQ(lastBox(), u"Database path is invalid.");
+    QTest::keyClicks(find<FolderBox>(u"cmbImport"_s), other);
+    fakes::script(prompts.folders, {QString(), other.chopped(1)});
+    press(u"Command6"_s);
+    EXPECT_EQ(find<FolderBox>(u"cmbImport"_s)->folder(), QString());
+    press(u"Command6"_s);
+    EXPECT_EQ(find<FolderBox>(u"cmbImport"_s)->folder(), other);
+    EXPECT_EQ(prompts.folderRequests.last().title, u"Select Norvane Database Folder:");
+
+    const auto answerPassword = [&](const QString &button) {
+        QTimer::singleShot(0, window, [=] {
+            QWidget *dialog = QApplication::activeModalWidget();
+            ASSERT_TRUE(dialog && dialog->objectName() == u"frmPassword");
+            auto *select = dialog->findChild<QPushButton *>(u"Command3"_s);
+            EXPECT_TRUE(select->isVisible() && !select->isEnabled());
+            QTest::keyClicks(dialog->findChild<QLineEdit *>(), u"sesame"_s);
+            dialog->findChild<QPushButton *>(button)->click();
+        });
+    };
+    answerPassword(u"Command2"_s);
+    press(u"Command7"_s);
+    EXPECT_TRUE(settings.values.isEmpty()) << "not among the recent folders yet";
+
+    answerPassword(u"Command1"_s);
+    bool isShown = false;
+    QTimer::singleShot(0, window, [&] {
+        // Behind the password dialog's own turn of the loop.
+        QTimer::singleShot(0, window, [&] {
+            QWidget *import = QApplication::activeModalWidget();
+            ASSERT_TRUE(import && import->objectName() == u"frmImport");
+            isShown = import->findChild<StatusPanel *>(u"lblCurrentDatabase"_s)->panelText() == other;
+            import->close();
+        });
+    });
+    press(u"Command7"_s);
+    EXPECT_TRUE(isShown);
+    EXPECT_EQ(settings.values[u"DB"_s][u"MRU1"_s], other);
+    EXPECT_EQ(store.DatabasePassword, u"mine");
+    EXPECT_FALSE(canSave()) << "an import is nothing to be saved";
+    EXPECT_FALSE(timer.isEnabled()) << "the window is still there";
 }
 
 TEST_F(OptionsWindow, KeepsTheListOfCategories)

@@ -87,7 +87,7 @@ TEST_F(PasswordDialog, FollowsItsModelToAnotherDatabase)
     EXPECT_TRUE(dialog->isVisible() && box()->hasFocus());
     EXPECT_EQ(box()->toolTip(), u"Database: "_s + other + u'/');
     EXPECT_EQ(dialog->findChild<QLabel *>(u"lblExplanation"_s)->text(), model->explanation());
-    dialog->setSelectDatabaseVisible(false);
+    dialog->setSelectDatabase(SelectDatabaseButton::Hidden);
     EXPECT_FALSE(dialog->findChild<QPushButton *>(u"Command3"_s)->isVisible());
 }
 

@@ -1,8 +1,12 @@
 #include "OptionsLogic.h"
 #include "options/settings/PasswordChange.h"
 #include "options/settings/RecentFolders.h"
+#include "unit/platform/linux/in_child.h"
 
 #include <QFile>
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 using namespace norvane;
 using namespace norvane::test;
@@ -19,6 +23,12 @@ protected:
     Outcome change(const QString &folderText, bool asDefault = false)
     {
         return DatabaseChange(parts.database).changeTo(folderText, asDefault);
+    }
+    /// No file can grow, which to a process is a full disk. Only in a child.
+    static bool fillDisk()
+    {
+        const rlimit none = {0, 0};
+        return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && ::setrlimit(RLIMIT_FSIZE, &none) == 0;
     }
     /// Nothing has happened to the open database, to the clock and to the settings.
     void expectUntouched()
@@ -85,12 +95,16 @@ TEST_F(ChangingTheDatabase, StopsAtAFolderThatWillNotDo)
     // Opens, and is no note database: the program must not end of it.
     QFile::remove(otherFile);
     engine->workspace(0)->createDatabase(otherFile, {})->close();
-    fakes::script(prompts.answers, {Prompts::kYes});
-    const Outcome outcome = change(otherFolder);
-    EXPECT_TRUE(outcome == Outcome::Stopped || outcome == Outcome::Changed);
+    const QByteArray bare = bytesOf(otherFile);
+    fakes::script(prompts.answers, {Prompts::kYes, Prompts::kYes});
+    editorsMayClose = false;
+    EXPECT_EQ(change(otherFolder), Outcome::Stopped);
+    EXPECT_EQ(bytesOf(otherFile), bare) << "not written before the last question";
+    expectUntouched();
+    editorsMayClose = true;
+    EXPECT_EQ(change(otherFolder), Outcome::Changed) << "it is made whole";
+    addNote(u"there"_s);
     EXPECT_FALSE(log.contains(u"program ends"_s));
-    if (outcome == Outcome::Stopped)
-        expectUntouched();
 }
 
 TEST_F(ChangingTheDatabase, NeedsTheRightPassword)
@@ -128,6 +142,106 @@ TEST_F(ChangingTheDatabase, LeavesAFolderThatHasVanished)
     EXPECT_EQ(change(otherFolder), Outcome::Changed);
     EXPECT_EQ(store.database()->path(), otherFile);
     EXPECT_FALSE(QFile::exists(databaseFileIn(folder.path() + u'/')));
+}
+
+TEST_F(ChangingTheDatabase, LeavesAFolderThatVanishesWhileItIsOpen)
+{
+    store.CompactOnExit = true;
+    fakes::script(prompts.answers, {Prompts::kYes, Prompts::kYes});
+    ASSERT_EQ(change(otherFolder), Outcome::Changed);
+    addNote(u"there"_s);
+    ASSERT_TRUE(QDir(otherFolder).removeRecursively());
+    EXPECT_NE(errorOf([&] { addNote(u"late"_s); }), 0) << "not lost without a word";
+    fakes::script(prompts.answers, {Prompts::kYes});
+    EXPECT_EQ(change(folder.path() + u'/'), Outcome::Changed);
+    EXPECT_EQ(note(), u"here");
+    EXPECT_FALSE(QFile::exists(otherFolder));
+}
+
+TEST_F(ChangingTheDatabase, GoesToAnotherDiskAndBack)
+{
+    const QTemporaryDir memory(u"/dev/shm/norvane-XXXXXX"_s);
+    struct stat here = {};
+    struct stat there = {};
+    if (!memory.isValid() || ::stat(QFile::encodeName(folder.path()).constData(), &here) != 0 ||
+        ::stat(QFile::encodeName(memory.path()).constData(), &there) != 0 || here.st_dev == there.st_dev)
+        GTEST_SKIP() << "there is one disk alone";
+    // A database is compacted by way of the program's folder, which stands on the first.
+    store.CompactOnExit = true;
+    fakes::script(prompts.answers, {Prompts::kYes, Prompts::kYes});
+    ASSERT_EQ(change(memory.path() + u'/'), Outcome::Changed);
+    addNote(u"there"_s);
+    fakes::script(prompts.answers, {Prompts::kYes, Prompts::kYes});
+    EXPECT_EQ(change(folder.path() + u'/'), Outcome::Changed);
+    EXPECT_EQ(note(), u"here");
+    EXPECT_EQ(change(memory.path() + u'/'), Outcome::Changed);
+    EXPECT_EQ(note(), u"there");
+}
+
+TEST_F(ChangingTheDatabase, StopsAtAFolderThatCannotBeWritten)
+{
+    makeNoteDatabase(*engine, files, otherFile);
+    store.close();
+    // For an ordinary user, to whom permissions count.
+    for (const QString &each : {folder.path(), otherFolder, store.DatabaseFile, otherFile})
+        (void)::chown(QFile::encodeName(each).constData(), kNobody, kNobody);
+    const QByteArray there = bytesOf(otherFile);
+    for (const bool isThere : {true, false}) {
+        ::chmod(QFile::encodeName(otherFolder).constData(), 0755);
+        if (!isThere)
+            QFile::remove(otherFile);
+        ::chmod(QFile::encodeName(otherFolder).constData(), 0555);
+        const int result = inChild([&] {
+            if (!becomeOrdinaryUser())
+                return 1;
+            store.open();
+            fakes::script(prompts.answers, {Prompts::kYes});
+            EXPECT_EQ(change(otherFolder), Outcome::Stopped);
+            EXPECT_TRUE(boxes().last().startsWith(isThere ? u"16 Can not start Norvane database. | "
+                                                          : u"16 The database could not be created."))
+                << boxes().join(u'\n').toStdString();
+            expectUntouched();
+            return HasFailure() ? 2 : 0;
+        });
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(bytesOf(otherFile), isThere ? there : QByteArray());
+    }
+}
+
+TEST_F(ChangingTheDatabase, OnAFullDiskLeavesBothAsTheyAre)
+{
+    store.CompactOnExit = true;
+    store.close();
+    const QByteArray here = bytes();
+    EXPECT_EQ(inChild([&] {
+                  store.open();
+                  if (!fillDisk())
+                      return 1;
+                  fakes::script(prompts.answers, {Prompts::kYes});
+                  EXPECT_EQ(change(otherFolder), Outcome::Stopped);
+                  EXPECT_TRUE(boxes().last().startsWith(u"16 The database could not be created."));
+                  expectUntouched();
+                  return HasFailure() ? 2 : 0;
+              }),
+              0);
+    EXPECT_FALSE(QFile::exists(otherFile));
+    EXPECT_EQ(bytes(), here);
+
+    makeNoteDatabase(*engine, files, otherFile);
+    const QByteArray there = bytesOf(otherFile);
+    EXPECT_EQ(inChild([&] {
+                  store.open();
+                  if (!fillDisk())
+                      return 1;
+                  fakes::script(prompts.answers, {Prompts::kYes, Prompts::kYes});
+                  EXPECT_EQ(change(otherFolder), Outcome::Changed) << "to look at it takes no room";
+                  EXPECT_EQ(change(folder.path() + u'/'), Outcome::Changed);
+                  EXPECT_EQ(note(), u"here");
+                  return HasFailure() ? 2 : 0;
+              }),
+              0);
+    EXPECT_EQ(bytes(), here);
+    EXPECT_EQ(bytesOf(otherFile), there);
 }
 
 TEST_F(ChangingTheDatabase, ChangesThePasswordOfTheOpenOne)

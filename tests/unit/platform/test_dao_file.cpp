@@ -186,12 +186,48 @@ TEST_F(FileTest, AWrongKeyNeverTouchesAnInterruptedSave)
         EXPECT_EQ(bytesOf(file + u"-journal"_s), journal);
     }
     EXPECT_EQ(errorOf([&] { engine->replaceDatabase(work, file); }), kErrorFormat);
-    // Reading alone rolls back too.
-    database = open(u"pw"_s, true);
-    EXPECT_EQ(
-        rows(u"select ID from Memos where URL like 'uuu*' and WindowName like 'note*'"_s)->recordCount(), 60);
+    // Reading alone rolls back in a copy.
+    const QByteArray before = bytesOf(file);
+    for (const bool readOnly : {true, false}) {
+        database = open(u"pw"_s, readOnly);
+        EXPECT_EQ(
+            rows(u"select ID from Memos where URL like 'uuu*' and WindowName like 'note*'"_s)->recordCount(),
+            60);
+        EXPECT_EQ(bytesOf(file) == before && bytesOf(file + u"-journal"_s) == journal, readOnly);
+    }
     EXPECT_FALSE(QFileInfo::exists(file + u"-journal"_s));
     checkIntegrity(file, u"pw"_s);
+}
+
+TEST_F(FileTest, SavesManyTogetherOrNotAtAll)
+{
+    createSome(1);
+    database->reserveNumbers(u"memos"_s, 3);
+    database->beginTrans();
+    EXPECT_EQ(add(u"a"_s), 2);
+    EXPECT_EQ(open()->openRecordset(u"select ID from Memos"_s)->recordCount(), 1) << "not yet";
+    database->rollback();
+    database->rollback();
+    EXPECT_EQ(notes()->recordCount(), 1);
+    EXPECT_EQ(errorOf([&] { database->commitTrans(); }), kErrorNothingThere);
+
+    database->beginTrans();
+    EXPECT_EQ(add(u"b"_s), 3) << "the first number is gone";
+    EXPECT_EQ(errorOf([&] { add(QString(300, u'x')); }), kErrorFieldTooLong);
+    EXPECT_EQ(errorOf([&] {
+                  const auto target = notes(u"false"_s);
+                  target->addNew();
+                  target->update();
+              }),
+              kErrorRequired);
+    EXPECT_EQ(add(u"c"_s), 5) << "behind the reserved ones";
+    database->commitTrans();
+    EXPECT_EQ(ids(u"select ID from Memos"_s), u"1 3 5 ");
+    database->reserveNumbers(u"Memos"_s, 2);
+    database = open();
+    EXPECT_EQ(ids(u"select ID from Memos"_s), u"1 3 5 ");
+    EXPECT_EQ(add(u"d"_s), 8) << "what was reserved is never given out again";
+    EXPECT_EQ(errorOf([&] { open({}, true)->beginTrans(); }), kErrorReadOnly);
 }
 
 TEST_F(FileTest, CompactsIntoANewFile)

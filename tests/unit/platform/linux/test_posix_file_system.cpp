@@ -40,6 +40,32 @@ protected:
     QTemporaryDir folder;
 };
 
+TEST_F(PosixFileSystemTest, CopiesWholeFilesOrNone)
+{
+    for (const QByteArray &bytes : {QByteArray(200000, 'x'), QByteArray()}) {
+        files.write(path(u"source"_qs), bytes);
+        files.copy(path(u"source"_qs), path(u"copy"_qs));
+        files.sync({path(u"copy"_qs), path(u"source"_qs)});
+        EXPECT_EQ(files.read(path(u"copy"_qs)), bytes);
+        EXPECT_EQ(modeOf(path(u"copy"_qs)), 0600u);
+    }
+    files.write(path(u"source"_qs), QByteArray(200000, 'x'));
+    EXPECT_EQ(errorOf([&] { files.copy(path(u"none"_qs), path(u"copy"_qs)); }), kErrorFileNotFound);
+    EXPECT_EQ(errorOf([&] { files.copy(folder.path(), path(u"copy"_qs)); }), kErrorFileAccess);
+    EXPECT_EQ(errorOf([&] { files.copy(path(u"source"_qs), path(u"no/copy"_qs)); }), kErrorPathNotFound);
+    EXPECT_EQ(errorOf([&] { files.sync({path(u"copy"_qs)}); }), kErrorFileNotFound);
+    EXPECT_EQ(inChild([&] {
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  const rlimit limit = {100000, RLIM_INFINITY};
+                  setrlimit(RLIMIT_FSIZE, &limit);
+                  return errorOf([&] { files.copy(path(u"source"_qs), path(u"copy"_qs)); }) == kErrorDiskFull
+                             ? 0
+                             : 1;
+              }),
+              0);
+    EXPECT_TRUE(holds(1)) << "nothing is left of a copy that failed";
+}
+
 TEST_F(PosixFileSystemTest, WritesReplacesReadsAndRemovesForTheUserAlone)
 {
     const QString name = path(u"Norvane_00000001 \u00e4 \u20ac"_qs);
