@@ -51,7 +51,6 @@ FTaskMgr::FTaskMgr(const WindowListServices &services)
     setWindowTitle(tr("Window List"));
     SetFormIcon(this);
     m_rows->setParent(this);
-    m_rows->setOwnWindow(hWnd());
     arrange();
     connectControls();
 
@@ -62,6 +61,7 @@ FTaskMgr::FTaskMgr(const WindowListServices &services)
         settings::withinReach({wanted.topLeft(), wanted.size().expandedTo(minimumSizeHint())}, room);
     move(shown.topLeft());
     resize(shown.size());
+    m_rows->setOwnWindow(hWnd()); // now that it has its place: one that has a window is moved without its frame
     setOnTop(false);
     const double view = numericPrefix(settings::read(m_services.settings, settings::kTaskListView));
     showView(static_cast<int>(std::clamp(view, 0.0, double(TaskViews::kDetails))));
@@ -231,13 +231,6 @@ void FTaskMgr::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     m_rows->setScale(devicePixelRatioF());
     m_list->divideColumns();
-}
-
-void FTaskMgr::changeEvent(QEvent *event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_toolBar)
-        m_toolBar->showView(m_lastListView);
 }
 
 void FTaskMgr::keyPressEvent(QKeyEvent *event)

@@ -250,11 +250,14 @@ TEST_F(WindowList, KeepsSelectionAndScrollPlaceWhileWindowsComeGoAndChange)
         many.prepend(openDocument(u"file %1.txt"_s.arg(i), u"/usr/bin/mousepad"_s));
     open();
     ASSERT_EQ(model()->rowCount(), 100);
-    for (const QString &key : {u"BM_DETAILS"_s, u"BM_LARGE"_s}) {
+    const auto scrolled = [this] {
+        return shown()->verticalScrollBar()->value() + shown()->horizontalScrollBar()->value();
+    };
+    for (const QString &key : {u"BM_DETAILS"_s, u"BM_LARGE"_s, u"BM_SMALL"_s, u"BM_LIST"_s}) {
         entry(key)->trigger();
         list()->selectRow(50);
         QCoreApplication::processEvents();
-        const int place = shown()->verticalScrollBar()->value();
+        const int place = scrolled();
         EXPECT_GT(place, 0);
         const QString selected = model()->index(50, 0).data().toString();
         for (int i = 0; i < 100; i += 7)
@@ -263,7 +266,7 @@ TEST_F(WindowList, KeepsSelectionAndScrollPlaceWhileWindowsComeGoAndChange)
         windows.destroy(many.takeAt(99));
         refresh();
         QCoreApplication::processEvents();
-        EXPECT_EQ(shown()->verticalScrollBar()->value(), place);
+        EXPECT_EQ(scrolled(), place) << key.toStdString();
         EXPECT_EQ(list()->selectedRow(), 50);
         EXPECT_EQ(model()->index(50, 0).data().toString(), selected);
         EXPECT_EQ(model()->rowCount(), 100);
