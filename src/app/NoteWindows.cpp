@@ -43,7 +43,7 @@ NoteWindows::NoteWindows(const BrowserServices &services, NoteRescue &rescue, Sh
 {
 }
 
-bool NoteWindows::has(View view) const
+bool NoteWindows::has(View) const
 {
     return true;
 }
