@@ -1,7 +1,5 @@
 #include "OptionsOnTheDesktop.h"
 
-#include <csignal>
-
 using namespace norvane;
 using namespace norvane::test;
 
@@ -126,32 +124,6 @@ TEST_F(OptionsOnTheDesktop, AnotherDatabaseTakesTheNotesAwayAndGivesThemBack)
     x().press(u"ctrl+s"_s);
     EXPECT_TRUE(waitFor([&] { return texts() == "1|In the first database. Again."; }));
     EXPECT_FALSE(bytesOf(secondBody).contains("Again."));
-}
-
-TEST_F(OptionsOnTheDesktop, TheSessionsEntryStartsIt)
-{
-    ASSERT_TRUE(startNorvane());
-    ASSERT_TRUE(openOptions());
-    goTo(-3, 1);
-    x().type(u" "_s);
-    x().press(u"Return"_s);
-    ASSERT_TRUE(isClosed(u"Norvane Options"_s));
-    ASSERT_TRUE(m_norvane.end());
-    ASSERT_FALSE(x().isTaken(u"ctrl+alt+a"_s));
-
-    // By another program's reading of the entry.
-    m_desktop.run(u"gio"_s, {u"launch"_s, m_desktop.home() + u"/.config/autostart/norvane.desktop"_s});
-    ASSERT_TRUE(waitFor([&] { return x().isTaken(u"ctrl+alt+a"_s); }));
-    xcb_window_t frame = 0;
-    for (int attempt = 0; attempt < 5 && frame == 0; ++attempt) {
-        x().press(u"ctrl+alt+w"_s);
-        waitFor([&] { return (frame = x().findClient(u"Norvane"_s, u"norvane"_s)) != 0; }, 5000);
-    }
-    ASSERT_NE(frame, 0u);
-    const auto process = static_cast<pid_t>(x().processId(frame));
-    ASSERT_GT(process, 0);
-    EXPECT_EQ(::kill(process, SIGTERM), 0);
-    EXPECT_TRUE(waitFor([&] { return !x().isTaken(u"ctrl+alt+a"_s); }));
 }
 
 } // namespace

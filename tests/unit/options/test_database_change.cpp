@@ -178,36 +178,6 @@ TEST_F(ChangingTheDatabase, GoesToAnotherDiskAndBack)
     EXPECT_EQ(note(), u"there");
 }
 
-TEST_F(ChangingTheDatabase, StopsAtAFolderThatCannotBeWritten)
-{
-    makeNoteDatabase(*engine, files, otherFile);
-    store.close();
-    // For an ordinary user, to whom permissions count.
-    for (const QString &each : {folder.path(), otherFolder, store.DatabaseFile, otherFile})
-        (void)::chown(QFile::encodeName(each).constData(), kNobody, kNobody);
-    const QByteArray there = bytesOf(otherFile);
-    for (const bool isThere : {true, false}) {
-        ::chmod(QFile::encodeName(otherFolder).constData(), 0755);
-        if (!isThere)
-            QFile::remove(otherFile);
-        ::chmod(QFile::encodeName(otherFolder).constData(), 0555);
-        const int result = inChild([&] {
-            if (!becomeOrdinaryUser())
-                return 1;
-            store.open();
-            fakes::script(prompts.answers, {Prompts::kYes});
-            EXPECT_EQ(change(otherFolder), Outcome::Stopped);
-            EXPECT_TRUE(boxes().last().startsWith(isThere ? u"16 Can not start Norvane database. | "
-                                                          : u"16 The database could not be created."))
-                << boxes().join(u'\n').toStdString();
-            expectUntouched();
-            return HasFailure() ? 2 : 0;
-        });
-        EXPECT_EQ(result, 0);
-        EXPECT_EQ(bytesOf(otherFile), isThere ? there : QByteArray());
-    }
-}
-
 TEST_F(ChangingTheDatabase, OnAFullDiskLeavesBothAsTheyAre)
 {
     store.CompactOnExit = true;
