@@ -4,11 +4,9 @@
 #include "error_of.h"
 #include "file_bytes.h"
 #include "platform/linux/LinuxShell.h"
-#include "platform/linux/PosixFileSystem.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <cstdio>
 
 using namespace norvane;
 using namespace norvane::test;
@@ -77,17 +75,6 @@ TEST_F(LinuxShellTest, DocumentIsTestedBeforeItIsOpened)
     makeFile(u"system/applications/mimeinfo.cache"_qs, "[MIME Cache]\ntext/plain=edit.desktop;\n");
     EXPECT_EQ(openFile(u"docs/a.html"_qs), Shell::kOpened) << "HTML is text, too";
     EXPECT_TRUE(waitForLog({u"xdg-open docs/a.html"_qs}));
-
-    const QByteArray nameless = QFile::encodeName(path(u"docs/"_qs)) + "caf\xe9.txt";
-    std::FILE *file = std::fopen(nameless.constData(), "w");
-    ASSERT_TRUE(file && std::fclose(file) == 0);
-    const QString address = u"file://"_qs + path(u"docs/caf%E9.txt"_qs);
-    EXPECT_TRUE(PosixFileSystem().exists(address));
-    EXPECT_FALSE(PosixFileSystem().exists(u"file://"_qs + path(u"docs/caf.txt"_qs)));
-    EXPECT_EQ(open(address), Shell::kOpened) << "a name that is no text";
-    EXPECT_TRUE(waitForLog({u"xdg-open docs/a.html"_qs, u"xdg-open file://docs/caf%E9.txt"_qs}));
-    ASSERT_EQ(std::remove(nameless.constData()), 0);
-    EXPECT_EQ(open(address), Shell::kFileNotFound);
 
     // The user has taken the program away from the type.
     makeFile(u"config/testdesk-mimeapps.list"_qs, "[Removed Associations]\ntext/plain=edit.desktop;\n");
