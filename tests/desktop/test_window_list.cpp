@@ -60,14 +60,8 @@ TEST_F(WindowListOnTheDesktop, AttachesANoteAndDetachesIt)
     EXPECT_TRUE(becomesActive(editor));
     EXPECT_FALSE(waitFor([&] { return m_norvane.noteOn(editor) != 0; }, kSeveralTicksMs)) << "it stays away";
 
-    const QRect place = x().geometry(ours(kList));
-    EXPECT_GT(place.top(), 0) << "the frame is on the screen";
-    for (int times = 0; times < 2; ++times) {
-        x().press(u"ctrl+alt+l"_s);
-        EXPECT_TRUE(isGone(kList)) << "the key that opened it";
-        ASSERT_TRUE(openList());
-        EXPECT_EQ(x().geometry(ours(kList)), place) << text(x().geometry(ours(kList)));
-    }
+    x().press(u"ctrl+alt+l"_s);
+    EXPECT_TRUE(isGone(kList)) << "the key that opened it";
 }
 
 TEST_F(WindowListOnTheDesktop, SwitchesToAMinimisedWindowAndStaysOnTop)
