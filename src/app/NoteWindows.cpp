@@ -43,11 +43,6 @@ NoteWindows::NoteWindows(const BrowserServices &services, NoteRescue &rescue, Sh
 {
 }
 
-bool NoteWindows::has(View) const
-{
-    return true;
-}
-
 void NoteWindows::showNewNote()
 {
     (new frmNewNote(m_services, activeWindow()))->showModal();

@@ -21,7 +21,6 @@ public:
     NoteWindows(const BrowserServices &services, NoteRescue &rescue, ShellForms &forms,
                 ProgramOptions &options, Mail &mail, OutlookNotes &outlook);
 
-    bool has(View view) const override;
     void showNewNote() override;
     void showEditor(int ID, const QString &title, const QString &location) override;
     void ShowPropertyPage(int ID) override;

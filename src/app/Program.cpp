@@ -22,11 +22,6 @@ namespace norvane {
 
 namespace {
 
-/// Commands of the tray that can be used.
-const QSet<QString> kTrayCommands{QStringLiteral("mnu_ControlPanel"), QStringLiteral("mnu_Search"),
-                                  QStringLiteral("mnu_Attach"), QStringLiteral("mnu_Settings"),
-                                  QStringLiteral("mnu_exit")};
-
 constexpr int kLongNoticeMs = 10000;
 
 Twips screenTwips()
@@ -288,7 +283,7 @@ QVector<TrayMenuItem> Program::trayItems() const
     }
     return trayMenu({m_hotKeys.text(HotKeyId::Main), m_hotKeys.text(HotKeyId::AttachDetachWindow),
                      m_hotKeys.text(HotKeyId::Search)},
-                    kTrayCommands, pages);
+                    pages);
 }
 
 void Program::openPage(int id)

@@ -76,8 +76,7 @@ void CategoryMenu::showAll(QWidget *owner, const QPoint &screenPosition, const S
                       select);
         menu.addSeparator();
         QMenu &adding = *menu.addMenu(text("Add Category"));
-        popUp.add(adding, QStringLiteral("CATPOPUP_ADD"), text("Select From List"), addFromList)
-            ->setEnabled(static_cast<bool>(addFromList));
+        popUp.add(adding, QStringLiteral("CATPOPUP_ADD"), text("Select From List"), addFromList);
         popUp.add(adding, QStringLiteral("CATPOPUP_NEW"), text("Add New"), addNew);
         menu.addSeparator();
         const bool isCategory = state.filter > 0;
@@ -86,8 +85,7 @@ void CategoryMenu::showAll(QWidget *owner, const QPoint &screenPosition, const S
                  isCategory ? text("Remove '%1'").arg(state.filterCaption) : text("Remove"), remove)
             ->setEnabled(isCategory);
         menu.addSeparator();
-        popUp.add(menu, QStringLiteral("CATPOPUP_WINDOW"), text("Categories..."), showWindow)
-            ->setEnabled(static_cast<bool>(showWindow));
+        popUp.add(menu, QStringLiteral("CATPOPUP_WINDOW"), text("Categories..."), showWindow);
         menu.addSeparator();
         QMenu &view = *menu.addMenu(text("View"));
         for (const bool areButtons : {false, true}) {

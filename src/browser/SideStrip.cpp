@@ -24,7 +24,6 @@ struct Button
 /// A line separates the groups.
 constexpr const char *kLine = "";
 const QString kPreview = QStringLiteral("ARButton10");
-constexpr char kAvailable[] = "isAvailable";
 
 constexpr Button kButtons[] = {
     {"btnOpenURL", "location-open",
@@ -77,7 +76,6 @@ SideStrip::SideStrip(QWidget *parent) : QWidget(parent)
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::TabFocus); // a click leaves the keyboard with the list
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        button->setProperty(kAvailable, true);
         connect(button, &QToolButton::clicked, this, [this, name] { emit buttonClicked(name); });
         layout->addWidget(button);
     }
@@ -104,16 +102,9 @@ void SideStrip::makeUp(bool hasNotes)
         setButtonEnabled(QStringLiteral("ARButton1"), true);
 }
 
-void SideStrip::setAvailable(const QString &name, bool available)
-{
-    button(name)->setProperty(kAvailable, available);
-    button(name)->setEnabled(available);
-}
-
 void SideStrip::setButtonEnabled(const QString &name, bool enabled)
 {
-    QToolButton *found = button(name);
-    found->setEnabled(enabled && found->property(kAvailable).toBool());
+    button(name)->setEnabled(enabled);
 }
 
 void SideStrip::setPreviewOpen(bool open)

@@ -36,8 +36,6 @@ namespace norvane {
 
 namespace {
 
-using View = NoteViews::View;
-
 /// Between a new preview and the corner of the list, pixels: room for its scroll bars.
 constexpr int kPreviewMargin = 28;
 
@@ -137,21 +135,13 @@ void frmMain::connectParts()
         new DropTarget(m_strip), &DropTarget::dropped, this,
         [this](const QStringList &files, const QString &text) { m_services.views.dropItems(files, text); });
 
-    const NoteViews &views = m_services.views;
-    m_strip->setAvailable(QStringLiteral("ARButton1"), views.has(View::Search));
-    m_strip->setAvailable(QStringLiteral("ARButton3"), views.has(View::Properties));
-    m_strip->setAvailable(QStringLiteral("ARButton6"), views.has(View::Categories));
-    m_strip->setAvailable(QStringLiteral("ARButton9"), views.has(View::Mail));
-
     m_categoryMenu.select = [this](int filter) { m_categoryBar->selectFilter(filter); };
-    if (views.has(View::Categories)) {
-        m_categoryMenu.addFromList = [this] {
-            categoryCommand([this] {
-                if (m_categories.addAll(m_services.views.chooseCategories()))
-                    Refresh_tbCAT();
-            });
-        };
-    }
+    m_categoryMenu.addFromList = [this] {
+        categoryCommand([this] {
+            if (m_categories.addAll(m_services.views.chooseCategories()))
+                Refresh_tbCAT();
+        });
+    };
     m_categoryMenu.addNew = [this] {
         categoryCommand([this] {
             if (m_categories.addNew())
@@ -164,8 +154,7 @@ void frmMain::connectParts()
                 Refresh_tbCAT(); // the removed tab was the selected one
         });
     };
-    if (views.has(View::Categories))
-        m_categoryMenu.showWindow = [this] { m_services.views.showCategories(); };
+    m_categoryMenu.showWindow = [this] { m_services.views.showCategories(); };
     m_categoryMenu.changeStyle = [this] { changeBarStyle(); };
 }
 

@@ -60,8 +60,7 @@ QVector<OpenPageEntry> openPageEntries(dao::Database &database)
     return pages;
 }
 
-QVector<TrayMenuItem> trayMenu(const TrayHotKeyTexts &hotKeys, const QSet<QString> &available,
-                               const QVector<OpenPageEntry> &pages)
+QVector<TrayMenuItem> trayMenu(const TrayHotKeyTexts &hotKeys, const QVector<OpenPageEntry> &pages)
 {
     QVector<TrayMenuItem> menu = {
         openPage(pages),
@@ -75,11 +74,8 @@ QVector<TrayMenuItem> trayMenu(const TrayHotKeyTexts &hotKeys, const QSet<QStrin
         separator(QStringLiteral("mnu_sep3")),
         item(QStringLiteral("mnu_exit"), QStringLiteral("Exit")),
     };
-    for (TrayMenuItem &entry : menu) {
-        if (!entry.separator && entry.children.isEmpty())
-            entry.enabled = available.contains(entry.name);
+    for (TrayMenuItem &entry : menu)
         entry.isDefault = entry.name == u"mnu_ControlPanel";
-    }
     return menu;
 }
 

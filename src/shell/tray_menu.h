@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QSet>
 #include <QString>
 #include <QVector>
 
@@ -44,9 +43,6 @@ struct TrayHotKeyTexts
 };
 
 /// The menu `mnu` in its order.
-/// @param available names of the commands that can be used now; others are there and disabled.
-///                  `mnu_Open` and its elements are in no need of it.
-QVector<TrayMenuItem> trayMenu(const TrayHotKeyTexts &hotKeys, const QSet<QString> &available,
-                               const QVector<OpenPageEntry> &pages);
+QVector<TrayMenuItem> trayMenu(const TrayHotKeyTexts &hotKeys, const QVector<OpenPageEntry> &pages);
 
 } // namespace norvane

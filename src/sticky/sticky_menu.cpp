@@ -49,14 +49,6 @@ void frmSticky::makeMenu()
     m_menu.setGradientHighlight(true);
     m_menu.setTag(QStringLiteral("File_Menu"));
     fillNoteMenu(m_menu, m_services.closeKey());
-    const std::pair<QString, NoteViews::View> entries[] = {
-        {note_menu::kMail, NoteViews::View::Mail},
-        {note_menu::kImportNote, NoteViews::View::OpenNote},
-        {note_menu::kExportOutlook, NoteViews::View::Outlook},
-        {note_menu::kProperties, NoteViews::View::Properties},
-    };
-    for (const auto &[key, view] : entries)
-        m_menu.setEnabled(m_menu.IndexForKey(key), m_services.views.has(view));
     m_menu.CreateSubClass();
     // Commands may outlast the note: not before the click is done with.
     connect(

@@ -14,11 +14,6 @@ class NoteViews
 public:
     virtual ~NoteViews() = default;
 
-    enum class View { Categories, Favorites, Mail, OpenNote, Outlook, Properties, Search };
-    /// Whether there is one. Menu entries and buttons of the others are disabled, and calling them does
-    /// nothing.
-    virtual bool has(View view) const = 0;
-
     /// Shows the dialog that makes a note, and waits for its end.
     virtual void showNewNote() = 0;
     /// Opens a note in an editor window of its own: one of the frame if that is visible, else a free one.

@@ -7,16 +7,14 @@
 
 namespace norvane::fakes {
 
-/// Has every view and keeps what was asked for, a line each: "mail 7", "editor 7 Title|Location".
+/// Keeps what was asked for, a line each: "mail 7", "editor 7 Title|Location".
 class FakeNoteViews : public NoteViews
 {
 public:
     QStringList opened;
     QStringList chosenCategories;        ///< in the dialog with the proposed ones
-    bool isComplete = true;              ///< whether has() is true
     std::function<void()> duringNewNote; ///< while the dialog stands open
 
-    bool has(View) const override { return isComplete; }
     void showNewNote() override
     {
         opened.append(QStringLiteral("new note"));

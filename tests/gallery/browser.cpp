@@ -47,7 +47,6 @@ public:
     Gallery(QString pictures, int notes) : m_folder(std::move(pictures))
     {
         watch.IEAvailable = true;
-        views.isComplete = true;
         m_frame = new mdiMain(forms, settings, clock, Twips(96, 96));
         m_frame->resize(940, 640);
         services.isFrameVisible = [this] { return m_frame->isVisible(); };

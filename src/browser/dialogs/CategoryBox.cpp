@@ -23,7 +23,6 @@ CategoryBox::CategoryBox(const BrowserServices &services, const QString &buttonN
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(kShownCharacters);
     m_manage->setToolTip(tr("Show 'Note Categories' window"));
-    m_manage->setEnabled(services.views.has(NoteViews::View::Categories));
     connect(m_manage, &QPushButton::clicked, this, &CategoryBox::manageCategories);
 }
 

@@ -145,12 +145,9 @@ void NoteGrid::openLocation(const QString &location)
 void NoteGrid::showMenu(QPoint position)
 {
     const int row = Row();
-    const NoteViews &views = m_services.views;
-    using View = NoteViews::View;
-    updateGridMenu(*m_menu, {row != 0, SelectedRows(), GetCelText(row, kColumnLocation),
-                             row != 0 && m_grid->CellIcon(row, kColumnActive) >= 0,
-                             m_services.watch.IEAvailable && views.has(View::Favorites),
-                             views.has(View::Mail), views.has(View::Properties), views.has(View::Search)});
+    updateGridMenu(*m_menu,
+                   {row != 0, SelectedRows(), GetCelText(row, kColumnLocation),
+                    row != 0 && m_grid->CellIcon(row, kColumnActive) >= 0, m_services.watch.IEAvailable});
     const QPoint place = m_grid->viewport()->mapTo(this, position);
     const QPointF twips = m_services.twips.fromPixels(QRect(place, QSize(0, 0))).topLeft();
     m_menu->ShowPopupMenu(twips.x(), twips.y());

@@ -70,13 +70,12 @@ void updateGridMenu(PopupMenuModel &menu, const GridMenuState &state)
     const bool isPlaceless = state.location.trimmed().isEmpty();
     enable(kEdit, isOne);
     enable(kOpen, isSeveral || (isOne && !state.location.isEmpty()));
-    enable(kMail, isOne && state.hasMail);
+    enable(kMail, isOne);
     enable(kActive, isOne);
     enable(kSaveAs, isOne);
     enable(kFavorites, isOne && state.hasFavorites && !isPlaceless);
     enable(kDelete, state.hasRow);
-    enable(kProperties, state.hasRow && state.hasProperties);
-    enable(kSearch, state.hasSearch);
+    enable(kProperties, state.hasRow);
     menu.setCaption(menu.IndexForKey(kActive),
                     captionOf(state.isActive ? kDeactivate : kActivate, kActiveAccelerator));
     menu.setDefault(menu.IndexForKey(kOpen), !isPlaceless);

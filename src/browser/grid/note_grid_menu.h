@@ -27,11 +27,7 @@ struct GridMenuState
     int selectedRows = 0;
     QString location; ///< of the selected row
     bool isActive = false;
-    // Whether there is what the entries lead to.
-    bool hasFavorites = false;
-    bool hasMail = false;
-    bool hasProperties = false;
-    bool hasSearch = false;
+    bool hasFavorites = false; ///< whether there is where they go
 };
 
 /// Fills the menu and stores it as "MNU_GRID". OPEN is the default item.

@@ -64,15 +64,11 @@ WindowHandle ShellForms::loadFrame()
 {
     auto *form = new mdiMain(m_services.forms, m_services.settings, m_services.clock, m_services.twips);
     form->setDatabaseFolder(m_services.store.DatabaseFolder);
-    form->setCommandEnabled(QStringLiteral("SEARCH"), m_services.views.has(NoteViews::View::Search));
     connect(form, &mdiMain::shutDownRequested, this, &ShellForms::shutDownRequested);
     connect(form, &mdiMain::commandTriggered, this, &ShellForms::toolBarCommand);
     connect(form, &mdiMain::dropped, this, [this](const QStringList &files, const QString &text) {
         m_services.views.dropItems(files, text);
     });
-    for (const QString &key :
-         {QStringLiteral("SETTINGS"), QStringLiteral("WINDOWLIST"), QStringLiteral("RUN")})
-        form->setCommandEnabled(key, true);
     connect(form, &mdiMain::activated, this, [this] {
         if (frmMain *child = browser())
             child->showRow();

@@ -32,22 +32,21 @@ struct Command
     const char16_t *key;
     const char *text;
     const char *toolTip;
-    bool enabled; ///< before the window behind it is there
 };
 
 constexpr Command kCommands[] = {
     {u"NOTEBROWSER", QT_TRANSLATE_NOOP("norvane::mdiMain", "Note &Browser"),
-     QT_TRANSLATE_NOOP("norvane::mdiMain", "Show the note browser"), true},
+     QT_TRANSLATE_NOOP("norvane::mdiMain", "Show the note browser")},
     {u"WINDOWLIST", QT_TRANSLATE_NOOP("norvane::mdiMain", "&Window List"),
-     QT_TRANSLATE_NOOP("norvane::mdiMain", "Show the list of running windows"), false},
+     QT_TRANSLATE_NOOP("norvane::mdiMain", "Show the list of running windows")},
     {u"SETTINGS", QT_TRANSLATE_NOOP("norvane::mdiMain", "&Options..."),
-     QT_TRANSLATE_NOOP("norvane::mdiMain", "Change how Norvane works"), false},
+     QT_TRANSLATE_NOOP("norvane::mdiMain", "Change how Norvane works")},
     {u"SEARCH", QT_TRANSLATE_NOOP("norvane::mdiMain", "&Search"),
-     QT_TRANSLATE_NOOP("norvane::mdiMain", "Search in all notes"), false},
+     QT_TRANSLATE_NOOP("norvane::mdiMain", "Search in all notes")},
     {u"RUN", QT_TRANSLATE_NOOP("norvane::mdiMain", "&Run..."),
-     QT_TRANSLATE_NOOP("norvane::mdiMain", "Open a folder, program, document or Internet resource"), false},
+     QT_TRANSLATE_NOOP("norvane::mdiMain", "Open a folder, program, document or Internet resource")},
     {u"EXIT", QT_TRANSLATE_NOOP("norvane::mdiMain", "E&xit"),
-     QT_TRANSLATE_NOOP("norvane::mdiMain", "End Norvane"), true},
+     QT_TRANSLATE_NOOP("norvane::mdiMain", "End Norvane")},
 };
 
 constexpr int kSettlingMs = 1000;
@@ -105,7 +104,6 @@ void mdiMain::makeCommands()
         action->setObjectName(key);
         action->setToolTip(tr(command.toolTip));
         action->setStatusTip(QString());
-        action->setEnabled(command.enabled);
         if (key == kExit)
             connect(action, &QAction::triggered, this, &QWidget::close);
         else
@@ -218,12 +216,6 @@ void mdiMain::restore()
     show();
     raise();
     activateWindow();
-}
-
-void mdiMain::setCommandEnabled(const QString &key, bool enabled)
-{
-    if (QAction *action = command(key))
-        action->setEnabled(enabled);
 }
 
 QAction *mdiMain::command(const QString &key) const

@@ -44,11 +44,8 @@ public:
     /// Shows the frame again as it was and asks the desktop to bring it to the front.
     void restore();
 
-    /// Enables a tool bar button and its menu command. At first all are disabled but "NOTEBROWSER"
-    /// and "EXIT".
-    /// @param key "NOTEBROWSER", "WINDOWLIST", "SETTINGS", "SEARCH", "RUN" or "EXIT"
-    void setCommandEnabled(const QString &key, bool enabled);
-    /// The command of a tool bar button; nullptr for another key.
+    /// The command of a tool bar button: "NOTEBROWSER", "WINDOWLIST", "SETTINGS", "SEARCH", "RUN" or "EXIT";
+    /// nullptr for another key.
     QAction *command(const QString &key) const;
 
     /// Adds a child window to the frame; it comes up when it is shown. The frame owns it.

@@ -61,7 +61,8 @@ FTaskMgr::FTaskMgr(const WindowListServices &services)
         settings::withinReach({wanted.topLeft(), wanted.size().expandedTo(minimumSizeHint())}, room);
     move(shown.topLeft());
     resize(shown.size());
-    m_rows->setOwnWindow(hWnd()); // now that it has its place: one that has a window is moved without its frame
+    m_rows->setOwnWindow(
+        hWnd()); // now that it has its place: one that has a window is moved without its frame
     setOnTop(false);
     const double view = numericPrefix(settings::read(m_services.settings, settings::kTaskListView));
     showView(static_cast<int>(std::clamp(view, 0.0, double(TaskViews::kDetails))));
