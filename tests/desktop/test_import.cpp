@@ -11,34 +11,32 @@ namespace {
 class ImportOnTheDesktop : public OptionsOnTheDesktop
 {
 protected:
+    /// Presses a key until a window has come up. One that comes too early does nothing.
+    bool pressFor(const QString &key, const QString &title)
+    {
+        for (int attempt = 0; attempt < 10; ++attempt) {
+            x().press(key);
+            if (waitFor([&] { return titled(title) != 0; }, 3000))
+                return true;
+        }
+        return false;
+    }
     /// From the options to the import window.
-    bool openImport(const QString &folder)
+    void openImport(const QString &folder)
     {
         goTo(-3, 8);
-        x().press(u"Return"_s);
-        if (!becomesTitled(u"Select Norvane Database Folder:"_s))
-            return false;
+        ASSERT_TRUE(pressFor(u"Return"_s, u"Select Norvane Database Folder:"_s));
         x().type(folder);
-        bool isBack = false;
-        for (int attempt = 0; attempt < 5 && !isBack; ++attempt) {
-            x().press(u"Return"_s); // the first may be for the proposed names
-            isBack = waitFor([&] { return titled(u"Norvane Options"_s) != 0; }, 4000);
-        }
-        if (!isBack)
-            return false;
-        x().press(u"Tab"_s);
-        x().press(u"Return"_s);
-        return becomesTitled(u"Norvane Import"_s);
+        // The first may be for the proposed names.
+        ASSERT_TRUE(pressFor(u"Return"_s, u"Norvane Options"_s));
+        ASSERT_TRUE(pressFor(u"alt+i"_s, u"Norvane Import"_s));
     }
-    /// Selects all and imports; true when it is told, and the box is closed again.
-    bool importAll()
+    /// Selects all and imports; the box that tells of it is closed again.
+    void importAll()
     {
         x().press(u"alt+s"_s);
-        x().press(u"Return"_s);
-        if (!becomesTitled(u"Norvane"_s))
-            return false;
-        x().press(u"Return"_s);
-        return becomesTitled(u"Norvane Import"_s);
+        ASSERT_TRUE(pressFor(u"Return"_s, u"Norvane"_s));
+        ASSERT_TRUE(pressFor(u"Return"_s, u"Norvane Import"_s));
     }
     static QStringList entriesOf(const QString &folder)
     {
@@ -73,13 +71,13 @@ TEST_F(ImportOnTheDesktop, NotesOfAnotherDatabaseComeOnceAndToTheirWindows)
     ASSERT_TRUE(startNorvane());
     EXPECT_EQ(names(), "");
     ASSERT_TRUE(openOptions());
-    ASSERT_TRUE(openImport(other));
-    ASSERT_TRUE(importAll());
+    ASSERT_NO_FATAL_FAILURE(openImport(other));
+    ASSERT_NO_FATAL_FAILURE(importAll());
     const std::string imported = names();
     EXPECT_EQ(std::count(imported.begin(), imported.end(), '\n'), 1) << imported;
     EXPECT_NE(imported.find("Ideas"), std::string::npos);
     EXPECT_TRUE(m_norvane.body(1) == body || m_norvane.body(2) == body);
-    ASSERT_TRUE(importAll());
+    ASSERT_NO_FATAL_FAILURE(importAll());
     EXPECT_EQ(names(), imported) << "all of them bypassed";
     EXPECT_EQ(m_norvane.query(u"select CAT_ID from Memos where FriendlyName='Ideas'"_s).toStdString(), "3");
     EXPECT_EQ(entriesOf(other), entries);

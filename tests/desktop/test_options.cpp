@@ -1,5 +1,7 @@
 #include "OptionsOnTheDesktop.h"
 
+#include <csignal>
+
 using namespace norvane;
 using namespace norvane::test;
 
@@ -124,6 +126,30 @@ TEST_F(OptionsOnTheDesktop, AnotherDatabaseTakesTheNotesAwayAndGivesThemBack)
     x().press(u"ctrl+s"_s);
     EXPECT_TRUE(waitFor([&] { return texts() == "1|In the first database. Again."; }));
     EXPECT_FALSE(bytesOf(secondBody).contains("Again."));
+}
+
+TEST_F(OptionsOnTheDesktop, TheSessionsEntryStartsIt)
+{
+    ASSERT_TRUE(startNorvane());
+    ASSERT_TRUE(openOptions());
+    goTo(-3, 1);
+    x().type(u" "_s);
+    x().press(u"Return"_s);
+    ASSERT_TRUE(isClosed(u"Norvane Options"_s));
+    ASSERT_TRUE(m_norvane.end());
+    ASSERT_FALSE(x().isTaken(u"ctrl+alt+a"_s));
+
+    // By another program's reading of the entry.
+    m_desktop.run(u"gio"_s, {u"launch"_s, m_desktop.home() + u"/.config/autostart/norvane.desktop"_s});
+    ASSERT_TRUE(waitFor([&] { return x().isTaken(u"ctrl+alt+a"_s); }));
+    ASSERT_TRUE(waitFor([&] { return x().isTaken(u"ctrl+alt+w"_s); }));
+    x().press(u"ctrl+alt+w"_s);
+    xcb_window_t frame = 0;
+    ASSERT_TRUE(waitFor([&] { return (frame = x().findClient(u"Norvane"_s, u"norvane"_s)) != 0; }));
+    const auto process = static_cast<pid_t>(x().processId(frame));
+    ASSERT_GT(process, 0);
+    EXPECT_EQ(::kill(process, SIGTERM), 0);
+    EXPECT_TRUE(waitFor([&] { return !x().isTaken(u"ctrl+alt+a"_s); }));
 }
 
 } // namespace
