@@ -163,7 +163,7 @@ private:
             setField(ID, u"ACTIVE"_s, number % 3 == 0);
             setField(ID, u"CAT_ID"_s, number == 3 ? 0 : m_categories[number]);
             setField(ID, u"BackColor"_s, 0xC0FFFF);
-            setField(ID, u"DateCreated"_s, clock.now().addDays(-40 * number));
+            setField(ID, u"DateCreated"_s, clock.now().addDays(-40LL * number));
             setField(ID, u"LastUpdate"_s, clock.now().addSecs(-7777LL * number));
             files.write(store.bodyFile(ID), kBody);
             if (number == 0)

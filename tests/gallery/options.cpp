@@ -102,7 +102,7 @@ private:
             row->edit();
             row->setField(u"CAT_ID"_s, i % 3 == 1 ? 1 : 0);
             for (const QString &date : {u"DateCreated"_s, u"LastUpdate"_s})
-                row->setField(date, clock.now().addSecs(100'000 * i));
+                row->setField(date, clock.now().addSecs(100'000LL * i));
             row->update();
         }
         other.store.database()->commitTrans();

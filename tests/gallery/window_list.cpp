@@ -35,7 +35,7 @@ public:
             if (window % 2 == 0)
                 continue; // these have none
             windows.at(window).smallIcon = windows.at(window).largeIcon = window;
-            windows.iconImages[window] = {48, 48, QVector<quint32>(48 * 48, colour)};
+            windows.iconImages[window] = {48, 48, QVector<quint32>(qsizetype{48} * 48, colour)};
             colour = 0xffd2602d;
         }
         for (const QString &line :

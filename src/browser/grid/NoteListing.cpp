@@ -26,21 +26,22 @@ void NoteListing::read(const Source &source, NoteRows &rows, const std::function
 {
     m_keys.clear();
     m_isAsRead = false;
-    std::unique_ptr<dao::Recordset> own;
+    const auto addRows = [&](dao::Recordset &notes) {
+        m_grid.Clear();
+        for (; !notes.eof(); notes.moveNext()) {
+            rows.add(notes);
+            rowAdded();
+        }
+    };
     if (source.ready) {
         source.ready->requery();
+        addRows(*source.ready);
     } else {
         if (!source.database)
             throw RuntimeError(kErrorNothingThere, QStringLiteral("The list of notes has no database."));
         m_statement = source.statement;
         m_listed = source.database->openRecordset(m_statement);
-        own = source.database->openRecordset(m_statement, dao::RecordsetType::ForwardOnly);
-    }
-    dao::Recordset &notes = own ? *own : *source.ready;
-    m_grid.Clear();
-    for (; !notes.eof(); notes.moveNext()) {
-        rows.add(notes);
-        rowAdded();
+        addRows(*source.database->openRecordset(m_statement, dao::RecordsetType::ForwardOnly));
     }
     m_categoryNames = rows.categories();
     m_locale = QLocale::system();

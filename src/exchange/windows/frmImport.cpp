@@ -42,7 +42,7 @@ namespace {
 /// An import that takes less shows nothing of how it goes on.
 constexpr int kQuickMs = 300;
 
-constexpr int kWidthInCharacters = 128;
+constexpr int kWidthInCharacters = 160;
 constexpr int kHeightInLines = 30;
 
 /// Keeps its room while it is hidden.

@@ -47,7 +47,7 @@ FTaskMgr::FTaskMgr(const WindowListServices &services)
       m_toolBar(new TaskToolBar), m_list(new TaskViews(*m_rows)),
       m_close(namedButton(QStringLiteral("cmdExit"), tr("&Close")))
 {
-    setObjectName(formName());
+    setObjectName(QStringLiteral("FTaskMgr"));
     setWindowTitle(tr("Window List"));
     SetFormIcon(this);
     m_rows->setParent(this);
@@ -61,9 +61,9 @@ FTaskMgr::FTaskMgr(const WindowListServices &services)
         settings::withinReach({wanted.topLeft(), wanted.size().expandedTo(minimumSizeHint())}, room);
     move(shown.topLeft());
     resize(shown.size());
-    m_rows->setOwnWindow(
-        hWnd()); // now that it has its place: one that has a window is moved without its frame
-    setOnTop(false);
+    // Now that it has its place: one that has a window already is moved without its frame.
+    m_rows->setOwnWindow(static_cast<WindowHandle>(winId()));
+    m_toolBar->setOnTopCaption(tr("Stay on top"));
     const double view = numericPrefix(settings::read(m_services.settings, settings::kTaskListView));
     showView(static_cast<int>(std::clamp(view, 0.0, double(TaskViews::kDetails))));
 

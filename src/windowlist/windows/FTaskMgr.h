@@ -29,7 +29,7 @@ public:
     void bringUp();
 
     // Form
-    QString formName() const override { return QStringLiteral("FTaskMgr"); }
+    QString formName() const override { return objectName(); }
     WindowHandle hWnd() const override;
     void unload() override;
 

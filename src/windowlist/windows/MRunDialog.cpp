@@ -39,7 +39,7 @@ MRunDialog::MRunDialog(const WindowListServices &services)
       m_cancel(namedButton(QStringLiteral("cmdCancel"), tr("Cancel"))),
       m_browse(namedButton(QStringLiteral("cmdBrowse"), tr("&Browse...")))
 {
-    setObjectName(formName());
+    setObjectName(QStringLiteral("MRunDialog"));
     SetFormIcon(this);
     arrange();
     setTexts({}, {});

@@ -29,7 +29,7 @@ public:
     void bringUp(const QWidget *owner);
 
     // Form
-    QString formName() const override { return QStringLiteral("MRunDialog"); }
+    QString formName() const override { return objectName(); }
     WindowHandle hWnd() const override;
     void unload() override;
 

@@ -433,8 +433,8 @@ QImage XClient::screenshot() const
         nullptr));
     if (!reply)
         return {};
-    const QImage picture(xcb_get_image_data(reply.get()), screen.width(), screen.height(), screen.width() * 4,
-                         QImage::Format_RGB32);
+    const QImage picture(xcb_get_image_data(reply.get()), screen.width(), screen.height(),
+                         qsizetype{4} * screen.width(), QImage::Format_RGB32);
     return picture.copy();
 }
 
