@@ -1,4 +1,6 @@
 #include "OptionsOnTheDesktop.h"
+#include "harness/PageServer.h"
+#include "harness/Programs.h"
 
 #include <csignal>
 
@@ -9,10 +11,17 @@ namespace {
 
 TEST_F(OptionsOnTheDesktop, AnotherKeyAttachesAndAnotherProgramIsTracked)
 {
-    m_desktop.run(u"xmessage"_s, {u"-title"_s, u"Reminder"_s, u"An old program."_s});
-    const xcb_window_t message = window(u"Reminder"_s, u"xmessage"_s, kLeft);
-    const xcb_window_t editor = openEditor(kRight);
-    ASSERT_TRUE(message != 0 && editor != 0 && startNorvane());
+    PageServer pages;
+    startFirefox(m_desktop, u"options"_s, {pages.addPage(u"/garden"_s, u"Garden plan"_s, u"Beans."_s)});
+    m_desktop.run(u"xterm"_s,
+                  {u"-title"_s, u"Old terminal"_s, u"-geometry"_s, u"80x24+20+40"_s, u"-e"_s, u"cat"_s});
+    const xcb_window_t page = window(u"Garden plan"_s, u"firefox"_s, kRight);
+    xcb_window_t terminal = 0;
+    ASSERT_TRUE(waitFor([&] {
+        terminal = x().findClient(u"Old terminal"_s, u"xterm"_s);
+        return terminal != 0 && x().isViewable(terminal);
+    }));
+    ASSERT_TRUE(page != 0 && startNorvane());
 
     ASSERT_TRUE(openOptions());
     EXPECT_FALSE(x().isTaken(u"ctrl+alt+a"_s)) << "withdrawn while the window is open";
@@ -33,19 +42,19 @@ TEST_F(OptionsOnTheDesktop, AnotherKeyAttachesAndAnotherProgramIsTracked)
         }
         return m_norvane.noteOn(target) != 0;
     };
-    EXPECT_TRUE(attachByNewKey(editor));
-    ASSERT_TRUE(m_norvane.bringToFront(message));
+    EXPECT_TRUE(attachByNewKey(page));
+    ASSERT_TRUE(m_norvane.bringToFront(terminal));
     x().press(u"ctrl+alt+n"_s);
-    EXPECT_FALSE(waitFor([&] { return m_norvane.noteOn(message) != 0; }, kSeveralTicksMs));
+    EXPECT_FALSE(waitFor([&] { return m_norvane.noteOn(terminal) != 0; }, kSeveralTicksMs));
 
     ASSERT_TRUE(openOptions());
     goTo(1, 3);
-    x().type(u"xmessage"_s);
+    x().type(u"xterm"_s);
     x().press(u"Return"_s);
-    EXPECT_TRUE(waitFor([&] { return settings().contains(u"01=xmessage"_s); }));
+    EXPECT_TRUE(waitFor([&] { return settings().contains(u"01=xterm"_s); }));
     x().press(u"Escape"_s);
     ASSERT_TRUE(isClosed(u"Norvane Options"_s));
-    EXPECT_TRUE(attachByNewKey(message));
+    EXPECT_TRUE(attachByNewKey(terminal));
 }
 
 TEST_F(OptionsOnTheDesktop, APasswordLocksTheDatabase)
