@@ -4,9 +4,11 @@
 #include "unit/platform/linux/in_child.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace norvane;
 using namespace norvane::test;
@@ -176,6 +178,39 @@ TEST_F(ChangingTheDatabase, GoesToAnotherDiskAndBack)
     EXPECT_EQ(note(), u"here");
     EXPECT_EQ(change(memory.path() + u'/'), Outcome::Changed);
     EXPECT_EQ(note(), u"there");
+}
+
+TEST_F(ChangingTheDatabase, StopsAtAFolderThatCannotBeWritten)
+{
+    makeNoteDatabase(*engine, files, otherFile);
+    store.close();
+    // For an ordinary user, to whom permissions count.
+    for (const QString &each : {folder.path(), store.DatabaseFile, otherFolder, otherFile}) {
+        QFile::remove(QFileInfo(each).path() + u"/.Norvane.DAT.lock"_s);
+        ASSERT_EQ(::chown(QFile::encodeName(each).constData(), kNobody, kNobody), ::geteuid() == 0 ? 0 : -1);
+    }
+    const QByteArray there = bytesOf(otherFile);
+    for (const bool isThere : {true, false}) {
+        ASSERT_EQ(::chmod(QFile::encodeName(otherFolder).constData(), 0755), 0);
+        if (!isThere)
+            QFile::remove(otherFile);
+        ASSERT_EQ(::chmod(QFile::encodeName(otherFolder).constData(), 0555), 0);
+        const int result = inChild([&] {
+            if (!becomeOrdinaryUser())
+                return 1;
+            store.open();
+            fakes::script(prompts.answers, {Prompts::kYes});
+            EXPECT_EQ(change(otherFolder), Outcome::Stopped);
+            EXPECT_TRUE(boxes().last().startsWith(isThere ? u"16 Can not start Norvane database. | "
+                                                          : u"16 The database could not be created."))
+                << boxes().join(u'\n').toStdString();
+            expectUntouched();
+            return HasFailure() ? 2 : 0;
+        });
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(bytesOf(otherFile), isThere ? there : QByteArray());
+    }
+    ASSERT_EQ(::chmod(QFile::encodeName(otherFolder).constData(), 0755), 0);
 }
 
 TEST_F(ChangingTheDatabase, OnAFullDiskLeavesBothAsTheyAre)

@@ -33,10 +33,12 @@ inline int inChild(const std::function<int()> &body)
     return WEXITSTATUS(status);
 }
 
+/// The number of a user and a group with no rights of their own.
+inline constexpr unsigned kNobody = 65534;
+
 /// Gives up the rights of an administrator, to whom no permission counts. Only in a child.
 inline bool becomeOrdinaryUser()
 {
-    constexpr unsigned kNobody = 65534;
     return ::geteuid() != 0 || (::setgid(kNobody) == 0 && ::setuid(kNobody) == 0);
 }
 
