@@ -43,8 +43,7 @@ public:
     xcb_window_t attach(xcb_window_t target);
     /// Drags a note by its strip, in steps as a hand makes them; true when it is where it should be.
     bool drag(xcb_window_t note, const QPoint &way);
-    /// Types behind the text of a note; true when most of it shows. What is behind may follow: the
-    /// toolkit sends the keys through the accessibility bus.
+    /// Types behind the text of a note; true when most of it shows. What is behind may follow.
     bool typeInto(xcb_window_t note, const QString &text);
     /// A window of the program with that in its title, once it has the keyboard; 0 when none comes.
     xcb_window_t windowTitled(const QString &part) const;
