@@ -19,7 +19,6 @@
 #include "store/NoteStore.h"
 #include "watcher/NoteGridView.h"
 
-#include <QCloseEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -52,14 +51,13 @@ dao::Database &openDatabase(const NoteStore &store)
 } // namespace
 
 frmSearch::frmSearch(const BrowserServices &services)
-    : m_services(services), m_tabs(new SearchTabs(services.clock.now().date())),
-      m_notes(new NoteGrid(services)), m_animation(new SearchAnimation),
-      m_find(namedButton(QStringLiteral("Command1"), tr("&Find Now"))),
+    : FormWindow(services.forms, QStringLiteral("frmSearch")), m_services(services),
+      m_tabs(new SearchTabs(services.clock.now().date())), m_notes(new NoteGrid(services)),
+      m_animation(new SearchAnimation), m_find(namedButton(QStringLiteral("Command1"), tr("&Find Now"))),
       m_new(namedButton(QStringLiteral("Command3"), tr("&New Search"))),
       m_close(namedButton(QStringLiteral("Command4"), tr("&Close"))),
       m_stop(namedButton(QStringLiteral("cmdStop"), tr("S&top"))), m_status(new QStatusBar)
 {
-    setObjectName(QStringLiteral("frmSearch"));
     setWindowTitle(tr("Norvane Search"));
     setWindowFlags(Qt::Window);
     SetFormIcon(this);
@@ -74,11 +72,6 @@ frmSearch::frmSearch(const BrowserServices &services)
     listCategories();
     ResetMinMax();
     m_services.forms.add(this);
-}
-
-frmSearch::~frmSearch()
-{
-    m_services.forms.remove(this);
 }
 
 void frmSearch::arrange()
@@ -170,7 +163,7 @@ void frmSearch::Command1_Click()
         std::unique_ptr<dao::Recordset> found = search(criteria);
         showResult(std::move(found));
     } catch (const RuntimeError &error) {
-        if (m_unloaded) {
+        if (isUnloaded()) {
             deleteLater();
         } else if (error.number() == kErrorCancelled) {
             m_status->showMessage(tr("The search was stopped."));
@@ -268,11 +261,6 @@ void frmSearch::bringUp()
     m_tabs->editText();
 }
 
-WindowHandle frmSearch::hWnd() const
-{
-    return static_cast<WindowHandle>(winId());
-}
-
 void frmSearch::reject()
 {
     if (m_isRunning)
@@ -281,25 +269,12 @@ void frmSearch::reject()
         unload();
 }
 
-void frmSearch::closeEvent(QCloseEvent *event)
+void frmSearch::unloading()
 {
-    event->accept();
-    unload();
-}
-
-void frmSearch::unload()
-{
-    if (m_unloaded)
-        return;
-    m_unloaded = true;
     saveSearchOptions(m_services.settings, m_tabs->criteria().options);
     m_notes->setGridRS(nullptr);
     m_notes->setGridDB(nullptr);
-    m_services.forms.remove(this);
-    hide();
     m_isStopped = true;
-    if (!m_isRunning) // else when the search has come back
-        deleteLater();
 }
 
 void ShowSearch(const BrowserServices &services, std::optional<int> category)

@@ -2,7 +2,7 @@
 
 #include "browser/BrowserServices.h"
 #include "search/search_criteria.h"
-#include "shell/Forms.h"
+#include "shell/windows/FormWindow.h"
 
 #include <QDialog>
 #include <QElapsedTimer>
@@ -24,14 +24,13 @@ class Recordset;
 
 /// The search window: finds notes and lists them with all their commands. Not modal; closing it ends it and
 /// keeps the options. What was searched for is forgotten with it.
-class frmSearch : public QDialog, public Form
+class frmSearch : public FormWindow<QDialog>
 {
     Q_OBJECT
 
 public:
     /// Adds itself to the forms. Raises what the engine raises.
     explicit frmSearch(const BrowserServices &services);
-    ~frmSearch() override;
 
     /// Sets the dates to the span of all notes. Without notes they stay as they are.
     void ResetMinMax();
@@ -42,16 +41,12 @@ public:
     /// Brings the window to the front and gives its text the keyboard.
     void bringUp();
 
-    // Form
-    QString formName() const override { return QStringLiteral("frmSearch"); }
-    WindowHandle hWnd() const override;
-    void unload() override;
-
     /// Escape: stops the search that runs, else closes the window.
     void reject() override;
 
 protected:
-    void closeEvent(QCloseEvent *event) override;
+    void unloading() override;
+    bool isHeld() const override { return m_isRunning; }
 
 private:
     void arrange();
@@ -82,7 +77,6 @@ private:
     int m_progressCalls = 0;
     bool m_isRunning = false;
     bool m_isStopped = false;
-    bool m_unloaded = false;
 };
 
 /// Shows the search window: the one that is open, or a new one. A fault is shown in a box, and no window is

@@ -15,7 +15,6 @@
 #include "windowlist/windows/TaskViews.h"
 #include "windowlist/windows/WindowListServices.h"
 
-#include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -43,11 +42,10 @@ const QStringList kViewKeys{QStringLiteral("BM_LARGE"), QStringLiteral("BM_SMALL
 } // namespace
 
 FTaskMgr::FTaskMgr(const WindowListServices &services)
-    : m_services(services), m_rows(new TaskImages(services.windows, services.tasks, services.lookup)),
-      m_toolBar(new TaskToolBar), m_list(new TaskViews(*m_rows)),
-      m_close(namedButton(QStringLiteral("cmdExit"), tr("&Close")))
+    : FormWindow(services.forms, QStringLiteral("FTaskMgr")), m_services(services),
+      m_rows(new TaskImages(services.windows, services.tasks, services.lookup)), m_toolBar(new TaskToolBar),
+      m_list(new TaskViews(*m_rows)), m_close(namedButton(QStringLiteral("cmdExit"), tr("&Close")))
 {
-    setObjectName(QStringLiteral("FTaskMgr"));
     setWindowTitle(tr("Window List"));
     SetFormIcon(this);
     m_rows->setParent(this);
@@ -70,11 +68,6 @@ FTaskMgr::FTaskMgr(const WindowListServices &services)
     m_services.forms.add(this);
     refreshList();
     m_timer.start();
-}
-
-FTaskMgr::~FTaskMgr()
-{
-    m_services.forms.remove(this);
 }
 
 void FTaskMgr::arrange()
@@ -222,11 +215,6 @@ void FTaskMgr::bringUp()
     m_services.windows.setForegroundWindow(hWnd());
 }
 
-WindowHandle FTaskMgr::hWnd() const
-{
-    return static_cast<WindowHandle>(winId());
-}
-
 void FTaskMgr::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
@@ -242,24 +230,12 @@ void FTaskMgr::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
 }
 
-void FTaskMgr::closeEvent(QCloseEvent *event)
+void FTaskMgr::unloading()
 {
-    event->accept();
-    unload();
-}
-
-void FTaskMgr::unload()
-{
-    if (m_unloaded)
-        return;
-    m_unloaded = true;
     m_timer.stop();
     const QRect place = isMaximized() ? normalGeometry() : QRect(pos(), size());
     settings::savePlace(m_services.settings, settings::kTaskListPlace, m_services.twips.fromPixels(place));
     settings::save(m_services.settings, settings::kTaskListView, QString::number(m_lastListView));
-    m_services.forms.remove(this);
-    hide();
-    deleteLater();
 }
 
 void ShowWindowList(const WindowListServices &services)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Forms.h"
+#include "shell/windows/FormWindow.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -16,26 +16,20 @@ struct WindowListServices;
 
 /// The Window List: the running windows, to attach a note to one or detach it, to switch to one, or to
 /// start a new task. It follows the desktop each second. Closing it ends it and keeps its place and view.
-class FTaskMgr : public QWidget, public Form
+class FTaskMgr : public FormWindow<QWidget>
 {
     Q_OBJECT
 
 public:
     /// Adds itself to the forms.
     explicit FTaskMgr(const WindowListServices &services);
-    ~FTaskMgr() override;
 
     /// Brings the window to the front and gives the list the keyboard.
     void bringUp();
 
-    // Form
-    QString formName() const override { return objectName(); }
-    WindowHandle hWnd() const override;
-    void unload() override;
-
 protected:
+    void unloading() override;
     void showEvent(QShowEvent *event) override;
-    void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -64,7 +58,6 @@ private:
     int m_lastListView = 0;
     bool m_comesFromOutside = true;
     bool m_wasActive = false;
-    bool m_unloaded = false;
 };
 
 /// Shows the Window List: the one that is loaded, or a new one.

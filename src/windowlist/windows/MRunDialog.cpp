@@ -11,7 +11,6 @@
 #include "windowlist/windows/CommandCompletion.h"
 #include "windowlist/windows/WindowListServices.h"
 
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -34,12 +33,11 @@ MRunDialog *loadedRunDialog(const FormList &forms)
 } // namespace
 
 MRunDialog::MRunDialog(const WindowListServices &services)
-    : m_services(services), m_picture(new QLabel), m_prompt(new QLabel), m_line(new QComboBox),
-      m_ok(namedButton(QStringLiteral("cmdOK"), tr("OK"))),
+    : FormWindow(services.forms, QStringLiteral("MRunDialog")), m_services(services), m_picture(new QLabel),
+      m_prompt(new QLabel), m_line(new QComboBox), m_ok(namedButton(QStringLiteral("cmdOK"), tr("OK"))),
       m_cancel(namedButton(QStringLiteral("cmdCancel"), tr("Cancel"))),
       m_browse(namedButton(QStringLiteral("cmdBrowse"), tr("&Browse...")))
 {
-    setObjectName(QStringLiteral("MRunDialog"));
     SetFormIcon(this);
     arrange();
     setTexts({}, {});
@@ -56,11 +54,6 @@ MRunDialog::MRunDialog(const WindowListServices &services)
     connect(m_cancel, &QPushButton::clicked, this, &MRunDialog::reject);
     connect(m_browse, &QPushButton::clicked, this, &MRunDialog::browse);
     m_services.forms.add(this);
-}
-
-MRunDialog::~MRunDialog()
-{
-    m_services.forms.remove(this);
 }
 
 void MRunDialog::arrange()
@@ -157,27 +150,6 @@ void MRunDialog::browse()
         return;
     m_line->setEditText(quotedPath(path));
     m_line->setFocus();
-}
-
-WindowHandle MRunDialog::hWnd() const
-{
-    return static_cast<WindowHandle>(winId());
-}
-
-void MRunDialog::closeEvent(QCloseEvent *event)
-{
-    event->accept();
-    unload();
-}
-
-void MRunDialog::unload()
-{
-    if (m_unloaded)
-        return;
-    m_unloaded = true;
-    m_services.forms.remove(this);
-    hide();
-    deleteLater();
 }
 
 void RunDialog(const WindowListServices &services, const QWidget *owner, const QIcon &icon,

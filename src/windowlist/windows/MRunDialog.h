@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Forms.h"
+#include "shell/windows/FormWindow.h"
 
 #include <QDialog>
 
@@ -13,14 +13,13 @@ namespace norvane {
 struct WindowListServices;
 
 /// The Run window: a prompt for a command line, which is then opened or started. Not modal.
-class MRunDialog : public QDialog, public Form
+class MRunDialog : public FormWindow<QDialog>
 {
     Q_OBJECT
 
 public:
     /// Adds itself to the forms.
     explicit MRunDialog(const WindowListServices &services);
-    ~MRunDialog() override;
 
     /// An empty title or prompt is the window's own; a null icon is the program's.
     void setTexts(const QString &title, const QString &prompt);
@@ -28,17 +27,9 @@ public:
     /// Brings the window to the front, in the middle of its owner where it has one on the screen.
     void bringUp(const QWidget *owner);
 
-    // Form
-    QString formName() const override { return objectName(); }
-    WindowHandle hWnd() const override;
-    void unload() override;
-
     /// OK: starts what the line tells; a fault is told, and the window stays.
     void accept() override;
     void reject() override { unload(); }
-
-protected:
-    void closeEvent(QCloseEvent *event) override;
 
 private:
     void arrange();
@@ -51,7 +42,6 @@ private:
     QPushButton *m_ok;
     QPushButton *m_cancel;
     QPushButton *m_browse;
-    bool m_unloaded = false;
 };
 
 /// Shows the Run window; one that is open takes the new texts.
