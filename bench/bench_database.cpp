@@ -9,6 +9,7 @@
 #include "options/settings/DatabaseChange.h"
 #include "platform/linux/PosixFileSystem.h"
 #include "platform/sqlite/SqliteEngine.h"
+#include "run_benchmarks.h"
 #include "shell/Forms.h"
 #include "store/NoteDatabaseSwitch.h"
 #include "store/NoteStore.h"
@@ -20,7 +21,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 
 using namespace norvane;
 
@@ -160,8 +160,5 @@ BENCHMARK(change)->Unit(benchmark::kMillisecond)->ArgName("compacted")->Arg(0)->
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QCoreApplication>(argc, argv);
 }

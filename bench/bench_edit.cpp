@@ -3,10 +3,10 @@
 #include "fakes/Editing.h"
 #include "richtext/NV_RTFEdit.h"
 #include "richtext/links/document_scan.h"
+#include "run_benchmarks.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <benchmark/benchmark.h>
 
 using namespace norvane;
 
@@ -174,9 +174,5 @@ BENCHMARK(moveThePointer)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv);
 }

@@ -3,12 +3,12 @@
 #include "controls/ImageList.h"
 #include "controls/gridview/vbalGrid.h"
 #include "memory_in_use.h"
+#include "run_benchmarks.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QRandomGenerator>
-#include <benchmark/benchmark.h>
 
 using namespace norvane;
 
@@ -189,8 +189,5 @@ BENCHMARK(searchWithoutAHit)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv);
 }

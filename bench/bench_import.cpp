@@ -6,13 +6,13 @@
 #include "exchange/import/NoteImport.h"
 #include "platform/linux/PosixFileSystem.h"
 #include "platform/sqlite/SqliteEngine.h"
+#include "run_benchmarks.h"
 #include "store/NoteStore.h"
 #include "store/note_schema.h"
 
 #include <QCoreApplication>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 #include <map>
 
 using namespace norvane;
@@ -159,8 +159,5 @@ BENCHMARK(copy)->Unit(benchmark::kMillisecond)->Arg(10'000)->Iterations(3)->UseR
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QCoreApplication>(argc, argv);
 }

@@ -4,13 +4,13 @@
 #include "controls/menustore/cStoreMenu.h"
 #include "controls/menuview/MenuWindow.h"
 #include "controls/menuview/NVPopupMenu.h"
+#include "run_benchmarks.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QTimer>
-#include <benchmark/benchmark.h>
 
 using namespace norvane;
 
@@ -139,10 +139,5 @@ BENCHMARK(writeAndReadThousand)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv);
 }

@@ -1,12 +1,12 @@
 // What opening and saving the properties of a note cost: 2,000 notes, 200 categories.
 
+#include "run_benchmarks.h"
 #include "unit/watcher/Desk.h"
 
 #include "browser/dialogs/frmProperty.h"
 #include "ui/WindowParts.h"
 
 #include <QApplication>
-#include <benchmark/benchmark.h>
 
 using namespace norvane;
 
@@ -78,9 +78,5 @@ BENCHMARK(saveProperties)->Arg(1)->Arg(100)->Unit(benchmark::kMillisecond)->Iter
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv);
 }

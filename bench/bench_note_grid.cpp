@@ -5,13 +5,13 @@
 #include "controls/gridview/vbalGrid.h"
 #include "memory_in_use.h"
 #include "platform/linux/LinuxShell.h"
+#include "run_benchmarks.h"
 #include "ui/WindowParts.h"
 #include "unit/watcher/Desk.h"
 
 #include <QApplication>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <benchmark/benchmark.h>
 
 using namespace norvane;
 
@@ -228,9 +228,5 @@ BENCHMARK(sort)
 
 int main(int argc, char **argv)
 {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    allNotes().clear(); // windows go before the application
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv, [] { allNotes().clear(); });
 }

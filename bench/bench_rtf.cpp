@@ -7,6 +7,7 @@
 #include "richtext/document_reader.h"
 #include "richtext/rtf/read.h"
 #include "richtext/rtf/writer.h"
+#include "run_benchmarks.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
@@ -14,7 +15,6 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <benchmark/benchmark.h>
 #include <memory>
 
 using namespace norvane;
@@ -130,9 +130,5 @@ BENCHMARK(saveDocument)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMilliseco
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv);
 }

@@ -3,12 +3,12 @@
 
 #include "notes_with_texts.h"
 #include "platform/sqlite/SqliteEngine.h"
+#include "run_benchmarks.h"
 #include "store/note_schema.h"
 
 #include <QCoreApplication>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 #include <map>
 
 using namespace norvane;
@@ -110,8 +110,5 @@ BENCHMARK_CAPTURE(grep, one, "needle")->Unit(benchmark::kMillisecond)->Arg(10'00
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QCoreApplication>(argc, argv);
 }

@@ -6,6 +6,7 @@
 #include "notes_with_texts.h"
 #include "platform/linux/LinuxShell.h"
 #include "platform/qt/QtEventLoop.h"
+#include "run_benchmarks.h"
 #include "search/frmSearch.h"
 #include "ui/WindowParts.h"
 #include "unit/watcher/Desk.h"
@@ -16,7 +17,6 @@
 #include <QEvent>
 #include <QPushButton>
 #include <QStatusBar>
-#include <benchmark/benchmark.h>
 #include <map>
 
 using namespace norvane;
@@ -120,9 +120,5 @@ SEARCH(nowhere, "nothing like it");
 
 int main(int argc, char **argv)
 {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    windows().clear(); // before the application
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv, [] { windows().clear(); });
 }

@@ -1,10 +1,10 @@
 // What a turn of the watch cycle costs: 10,000 notes, 20 windows.
 
+#include "run_benchmarks.h"
 #include "unit/watcher/Desk.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <benchmark/benchmark.h>
 
 using namespace norvane;
 
@@ -121,8 +121,5 @@ int main(int argc, char **argv)
     // Ten thousand durable saves would measure the disk for minutes before the first figure.
     if (QFileInfo(QStringLiteral("/dev/shm")).isWritable())
         qputenv("TMPDIR", "/dev/shm");
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QCoreApplication>(argc, argv);
 }

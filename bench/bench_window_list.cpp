@@ -1,12 +1,12 @@
 // What the Window List costs each second, with 100 windows: reading the table, and painting.
 
+#include "run_benchmarks.h"
 #include "ui/windowlist/WindowListDesk.h"
 #include "windowlist/windows/FTaskMgr.h"
 #include "windowlist/windows/TaskImages.h"
 #include "windowlist/windows/TaskViews.h"
 
 #include <QApplication>
-#include <benchmark/benchmark.h>
 
 using namespace norvane;
 using namespace Qt::StringLiterals;
@@ -107,10 +107,5 @@ BENCHMARK(firstShown)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv);
 }
