@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QtEndian>
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 namespace norvane::dao {
@@ -26,10 +27,19 @@ constexpr qint64 kFirstPiece = 64;
 /// A row with what it is ordered by, in a heap of bytes.
 struct OrderedRow
 {
+    quint64 start; ///< the first bytes as a number: most rows differ in these
     qsizetype begin;
     qsizetype size;
     qint64 key;
 };
+
+/// Numbers are in the order of the texts' first bytes.
+quint64 startOf(QByteArrayView bytes)
+{
+    quint64 start = 0;
+    std::memcpy(&start, bytes.data(), std::min(sizeof start, static_cast<std::size_t>(bytes.size())));
+    return qFromBigEndian(start);
+}
 
 } // namespace
 
@@ -146,7 +156,8 @@ void RowSet::readAll()
             const qsizetype begin = bytes.size();
             if (isOrdered)
                 appendOrderKey(bytes, rows);
-            found.push_back({begin, bytes.size() - begin, rows.integer(keyColumn)});
+            const quint64 start = isOrdered ? startOf(QByteArrayView(bytes).sliced(begin)) : 0;
+            found.push_back({start, begin, bytes.size() - begin, rows.integer(keyColumn)});
         }
     });
     if (isOrdered) {
@@ -154,7 +165,7 @@ void RowSet::readAll()
             return std::string_view(bytes.constData() + row.begin, static_cast<std::size_t>(row.size));
         };
         std::sort(found.begin(), found.end(), [&orderOf](const OrderedRow &left, const OrderedRow &right) {
-            return orderOf(left) < orderOf(right);
+            return left.start != right.start ? left.start < right.start : orderOf(left) < orderOf(right);
         });
     }
     m_keys.resize(found.size());
@@ -319,11 +330,12 @@ void RowSet::appendOrderKey(QByteArray &bytes, const Statement &row) const
             bytes += '\0';
         } else if (row.isText(i)) {
             bytes += '\2';
-            for (const char byte : row.bytes(i)) {
-                bytes += byte;
-                if (byte == '\0')
-                    bytes += '\1';
+            std::string_view text = row.bytes(i);
+            for (std::size_t zero; (zero = text.find('\0')) != text.npos; text.remove_prefix(zero + 1)) {
+                bytes += QByteArrayView(text.data(), static_cast<qsizetype>(zero + 1));
+                bytes += '\1';
             }
+            bytes += QByteArrayView(text.data(), static_cast<qsizetype>(text.size()));
             bytes += QByteArrayView("\0", 2); // a text comes before those that it begins
         } else {
             bytes += '\1';

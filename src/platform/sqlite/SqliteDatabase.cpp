@@ -36,7 +36,7 @@ SqliteDatabase::SqliteDatabase(const QString &path, bool exclusive, bool readOnl
     auto lock = FileLock::take(file, exclusive ? FileLock::Kind::Alone : FileLock::Kind::Shared, readOnly);
     proveDatabase(file, password);
     if (readOnly)
-        m_copy = copyWithInterruptedSave(file, password);
+        m_copy = copyToRead(file, password);
     m_core = std::make_shared<DatabaseCore>(m_copy ? copyIn(*m_copy) : file, readOnly, exclusive);
     m_core->lock = std::move(lock);
     m_core->connect(password);

@@ -7,6 +7,7 @@
 #include "platform/sqlite/file_copy.h"
 
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -79,6 +80,25 @@ bool hasJournal(const QString &file)
     return QFileInfo(journalOf(file)).size() > 0;
 }
 
+QString logOf(const QString &file)
+{
+    return file + QStringLiteral("-wal");
+}
+
+/// Whether saves go into a log beside the file, as another program may have chosen: then even a read-only
+/// connection makes files there, and leaves them.
+bool keepsLog(const QString &path)
+{
+    constexpr qsizetype kReadVersion = 19; // of the header, plain in encrypted files, too
+    constexpr char kOfLogs = 2;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        raiseSystemError(errno, path);
+    const QByteArray header = file.read(kReadVersion + 1);
+    return QFileInfo::exists(logOf(path)) ||
+           (header.size() > kReadVersion && header[kReadVersion] == kOfLogs);
+}
+
 /// What the first reads of the file tell, raised as an error unless it is one of ours.
 void readFirstPage(const QString &file, Connection::Mode mode, const QString &password)
 {
@@ -97,8 +117,8 @@ void readFirstPage(const QString &file, Connection::Mode mode, const QString &pa
                 .arg(kSchemaVersion));
 }
 
-/// Tries the password where a save was interrupted, on copies: the rollback of the file itself is
-/// lost for good when it is opened with a wrong key.
+/// Tries the password where a save was interrupted or stands in a log, on copies: the rollback of the file
+/// itself is lost for good when it is opened with a wrong key.
 std::unique_ptr<QTemporaryDir> proveOnCopy(const QString &file, const QString &password)
 {
     auto folder = std::make_unique<QTemporaryDir>();
@@ -106,14 +126,19 @@ std::unique_ptr<QTemporaryDir> proveOnCopy(const QString &file, const QString &p
         raiseSystemError(EACCES, folder->path());
     const QString copy = copyIn(*folder);
     copyFile(file, copy);
-    copyFile(journalOf(file), journalOf(copy));
+    for (const auto &beside : {journalOf, logOf})
+        if (QFileInfo::exists(beside(file)))
+            copyFile(beside(file), beside(copy));
     readFirstPage(copy, Connection::Mode::ReadWrite, password);
     return folder;
 }
 
-/// Whether a read-only connection refuses, since a rollback is due before anything can be read.
-bool awaitsRollback(const QString &file, const QString &password)
+/// Whether a read-only connection refuses, since a rollback is due before anything can be read, or would not
+/// leave the folder as it is.
+bool needsCopy(const QString &file, const QString &password)
 {
+    if (keepsLog(file))
+        return true;
     if (!hasJournal(file))
         return false;
     try {
@@ -126,7 +151,7 @@ bool awaitsRollback(const QString &file, const QString &password)
     return false;
 }
 
-/// Reads a file beside which an interrupted save waits for its rollback.
+/// Reads a file beside which an interrupted save waits for its rollback, or a log is kept.
 void proveBesideJournal(const QString &file, const QString &password)
 {
     try {
@@ -146,8 +171,10 @@ void proveKey(const QString &file, const QString &password)
 {
     for (int attempt = 1;; ++attempt) {
         try {
-            readFirstPage(file, Connection::Mode::ReadOnly, password);
-            return;
+            if (!keepsLog(file)) {
+                readFirstPage(file, Connection::Mode::ReadOnly, password);
+                return;
+            }
         } catch (const SqliteError &error) {
             if (error.code() != SQLITE_READONLY)
                 throw;
@@ -248,9 +275,9 @@ QString copyIn(const QTemporaryDir &folder)
     return folder.filePath(QStringLiteral("copy"));
 }
 
-std::unique_ptr<QTemporaryDir> copyWithInterruptedSave(const QString &file, const QString &password)
+std::unique_ptr<QTemporaryDir> copyToRead(const QString &file, const QString &password)
 {
-    for (int attempt = 1; awaitsRollback(file, password); ++attempt) {
+    for (int attempt = 1; needsCopy(file, password); ++attempt) {
         const QByteArray before = fingerprint(file);
         try {
             auto folder = proveOnCopy(file, password);
@@ -288,6 +315,8 @@ QByteArray fingerprint(const QString &path)
         raiseSystemError(errno, path);
     QByteArray state = QCryptographicHash::hash(file.read(kPageSize), QCryptographicHash::Sha256);
     state += QByteArray::number(file.size());
+    if (const QFileInfo log(logOf(path)); log.exists())
+        state += 'w' + QByteArray::number(log.lastModified().toMSecsSinceEpoch());
     return state + (hasJournal(path) ? "j" : "");
 }
 

@@ -26,10 +26,10 @@ void checkWritable(const QString &file);
 void writeCompactedCopy(const QString &file, const QString &password, const QString &target,
                         const QString &newPassword);
 
-/// A folder with a copy of a file whose last save was interrupted and is still to be rolled back, which
-/// needs more than reading; nullptr where the file can be read as it stands. The password is proven. The
-/// file and what is beside it stay as they are.
-std::unique_ptr<QTemporaryDir> copyWithInterruptedSave(const QString &file, const QString &password);
+/// A folder with a copy of a file that cannot be read without a change to what is there: its last save was
+/// interrupted and is still to be rolled back, or its saves go into a log beside it. nullptr where the file
+/// can be read as it stands. The password is proven. The file and what is beside it stay as they are.
+std::unique_ptr<QTemporaryDir> copyToRead(const QString &file, const QString &password);
 /// The copy in such a folder.
 QString copyIn(const QTemporaryDir &folder);
 

@@ -1,6 +1,7 @@
 #include "TwoDatabases.h"
 #include "platform/sqlite/Connection.h"
 #include "platform/sqlite/database_file.h"
+#include "store/note_database.h"
 #include "unit/platform/linux/in_child.h"
 
 #include <csignal>
@@ -137,6 +138,53 @@ TEST_F(ImportFaults, AnInterruptedSaveOfTheSourceIsReadInACopy)
     EXPECT_EQ(result.imported, 60);
     expectWhole(result);
     EXPECT_EQ(everythingIn(other.folder.path()), before);
+}
+
+TEST_F(ImportFaults, ASourceWithALogIsReadInACopy)
+{
+    const QVector<int> IDs = addOthers(60, 10);
+    other.store.close();
+    for (const QString &password : {QString(), u"secret"_s}) {
+        if (!password.isEmpty())
+            engine->workspace(0)
+                ->openDatabase(other.store.DatabaseFile, true, false, {})
+                ->newPassword({}, password);
+        otherPassword = password;
+        const QString file = other.store.DatabaseFile;
+        const QString work = folder.filePath(u"work"_s);
+        ASSERT_TRUE(QFile::rename(file, work));
+        {
+            // As another program may leave it: nothing is in the file alone.
+            dao::Connection connection(work, dao::Connection::Mode::ReadWrite, password);
+            connection.run("PRAGMA journal_mode=WAL");
+            connection.run("UPDATE Memos SET LocationName='logged'");
+            ASSERT_TRUE(QFile::copy(work, file));
+            ASSERT_TRUE(QFile::copy(work + u"-wal"_s, file + u"-wal"_s));
+        }
+        for (const bool hasLog : {true, false}) {
+            if (!hasLog) {
+                QFile::remove(file + u"-wal"_s);
+                QFile::remove(file);
+                ASSERT_TRUE(QFile::rename(work, file));
+            }
+            chmod(QFile::encodeName(other.folder.path()).constData(), 0555);
+            for (const QString &each : {file, QString(file + u"-wal"_s)})
+                chmod(QFile::encodeName(each).constData(), 0444);
+            const auto before = everythingIn(other.folder.path());
+            EXPECT_EQ(inChild([&] {
+                          if (!becomeOrdinaryUser())
+                              return 1;
+                          const ImportSource source(*engine, file, password);
+                          const auto logged = source.database().openRecordset(
+                              u"select ID from Memos where LocationName='logged'"_s);
+                          return logged->recordCount() == 60 ? 0 : 2;
+                      }),
+                      0);
+            EXPECT_EQ(openingFault(*engine, file, u"wrong"_s)->number(), kErrorNotAPassword);
+            chmod(QFile::encodeName(other.folder.path()).constData(), 0755);
+            EXPECT_EQ(everythingIn(other.folder.path()), before) << hasLog << password.toStdString();
+        }
+    }
 }
 
 TEST_F(ImportFaults, NobodyWritesTheSourceMeanwhile)
