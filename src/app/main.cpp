@@ -69,6 +69,6 @@ int main(int argc, char **argv)
             running->tellOf(error);
     });
     application.setKeysAreListenedTo(
-        [running = QPointer<Program>(&program)] { return !running || running->keysAreListenedTo(); });
+        [running = QPointer<Program>(&program)] { return running && running->keysAreListenedTo(); });
     return program.run(arguments);
 }

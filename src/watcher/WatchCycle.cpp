@@ -44,6 +44,7 @@ WatchCycle::WatchCycle(const WatchParts &parts, QObject *parent)
                                                 parts.forms, parts.clock, parts.sound, parts.stickies)
 {
     connect(&m_parts.timer, &WatchTimer::tick, this, &WatchCycle::tick);
+    connect(&m_parts.timer, &WatchTimer::aboutToSleep, this, &WatchCycle::onAboutToSleep);
     connect(&m_parts.windows, &WindowSystem::changed, &m_parts.timer, &WatchTimer::requestTick);
     connect(&m_parts.shellWindows, &ShellWindows::locationChanged, &m_parts.timer, &WatchTimer::requestTick);
 }
@@ -58,6 +59,8 @@ void WatchCycle::tick()
         return;
     m_ticking = true;
     const auto done = qScopeGuard([this] { m_ticking = false; });
+    m_quiet = true;
+    m_quietState = innerState();
 
     rescueOrphans();
     RefreshWindowList();
@@ -65,6 +68,14 @@ void WatchCycle::tick()
         CloseStaleNotes();
     RefreshWindowList();
     OpenMatchingNotes();
+    if (m_quiet && !m_quietState.tasksUnfinished)
+        m_parts.timer.rest();
+}
+
+void WatchCycle::onAboutToSleep()
+{
+    if (m_quietState != innerState())
+        rearm();
 }
 
 void WatchCycle::RefreshWindowList()
@@ -72,6 +83,7 @@ void WatchCycle::RefreshWindowList()
     m_parts.tasks.Refresh();
     if (m_listedTasks == m_parts.tasks.changeCount() && m_listedWindows == m_parts.windows.changeCount())
         return;
+    m_quiet = false;
     m_listedTasks = m_parts.tasks.changeCount();
     m_listedWindows = m_parts.windows.changeCount();
 
@@ -91,6 +103,7 @@ void WatchCycle::RefreshWindowList()
 
 void WatchCycle::CloseStaleNotes()
 {
+    m_quiet = false;
     m_parts.timer.setInterval(0);
     const auto done = qScopeGuard([this] { rearm(); });
     const CloseState state = closeState();
@@ -155,6 +168,7 @@ void WatchCycle::openNoteOf(const clsWindow &window)
             throw RuntimeError(kErrorSyntax, QStringLiteral("The title makes no condition."));
         return;
     }
+    m_quiet = false;
     m_kept.remove(window.hWnd);
 
     FoundNote found;
@@ -259,6 +273,14 @@ WatchCycle::CloseState WatchCycle::closeState() const
             m_parts.settings.ExactWindowName, m_parts.settings.PartialMatchLength};
 }
 
+WatchCycle::InnerState WatchCycle::innerState() const
+{
+    return {m_parts.tasks.changeCount(),        m_parts.LiveWindows.changeCount(),
+            m_parts.Clips.changeCount(),        m_parts.store.noteChangeCount(),
+            m_parts.settings.ExactWindowName,   m_parts.tasks.isUnfinished(),
+            m_parts.settings.PartialMatchLength};
+}
+
 /// A note is open at most once on the whole desktop: the window does not count.
 bool WatchCycle::ClipExists(int ID, WindowHandle /*hWnd*/) const
 {
@@ -284,7 +306,8 @@ bool WatchCycle::isStale(const clsClip &clip)
     const qint16 length = m_parts.settings.PartialMatchLength;
     const bool sameTitle =
         m_parts.location.GetWindowTitle(clip.ParentHwnd).left(length) == clip.SavedTitle.left(length);
-    const bool sameLocation = !target->DocumentName.isEmpty() && target->DocumentName.contains(clip.wURL);
+    // A note that opened by its title, before a slow browser told its page, has no location to go by.
+    const bool sameLocation = !clip.wURL.isEmpty() && target->DocumentName.contains(clip.wURL);
     return !sameTitle && !sameLocation;
 }
 
@@ -299,6 +322,7 @@ void WatchCycle::rescueOrphans()
 {
     if (m_rescuedAt == closeState())
         return;
+    m_quiet = false;
     for (const clsClip &clip : m_parts.Clips.copies()) {
         Form *form = m_parts.forms.byHwnd(clip.hWnd);
         if (!form)

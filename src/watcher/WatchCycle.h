@@ -45,6 +45,13 @@ struct WatchParts
 /// The timer's tick() drives it; changes of windows and of their locations bring the next tick
 /// forward. Errors end half a tick without a word, and the next tick tries again. A tick in which
 /// nothing has changed asks neither the window system nor the database anything.
+///
+/// After such a quiet tick the timer rests: the next one would be quiet, too, as long as
+/// - no window and no location changes, which the two signal,
+/// - nothing of the program's own (InnerState) changes, which is compared before the program sleeps,
+/// - nothing waits for time to pass: a window that did not answer or whose location is not known
+///   yet, a note that could not be opened or a database that could not be asked keep the timer going.
+/// Whatever else a tick comes to depend on has to join one of the three.
 class WatchCycle : public QObject
 {
     Q_OBJECT
@@ -77,6 +84,18 @@ private:
         qint16 partialLength = 0;
         bool operator==(const CloseState &) const = default;
     };
+    /// What a tick depends on beside the windows and their locations.
+    struct InnerState
+    {
+        quint64 tasks = 0;
+        quint64 live = 0;
+        quint64 clips = 0;
+        quint64 notes = 0;
+        bool exact = false;
+        bool tasksUnfinished = false;
+        qint16 partialLength = 0;
+        bool operator==(const InnerState &) const = default;
+    };
     struct FoundNote
     {
         int id = 0; ///< 0 is none
@@ -107,6 +126,8 @@ private:
     bool hasOutlived(const KeptAnswer &kept, const clsWindow &window);
     KeptAnswer question(const clsWindow &window) const;
     CloseState closeState() const;
+    InnerState innerState() const;
+    void onAboutToSleep();
 
     bool ClipExists(int ID, WindowHandle hWnd) const;
     bool isStale(const clsClip &clip);
@@ -119,6 +140,8 @@ private:
     NoteLoader m_loader;
     bool m_ticking = false;
     bool m_ended = false;
+    bool m_quiet = false;                   ///< the tick under way, or the last one, has found nothing to do
+    InnerState m_quietState;                ///< at the beginning of the last quiet tick
     std::optional<quint64> m_listedTasks;   ///< the table's changes that LiveWindows shows
     std::optional<quint64> m_listedWindows; ///< and those of the window system
     std::optional<CloseState> m_rescuedAt;

@@ -7,7 +7,7 @@
 namespace norvane::fakes {
 
 /// A watch timer that ticks when the test says so, by the rules of a real one: not while it is off
-/// or at interval 0, and never inside a tick.
+/// or at interval 0, never inside a tick, and not while it rests. Between two turns the program sleeps.
 class ManualTimer : public WatchTimer
 {
 public:
@@ -18,10 +18,15 @@ public:
     void setInterval(int milliseconds) override
     {
         m_interval = milliseconds;
+        m_resting = false;
         intervals.append(milliseconds);
     }
     int interval() const override { return m_interval; }
-    void setEnabled(bool enabled) override { m_enabled = enabled; }
+    void setEnabled(bool enabled) override
+    {
+        m_enabled = enabled;
+        m_resting = false;
+    }
     bool isEnabled() const override { return m_enabled; }
 
     void requestTick() override
@@ -30,7 +35,9 @@ public:
             return;
         ++requests;
         tickRequested = true;
+        m_resting = false;
     }
+    void rest() override { m_resting = !tickRequested; }
 
     bool running() const { return m_enabled && m_interval > 0; }
 
@@ -38,6 +45,10 @@ public:
     bool fire()
     {
         if (!running() || m_ticking)
+            return false;
+        if (m_resting)
+            emit aboutToSleep();
+        if (m_resting)
             return false;
         m_ticking = true;
         tickRequested = false;
@@ -52,6 +63,7 @@ private:
     int m_interval = 0;
     bool m_enabled = false;
     bool m_ticking = false;
+    bool m_resting = false;
 };
 
 } // namespace norvane::fakes

@@ -280,7 +280,7 @@ void DesktopBuses::accessibilityBusLost()
         const QMutexLocker lock(&m_mutex);
         m_accessibility.reset();
         m_processes.clear();
-        m_keysAreListenedTo = true;
+        m_keysAreListenedTo = false;
     }
     QDBusConnection::disconnectFromBus(m_accessibilityName);
     emit accessibilityChanged();
@@ -315,13 +315,16 @@ void DesktopBuses::keyListenersChanged()
     const auto bus = accessibility();
     if (!bus)
         return;
-    setKeysAreListenedTo(true); // until the answer is there
     callLater(this, *bus,
               method(kRegistry, kKeysPath, QStringLiteral("org.a11y.atspi.DeviceEventController"),
                      QStringLiteral("GetKeystrokeListeners")),
               [this](const QDBusMessage &reply) {
-                  if (reply.type() != QDBusMessage::ReplyMessage || !accessibility())
+                  if (!accessibility())
                       return;
+                  if (reply.type() != QDBusMessage::ReplyMessage) {
+                      setKeysAreListenedTo(true); // a registry that does not tell may have some
+                      return;
+                  }
                   const auto listeners = reply.arguments().value(0).value<QDBusArgument>();
                   listeners.beginArray();
                   const bool areThere = !listeners.atEnd();

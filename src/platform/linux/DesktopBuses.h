@@ -44,7 +44,8 @@ public:
     /// Any thread. Names of the process's connections to the accessibility bus.
     QStringList servicesOf(qint64 processId) const;
     /// Any thread. Whether a program has asked the accessibility bus for the keys that others get; true, too,
-    /// while that is not known.
+    /// where the bus does not tell. Until the first answer it is false: a key that a listener misses is less
+    /// than one that goes astray on its way through the bus.
     bool keysAreListenedTo() const;
 
 signals:
@@ -97,7 +98,7 @@ private:
     std::optional<bool> m_enabled;
     QHash<QString, qint64> m_processes; ///< by connection name
     bool m_settled = false;
-    bool m_keysAreListenedTo = true;
+    bool m_keysAreListenedTo = false;
 };
 
 } // namespace norvane

@@ -2,6 +2,7 @@
 
 #include "platform/qt/QtEventLoop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QPointer>
 #include <QThread>
 #include <algorithm>
@@ -24,6 +25,10 @@ QtWatchTimer::QtWatchTimer(QtEventLoop &loop, QObject *parent) : WatchTimer(pare
     m_timer.setTimerType(Qt::CoarseTimer);
     connect(&m_timer, &QTimer::timeout, this, &QtWatchTimer::onTimeout);
     connect(&m_loop, &QtEventLoop::yielded, this, &QtWatchTimer::onYielded);
+    const auto *dispatcher = QAbstractEventDispatcher::instance();
+    m_mayRest = dispatcher != nullptr;
+    if (dispatcher)
+        connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, &QtWatchTimer::onAboutToBlock);
 }
 
 bool QtWatchTimer::ticking() const
@@ -34,6 +39,7 @@ bool QtWatchTimer::ticking() const
 void QtWatchTimer::setInterval(int milliseconds)
 {
     m_interval = std::max(milliseconds, 0);
+    m_resting = false;
     if (!runs() && !ticking())
         m_requested = false;
     arm();
@@ -44,6 +50,7 @@ void QtWatchTimer::setEnabled(bool enabled)
     if (enabled == m_enabled)
         return;
     m_enabled = enabled;
+    m_resting = false;
     if (!enabled)
         m_requested = false;
     arm();
@@ -55,12 +62,25 @@ void QtWatchTimer::requestTick()
     if (!counts || (m_requested && m_timer.isActive()))
         return;
     m_requested = true;
+    m_resting = false;
     arm();
+}
+
+void QtWatchTimer::rest()
+{
+    m_resting = m_mayRest;
+    arm();
+}
+
+void QtWatchTimer::onAboutToBlock()
+{
+    if (m_resting && runs())
+        emit aboutToSleep();
 }
 
 void QtWatchTimer::arm()
 {
-    if (!runs()) {
+    if (!runs() || (m_resting && !m_requested)) {
         m_timer.stop();
         return;
     }
@@ -87,6 +107,7 @@ void QtWatchTimer::onTimeout()
         return;
     }
     m_requested = false;
+    m_resting = false;
     const int outer = std::exchange(m_tickLevel, QThread::currentThread()->loopLevel());
     QElapsedTimer duration;
     duration.start();

@@ -16,7 +16,8 @@ class QtEventLoop;
 /// anew. A tick that falls due during a tick or during a yield comes after it. A request made
 /// during a tick counts even if the tick has set the interval to 0 meanwhile, provided that the
 /// timer runs when the tick is over. A dialog that opens inside a tick or a yield does not stop the
-/// timer: what turns in the dialog's own loop is not inside.
+/// timer: what turns in the dialog's own loop is not inside. A timer that is made before the
+/// application never rests.
 class QtWatchTimer : public WatchTimer
 {
     Q_OBJECT
@@ -33,6 +34,7 @@ public:
     void setEnabled(bool enabled) override;
     bool isEnabled() const override { return m_enabled; }
     void requestTick() override;
+    void rest() override;
 
 private:
     bool runs() const { return m_enabled && m_interval > 0; }
@@ -41,6 +43,7 @@ private:
     void arm();
     void onTimeout();
     void onYielded();
+    void onAboutToBlock();
 
     QtEventLoop &m_loop;
     QTimer m_timer;
@@ -50,6 +53,8 @@ private:
     bool m_enabled = false;
     int m_tickLevel = -1;     ///< how deep in loops the tick under way is; -1: there is none
     bool m_requested = false; ///< a tick is wanted before the interval is over
+    bool m_resting = false;   ///< no tick is wanted but a requested one
+    bool m_mayRest = false;
 };
 
 } // namespace norvane

@@ -50,6 +50,22 @@ protected:
         clock.start();
         ASSERT_TRUE(QTest::qWaitFor([&] { return clock.elapsed() >= milliseconds; }, kPatience));
     }
+    /// The same, but the program sleeps between its events.
+    static void sleep(int milliseconds)
+    {
+        QEventLoop sleeping;
+        QTimer::singleShot(milliseconds, Qt::PreciseTimer, &sleeping, &QEventLoop::quit);
+        sleeping.exec();
+    }
+    /// Sleeps until so many ticks have come, and long enough for one too many.
+    void sleepThrough(qsizetype ticks)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        while (starts.size() < ticks && clock.elapsed() < kPatience)
+            sleep(10);
+        sleep(120);
+    }
     void run(int interval)
     {
         timer.setInterval(interval);
@@ -164,6 +180,60 @@ TEST_F(QtWatchTimerTest, TickDueInsideAYieldComesAfterIt)
     EXPECT_FALSE(loop.yielding());
     EXPECT_TRUE(starts.isEmpty());
     EXPECT_TRUE(waitForTicks(1));
+}
+
+TEST_F(QtWatchTimerTest, RestsUntilARequestOrASetting)
+{
+    run(10);
+    int requests = 1;
+    onTick = [&] {
+        if (requests-- > 0)
+            timer.requestTick();
+        timer.rest();
+    };
+    sleepThrough(2);
+    EXPECT_EQ(starts.size(), 2) << "a request that was made in the tick counts";
+    const std::vector<std::function<void()>> causes = {
+        [&] { timer.requestTick(); },
+        [&] { timer.setInterval(20); },
+        [&] {
+            timer.setEnabled(false);
+            timer.setEnabled(true);
+        },
+    };
+    for (const auto &cause : causes) {
+        const auto before = starts.size();
+        cause();
+        sleepThrough(before + 1);
+        EXPECT_EQ(starts.size(), before + 1);
+    }
+    EXPECT_EQ(timer.interval(), 20);
+    EXPECT_TRUE(timer.isEnabled());
+}
+
+TEST_F(QtWatchTimerTest, SaysBeforeItSleepsThatItRests)
+{
+    run(10);
+    bool changed = false;
+    int rests = 0;
+    QObject::connect(&timer, &WatchTimer::aboutToSleep, &timer, [&] {
+        ++rests;
+        if (std::exchange(changed, false))
+            timer.setInterval(10);
+    });
+    onTick = [&] { timer.rest(); };
+    sleepThrough(1);
+    ASSERT_EQ(starts.size(), 1);
+    EXPECT_GE(rests, 1);
+    // By what runs in the program, be it the last that runs before it sleeps.
+    QMetaObject::invokeMethod(
+        &timer, [&] { changed = true; }, Qt::QueuedConnection);
+    sleepThrough(2);
+    EXPECT_EQ(starts.size(), 2);
+    timer.setInterval(0);
+    rests = 0;
+    sleep(30);
+    EXPECT_EQ(rests, 0) << "a timer that is off does not rest";
 }
 
 TEST_F(QtWatchTimerTest, ADialogThatOpensInsideATickOrAYieldDoesNotStopIt)

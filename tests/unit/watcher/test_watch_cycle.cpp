@@ -20,6 +20,14 @@ protected:
         lastNote = addNote(title, url, values);
         return openPage(title, url);
     }
+    /// Ticks until the timer rests. @return whether it does
+    bool comesToRest()
+    {
+        int left = 20;
+        while (left > 0 && timer.fire())
+            --left;
+        return left > 0 && timer.running();
+    }
     int lastNote = 0;
 };
 
@@ -185,6 +193,20 @@ TEST_F(Cycle, ATitleWhoseLocationIsNotKnownYetChangesNothing)
     EXPECT_EQ(openNotes(), Ids());
 }
 
+TEST_F(Cycle, ANoteThatOpenedBeforeItsPageWasToldGoesWithItsTitle)
+{
+    const int id = addNote(u"First Page"_qs, u"http://site/first"_qs);
+    const WindowHandle window = openPage(u"First Page"_qs, {});
+    tick();
+    EXPECT_EQ(openNotes(), Ids{id});
+    shellWindows.setLocation(window, u"http://site/first"_qs);
+    tick(2);
+    EXPECT_EQ(openNotes(), Ids{id});
+    goTo(window, u"Second Page"_qs, u"http://site/second"_qs);
+    tick(2);
+    EXPECT_EQ(openNotes(), Ids());
+}
+
 TEST_F(Cycle, OneNoteClosesPerTick)
 {
     QVector<WindowHandle> targets;
@@ -326,7 +348,8 @@ TEST_F(Cycle, AnUnparsableTitleEndsThePassWithoutAWord)
     EXPECT_EQ(timer.interval(), 400);
 
     const quint64 statements = this->statements();
-    tick(3);
+    for (int i = 0; i < 3; ++i)
+        cycle.tick();
     EXPECT_EQ(this->statements(), statements);
     EXPECT_EQ(openNotes(), Ids{before});
 
@@ -348,7 +371,8 @@ TEST_F(Cycle, ATickWithoutAChangeAsksNobody)
     const quint64 statements = this->statements();
     const int trips = windows.roundTrips;
     const int queries = shellWindows.queries + processes.queries;
-    tick(5);
+    for (int i = 0; i < 5; ++i)
+        cycle.tick();
     EXPECT_EQ(this->statements(), statements);
     EXPECT_EQ(windows.roundTrips, trips);
     EXPECT_EQ(shellWindows.queries + processes.queries, queries);
@@ -360,6 +384,61 @@ TEST_F(Cycle, ATickWithoutAChangeAsksNobody)
     EXPECT_EQ(openNotes().size(), 9);
     EXPECT_LE(this->statements(), statements + 3);
     EXPECT_GT(this->statements(), statements);
+}
+
+TEST_F(Cycle, TheClockRestsUntilSomethingThatATickDependsOnChanges)
+{
+    const WindowHandle page = openNoted(u"Page"_qs, u"http://a/"_qs);
+    openPage(u"Other"_qs, u"http://other/"_qs);
+    const WindowHandle terminal = windows.open(u"XTerm"_qs, u"Terminal"_qs);
+    const std::vector<std::pair<const char *, std::function<void()>>> changes = {
+        {"a new window", [&] { openFolder(u"Folder"_qs, u"/usr/lib"_qs); }},
+        {"a window that was minimised", [&] { windows.setMinimized(page, true); }},
+        {"a location", [&] { shellWindows.setLocation(page, u"http://a/b"_qs); }},
+        {"a note that belongs to a window", [&] { addNote(u"Other"_qs, u"http://other/"_qs); }},
+        {"a note that belongs to none", [&] { addNote(u"Nowhere"_qs, u"http://nowhere/"_qs); }},
+        {"a note that was closed", [&] { forms.byHwnd(Clips.Item(1).hWnd)->unload(); }},
+        {"exact titles", [&] { settings.ExactWindowName = true; }},
+        {"the length that titles are compared by", [&] { settings.PartialMatchLength = 1; }},
+        {"a class that is tracked now",
+         [&] {
+             settings.TrackedClasses.append(u"XTerm"_qs);
+             tasks.followTrackedClasses();
+         }},
+        {"a row that went",
+         [&] {
+             windows.at(terminal).visible = false;
+             tasks.Valid(0, terminal);
+         }},
+    };
+    ASSERT_TRUE(comesToRest());
+    for (const auto &[what, change] : changes) {
+        change();
+        EXPECT_TRUE(timer.fire()) << what;
+        EXPECT_TRUE(comesToRest()) << what;
+    }
+}
+
+TEST_F(Cycle, TheClockGoesOnWhileSomethingWaitsForTime)
+{
+    const WindowHandle page = openNoted(u"Page"_qs, u"http://a/"_qs);
+    const auto goesOn = [this] {
+        bool ticks = true;
+        for (int i = 0; i < 40; ++i)
+            ticks = timer.fire() && ticks;
+        return ticks;
+    };
+    shellWindows.setUnknown(page);
+    EXPECT_TRUE(goesOn()) << "the location is being looked up";
+    windows.at(page).hung = true;
+    shellWindows.setLocation(page, u"http://a/"_qs);
+    EXPECT_TRUE(goesOn()) << "the window does not answer";
+    windows.at(page).hung = false;
+    store.close();
+    EXPECT_TRUE(goesOn()) << "the notes cannot be asked for";
+    store.open();
+    EXPECT_TRUE(comesToRest());
+    EXPECT_EQ(openNotes(), Ids{lastNote});
 }
 
 TEST_F(Cycle, AStoppedClockOpensAndClosesNothing)
