@@ -14,8 +14,8 @@ namespace norvane {
 
 namespace {
 
-constexpr int kPatienceMs = 4000;
-constexpr int kSettledMs = 1200;
+constexpr int kPatienceMs = 6000;
+constexpr int kSettledMs = 2500; // a browser may take 2000 ms to tell its page
 
 /// Refreshes until no new row or location has come for a while.
 void refreshUntilSettled(CTaskList &tasks)

@@ -131,6 +131,8 @@ TEST_F(OptionsOnTheDesktop, AnotherDatabaseTakesTheNotesAwayAndGivesThemBack)
         const xcb_window_t note = m_norvane.noteOn(editor);
         return note != 0 && note != second;
     })) << "its note is back";
+    x().activate(editor); // which is behind the frame, and so is its note
+    ASSERT_TRUE(waitFor([&] { return x().activeWindow() == editor; }));
     ASSERT_TRUE(m_norvane.typeInto(m_norvane.noteOn(editor), u" Again."_s));
     x().press(u"ctrl+s"_s);
     EXPECT_TRUE(waitFor([&] { return texts() == "1|In the first database. Again."; }));

@@ -116,7 +116,7 @@ TEST_F(WindowListOnTheDesktop, RunsAProgramAndTellsOfOneThatIsNotThere)
     EXPECT_TRUE(isGone(u"New Task"_s));
     EXPECT_NE(window(u"second letter.txt"_s, u"mousepad"_s, kLeft), 0u);
     EXPECT_TRUE(waitFor([&] {
-        return bytesOf(m_desktop.home() + u"/.config/norvane/norvane.conf"_s).contains("Command01=");
+        return bytesOf(m_desktop.home() + u"/.config/norvane/norvane.conf"_s).contains("Command1=");
     }));
 }
 

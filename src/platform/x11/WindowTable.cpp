@@ -1,5 +1,7 @@
 #include "platform/x11/WindowTable.h"
 
+#include <QAbstractEventDispatcher>
+#include <QElapsedTimer>
 #include <QSocketNotifier>
 #include <algorithm>
 
@@ -38,6 +40,10 @@ WindowTable::WindowTable() : m_places(m_connection), m_pings(m_connection, kRoot
         m_connection.expectInput();
         takeIn();
     });
+    // What came along with a reply or a flush wakes no notifier.
+    if (const auto *dispatcher = QAbstractEventDispatcher::instance()) {
+        connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, &WindowTable::takeInQueued);
+    }
     m_connection.selectEvents(m_connection.root(), kRootEvents);
     update();
     m_toldCount = m_changeCount;
@@ -60,10 +66,37 @@ void WindowTable::update()
     if (m_places.isStale()) {
         m_places.read();
     }
-    // Events that came along with the replies wake no notifier.
-    while (const auto event = m_connection.queuedEvent()) {
-        handle(*event);
+    takeInQueued();
+}
+
+void WindowTable::waitUntil(const std::function<bool()> &condition, int timeoutMs)
+{
+    QElapsedTimer clock;
+    clock.start();
+    // Sending takes in what has come, which no waiting would notice then.
+    for (update(); !condition() && !clock.hasExpired(timeoutMs); update()) {
+        const int left = qMax(0, timeoutMs - static_cast<int>(clock.elapsed()));
+        if (!m_connection.waitForInput(left) || !m_connection.isAlive()) {
+            break;
+        }
     }
+}
+
+xcb_timestamp_t WindowTable::serverTime(int timeoutMs)
+{
+    if (m_clock == XCB_NONE) {
+        m_clock = xcb_generate_id(m_connection.get());
+        const quint32 events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        xcb_create_window(m_connection.get(), 0, m_clock, m_connection.root(), -1, -1, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+    }
+    // Nothing is added to the property; the server tells when.
+    m_time = XCB_CURRENT_TIME;
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_APPEND, m_clock, XCB_ATOM_WM_NAME, XCB_ATOM_STRING,
+                        8, 0, nullptr);
+    m_connection.flush();
+    waitUntil([this] { return m_time != XCB_CURRENT_TIME; }, timeoutMs);
+    return m_time;
 }
 
 bool WindowTable::supports(AtomName name) const
@@ -130,6 +163,13 @@ void WindowTable::takeIn()
     }
 }
 
+void WindowTable::takeInQueued()
+{
+    while (const auto event = m_connection.queuedEvent()) {
+        handle(*event);
+    }
+}
+
 void WindowTable::stop()
 {
     // The server has gone. What is known stays as the last answer; nothing more will come.
@@ -168,6 +208,10 @@ void WindowTable::handle(const xcb_generic_event_t &event)
 
 void WindowTable::handleProperty(const xcb_property_notify_event_t &event)
 {
+    if (event.window == m_clock) {
+        m_time = event.time;
+        return;
+    }
     const std::optional<AtomName> property = m_connection.nameOf(event.atom);
     if (!property) {
         return;
@@ -221,7 +265,7 @@ void WindowTable::handleDestroy(xcb_window_t window)
     m_records.erase(record);
     m_staleWindows.remove(window);
     m_places.forget(window);
-    m_placements.remove(window);
+    m_placements.removeOne(window);
     m_pings.forget(window);
     m_listed.remove(window);
     setOrder();
@@ -264,8 +308,9 @@ void WindowTable::readRoot()
 void WindowTable::setLists(const QVector<xcb_window_t> &clients, const QVector<xcb_window_t> &stacking)
 {
     const QSet<xcb_window_t> before = m_listed;
+    const QVector<xcb_window_t> stackingBefore =
+        std::exchange(m_stacking, stacking.isEmpty() ? clients : stacking);
     m_clients = clients;
-    m_stacking = stacking.isEmpty() ? clients : stacking;
     m_listed = QSet<xcb_window_t>(clients.begin(), clients.end());
     for (const xcb_window_t window : clients) {
         if (!m_records.contains(window)) {
@@ -279,6 +324,13 @@ void WindowTable::setLists(const QVector<xcb_window_t> &clients, const QVector<x
     }
     for (const xcb_window_t window : before) {
         if (!m_listed.contains(window)) {
+            tellPlacement(window);
+        }
+    }
+    if (m_stacking != stackingBefore) {
+        ++m_stackingCount;
+        const auto embedded = m_embedded.keys();
+        for (const xcb_window_t window : embedded) {
             tellPlacement(window);
         }
     }
@@ -365,7 +417,8 @@ void WindowTable::makeStale(xcb_window_t window, quint32 facts)
 void WindowTable::tellPlacement(xcb_window_t window)
 {
     if (m_places.isFollowed(window)) {
-        m_placements.insert(window);
+        m_placements.removeOne(window);
+        m_placements.append(window);
         m_now.start(0);
     }
 }
@@ -381,7 +434,7 @@ void WindowTable::tellNow()
 {
     update();
     const QVector<xcb_window_t> destroyedWindows = std::exchange(m_destroyed, {});
-    const QSet<xcb_window_t> placements = std::exchange(m_placements, {});
+    const QVector<xcb_window_t> placements = std::exchange(m_placements, {});
     for (const xcb_window_t window : destroyedWindows) {
         emit destroyed(window);
     }

@@ -9,6 +9,7 @@
 #include <QRect>
 #include <QSet>
 #include <QTimer>
+#include <functional>
 #include <memory>
 
 class QSocketNotifier;
@@ -37,6 +38,8 @@ public:
     const QVector<xcb_window_t> &zOrder() const { return m_zOrder; }
     /// All windows that the window manager stacks, back first.
     const QVector<xcb_window_t> &stacking() const { return m_stacking; }
+    /// Counts changes of stacking().
+    quint64 stackingCount() const { return m_stackingCount; }
     xcb_window_t activeWindow() const { return m_active; }
     quint32 currentDesktop() const { return m_desktop; }
     bool supports(AtomName name) const;
@@ -60,10 +63,17 @@ public:
     /// The signs of life that programs are asked for; update() takes in their answers.
     WindowPings &pings() { return m_pings; }
 
+    /// Takes in events until @p condition holds, at most @p timeoutMs.
+    void waitUntil(const std::function<bool()> &condition, int timeoutMs);
+    /// The server's time, as its events tell it; XCB_CURRENT_TIME when it does not tell within @p timeoutMs.
+    xcb_timestamp_t serverTime(int timeoutMs);
+
 signals:
     void changed();
     void destroyed(quint32 window);
-    /// Rectangle, state, workspace or listing of a window that clientRect() was asked for.
+    /// Rectangle, state, workspace or listing of a window that clientRect() was asked for; of an
+    /// embedded one also the order of the windows around it. Windows are told in the order in which
+    /// they changed last.
     void placementChanged(quint32 window);
 
 private:
@@ -75,6 +85,7 @@ private:
     };
 
     void takeIn();
+    void takeInQueued();
     void handle(const xcb_generic_event_t &event);
     void handleProperty(const xcb_property_notify_event_t &event);
     void handleRootProperty(AtomName property);
@@ -104,18 +115,21 @@ private:
     QSet<xcb_window_t> m_dead; ///< ids that were told to be destroyed
     QSet<xcb_window_t> m_staleWindows;
     QSet<xcb_window_t> m_listed;
-    QSet<xcb_window_t> m_placements;
+    QVector<xcb_window_t> m_placements; ///< to be told, in the order of their last changes
     QVector<xcb_window_t> m_destroyed;
     QVector<xcb_window_t> m_clients;
     QVector<xcb_window_t> m_stacking;
     QVector<xcb_window_t> m_zOrder;
     QVector<quint32> m_supported;
     xcb_window_t m_active = XCB_NONE;
+    xcb_window_t m_clock = XCB_NONE;           ///< a window of ours whose changes tell the time
+    xcb_timestamp_t m_time = XCB_CURRENT_TIME; ///< of its last change
     quint32 m_desktop = 0;
     bool m_listStale = true;
     bool m_activeStale = true;
     bool m_supportedStale = true;
     quint64 m_changeCount = 0;
+    quint64 m_stackingCount = 0;
     quint64 m_toldCount = 0;
 };
 

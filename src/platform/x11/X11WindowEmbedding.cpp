@@ -36,10 +36,12 @@ struct X11WindowEmbedding::Note
     WindowHandle target = kNoWindow;
     QRect rect;             ///< inside the target, as it was asked for
     QRect placed;           ///< device pixels of the desktop: asked of the window manager, or its own
+    QPoint targetPlace;     ///< device pixels: where the target stood for that
     bool awaiting = false;  ///< whether the window manager may still be answering
     bool isListed = false;  ///< whether the window was listed when it was last looked at
     bool retried = false;   ///< whether the present place was asked for a second time
     bool hasTarget = false; ///< whether the target was among the listed windows when last looked at
+    bool heldBack = false;  ///< not to be seen yet: other windows stand before the target
 };
 
 X11WindowEmbedding::X11WindowEmbedding(X11WindowSystem &windows)
@@ -90,6 +92,7 @@ void X11WindowEmbedding::setParent(WindowHandle window, WindowHandle target)
     note->hasTarget = m_windows.isVisible(target);
     note->own.setTransientParent(target);
     note->placed = note->own.geometry();
+    note->targetPlace = targetRect(*note).topLeft();
     note->rect = insideTarget(*note);
     keepWorkspace(*note);
     clip(*note);
@@ -160,6 +163,10 @@ void X11WindowEmbedding::prepareForMap(Note &note)
     if (const WindowFacts *facts = m_windows.table().facts(target)) {
         note.own.writeHints(m_windows.table().connection(), {note.target, facts->desktop});
     }
+    // A window manager may put a new window above all others, and would let it flash up there.
+    const QVector<xcb_window_t> &order = m_windows.table().zOrder();
+    note.heldBack = !order.isEmpty() && order.first() != target;
+    clip(note);
 }
 
 void X11WindowEmbedding::handBackKeyboard(Note &note)
@@ -181,9 +188,12 @@ void X11WindowEmbedding::arrange(Note &note)
     }
     // A minimised window that is given a place comes back to the screen, and takes its target along.
     const bool minimized = m_windows.isMinimized(note.target) || m_windows.isMinimized(note.own.handle());
-    if (!minimized && onDesktop(note) != note.placed) {
-        note.retried = false;
-        place(note);
+    if (!minimized) {
+        note.targetPlace = targetRect(note).topLeft();
+        if (onDesktop(note) != note.placed) {
+            note.retried = false;
+            place(note);
+        }
     }
     clip(note);
 }
@@ -207,7 +217,7 @@ QRect X11WindowEmbedding::onDesktop(const Note &note) const
 
 QRect X11WindowEmbedding::insideTarget(const Note &note) const
 {
-    return x11::scaled(note.placed.translated(-targetRect(note).topLeft()), 1.0 / note.own.scale());
+    return x11::scaled(note.placed.translated(-note.targetPlace), 1.0 / note.own.scale());
 }
 
 void X11WindowEmbedding::clip(Note &note)
@@ -221,7 +231,7 @@ void X11WindowEmbedding::clip(Note &note)
 
 bool X11WindowEmbedding::targetIsSeen(const Note &note) const
 {
-    if (!m_windows.isVisible(note.target)) {
+    if (note.heldBack || !m_windows.isVisible(note.target)) {
         return false;
     }
     // A window manager that minimises the note along needs no help, and brings it back whole.
@@ -286,11 +296,14 @@ void X11WindowEmbedding::takeOwnPlacement(Note &note)
         note.isListed = true;
         note.awaiting = true;
         m_acceptance->start();
+        m_windows.bringWindowToTop(window);
     }
+    note.heldBack = note.heldBack && !m_windows.standsAboveTarget(window);
     if (note.awaiting || rect == note.placed) {
         clip(note);
         return;
     }
+    // A target that has moved since then is told next, and takes the note along from here.
     note.placed = rect;
     note.rect = insideTarget(note);
     clip(note);
@@ -314,6 +327,7 @@ void X11WindowEmbedding::accept()
             continue;
         }
         note->awaiting = false;
+        note->heldBack = false;
         note->placed = rect;
         clip(*note);
     }

@@ -6,7 +6,6 @@
 #include "platform/x11/window_icon.h"
 #include "platform/x11/window_text.h"
 
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QScreen>
 #include <unistd.h>
@@ -127,16 +126,11 @@ bool X11WindowSystem::responds(WindowHandle window, int timeoutMs) const
     // One that still owes an answer was waited for already.
     const bool owesAnswer = !m_table->pings().heardFrom(idOf(window));
     m_table->pings().ping(idOf(window));
-    QElapsedTimer clock;
-    clock.start();
-    while (!owesAnswer && !m_table->pings().heardFrom(idOf(window)) && !clock.hasExpired(timeoutMs)) {
-        const int left = qMax(0, timeoutMs - static_cast<int>(clock.elapsed()));
-        if (!m_table->connection().waitForInput(left) || !m_table->connection().isAlive()) {
-            break;
-        }
-        m_table->update();
+    const auto isHeardFrom = [&] { return m_table->pings().heardFrom(idOf(window)); };
+    if (!owesAnswer) {
+        m_table->waitUntil(isHeardFrom, timeoutMs);
     }
-    return isWindow(window) && m_table->pings().heardFrom(idOf(window));
+    return isWindow(window) && isHeardFrom();
 }
 
 IconHandle X11WindowSystem::icon(WindowHandle window, IconSize, int) const
@@ -228,24 +222,18 @@ void X11WindowSystem::setForegroundWindow(WindowHandle window)
     if (active == idOf(window) || !m_table->connection().isAlive()) {
         return;
     }
+    // The user may have asked for it by a way that tells no time of its own: a hot key, the tray, a drop.
+    const xcb_timestamp_t now = m_table->serverTime(kActivationMs);
     // Not every window manager goes to another workspace for a window by itself.
     const WindowFacts *facts = m_table->facts(idOf(window));
     if (facts && facts->desktop != m_table->currentDesktop() && facts->desktop != kAllWorkspaces) {
         m_table->connection().tellWindowManager(m_table->connection().root(), AtomName::NetCurrentDesktop,
-                                                {facts->desktop, XCB_CURRENT_TIME, 0, 0, 0});
+                                                {facts->desktop, now, 0, 0, 0});
     }
     m_table->connection().tellWindowManager(idOf(window), AtomName::NetActiveWindow,
-                                            {kUserSource, XCB_CURRENT_TIME, active, 0, 0});
+                                            {kUserSource, now, active, 0, 0});
     // The question that follows is whether it worked.
-    QElapsedTimer clock;
-    clock.start();
-    while (m_table->activeWindow() != idOf(window) && !clock.hasExpired(kActivationMs)) {
-        const int left = qMax(0, kActivationMs - static_cast<int>(clock.elapsed()));
-        if (!m_table->connection().waitForInput(left) || !m_table->connection().isAlive()) {
-            break;
-        }
-        m_table->update();
-    }
+    m_table->waitUntil([&] { return m_table->activeWindow() == idOf(window); }, kActivationMs);
 }
 
 void X11WindowSystem::setFocus(WindowHandle window)
@@ -256,8 +244,9 @@ void X11WindowSystem::setFocus(WindowHandle window)
     }
 }
 
-bool X11WindowSystem::standsAboveTarget(WindowHandle window, WindowHandle target) const
+bool X11WindowSystem::standsAboveTarget(WindowHandle window) const
 {
+    const xcb_window_t target = m_table->targetOf(idOf(window));
     const QVector<xcb_window_t> &stacking = m_table->stacking();
     qsizetype place = stacking.indexOf(idOf(window)) - 1;
     // Notes of the same target may lie between.
@@ -270,14 +259,47 @@ bool X11WindowSystem::standsAboveTarget(WindowHandle window, WindowHandle target
 void X11WindowSystem::bringWindowToTop(WindowHandle window)
 {
     m_table->update();
-    const WindowHandle target = parentOf(window);
-    // A window that was just shown may not be in the list yet; it arrives above its target.
-    if (target == kNoWindow || !isVisible(window) || standsAboveTarget(window, target)) {
+    const xcb_window_t target = m_table->targetOf(idOf(window));
+    // A window that was just shown may not be in the list yet; the embedding puts it right then.
+    if (target == XCB_NONE || !isVisible(window) || standsAboveTarget(window)) {
         return;
     }
+    // A window manager that did not listen once will not do so a moment later.
+    const std::pair attempt(idOf(window), m_table->stackingCount());
+    if (std::exchange(m_lastRestack, attempt) == attempt) {
+        return;
+    }
+    const QVector<xcb_window_t> stacking = m_table->stacking();
+    const qsizetype targetPlace = stacking.indexOf(target);
+    if (targetPlace < 0) {
+        return;
+    }
+    // Some window managers put a window above all others whatever it is to stand above. Those that
+    // were before the target come there again, one by one.
+    xcb_window_t below = target;
+    restack(idOf(window), std::exchange(below, idOf(window)));
+    for (qsizetype place = targetPlace + 1; place < stacking.size(); ++place) {
+        if (standsBefore(stacking[place], target)) {
+            restack(stacking[place], std::exchange(below, stacking[place]));
+        }
+    }
+}
+
+/// Whether a window that is stacked above another may cover it.
+bool X11WindowSystem::standsBefore(quint32 window, quint32 other) const
+{
+    const WindowFacts *facts = m_table->knownFacts(window);
+    const WindowFacts *otherFacts = m_table->knownFacts(other);
+    return facts && otherFacts && !m_table->isEmbedded(window) && !facts->shown.minimized &&
+           (facts->desktop == otherFacts->desktop || facts->desktop == kAllWorkspaces ||
+            otherFacts->desktop == kAllWorkspaces);
+}
+
+void X11WindowSystem::restack(quint32 window, quint32 sibling)
+{
     m_table->connection().tellWindowManager(
-        idOf(window), AtomName::NetRestackWindow,
-        {kUserSource, idOf(target), static_cast<quint32>(XCB_STACK_MODE_ABOVE), 0, 0});
+        window, AtomName::NetRestackWindow,
+        {kUserSource, sibling, static_cast<quint32>(XCB_STACK_MODE_ABOVE), 0, 0});
 }
 
 void X11WindowSystem::setTopMost(WindowHandle window, bool on)

@@ -68,11 +68,16 @@ public:
     quint64 roundTrips() const;
     /// The table behind the answers, for the other parts of this backend.
     x11::WindowTable &table() const { return *m_table; }
+    /// Whether a note is where it belongs: above its target with nothing but notes between.
+    bool standsAboveTarget(WindowHandle window) const;
 
 private:
-    bool standsAboveTarget(WindowHandle window, WindowHandle target) const;
+    bool standsBefore(quint32 window, quint32 other) const;
+    void restack(quint32 window, quint32 sibling);
 
     std::unique_ptr<x11::WindowTable> m_table;
+    /// The note that was last restacked, and WindowTable::stackingCount() at that time.
+    std::pair<quint32, quint64> m_lastRestack;
 };
 
 } // namespace norvane

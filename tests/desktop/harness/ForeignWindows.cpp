@@ -5,7 +5,6 @@
 #include <cstring>
 #include <memory>
 #include <unistd.h>
-#include <xcb/shape.h>
 
 namespace norvane::test {
 
@@ -127,19 +126,6 @@ QVector<quint32> ForeignWindows::numbers(xcb_window_t window, const char *proper
         return {};
     const auto *values = static_cast<const quint32 *>(xcb_get_property_value(reply.get()));
     return QVector<quint32>(values, values + xcb_get_property_value_length(reply.get()) / 4);
-}
-
-QVector<QRect> ForeignWindows::shape(xcb_window_t window) const
-{
-    const auto reply = owned(xcb_shape_get_rectangles_reply(
-        m_connection, xcb_shape_get_rectangles(m_connection, window, XCB_SHAPE_SK_BOUNDING), nullptr));
-    QVector<QRect> rects;
-    if (!reply)
-        return rects;
-    const xcb_rectangle_t *rectangles = xcb_shape_get_rectangles_rectangles(reply.get());
-    for (int i = 0; i < xcb_shape_get_rectangles_rectangles_length(reply.get()); ++i)
-        rects.append(QRect(rectangles[i].x, rectangles[i].y, rectangles[i].width, rectangles[i].height));
-    return rects;
 }
 
 void ForeignWindows::answerPings(xcb_window_t window)

@@ -42,8 +42,6 @@ public:
     void setNumbers(xcb_window_t window, const char *property, const char *type,
                     const QVector<quint32> &numbers);
     QVector<quint32> numbers(xcb_window_t window, const char *property) const;
-    /// Rectangles of a window's bounding shape, in its own coordinates.
-    QVector<QRect> shape(xcb_window_t window) const;
 
     /// Answers the pings to a window, as a program that works does; until the process is killed.
     [[noreturn]] void answerPings(xcb_window_t window);

@@ -81,7 +81,7 @@ QString RunningNorvane::errorOutput() const
 xcb_window_t RunningNorvane::noteOn(xcb_window_t target) const
 {
     const xcb_window_t note = hiddenNoteOn(target);
-    return note != 0 && m_desktop.x().isViewable(note) ? note : 0;
+    return note != 0 && m_desktop.x().isSeen(note) ? note : 0;
 }
 
 xcb_window_t RunningNorvane::hiddenNoteOn(xcb_window_t target) const

@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <cstdlib>
+#include <xcb/shape.h>
 #include <xcb/xcb_keysyms.h>
 #include <xcb/xtest.h>
 
@@ -256,6 +257,28 @@ bool XClient::isViewable(xcb_window_t window) const
     const Owned<xcb_get_window_attributes_reply_t> reply(
         xcb_get_window_attributes_reply(m_x->c, xcb_get_window_attributes(m_x->c, window), nullptr));
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+QVector<QRect> XClient::shape(xcb_window_t window) const
+{
+    const Owned<xcb_shape_get_rectangles_reply_t> reply(xcb_shape_get_rectangles_reply(
+        m_x->c, xcb_shape_get_rectangles(m_x->c, window, XCB_SHAPE_SK_BOUNDING), nullptr));
+    QVector<QRect> rects;
+    if (!reply)
+        return rects;
+    const xcb_rectangle_t *rectangles = xcb_shape_get_rectangles_rectangles(reply.get());
+    for (int i = 0; i < xcb_shape_get_rectangles_rectangles_length(reply.get()); ++i)
+        rects.append(QRect(rectangles[i].x, rectangles[i].y, rectangles[i].width, rectangles[i].height));
+    return rects;
+}
+
+bool XClient::isSeen(xcb_window_t window) const
+{
+    if (!isViewable(window))
+        return false;
+    const QRect whole({}, geometry(window).size());
+    const QVector<QRect> parts = shape(window);
+    return std::any_of(parts.begin(), parts.end(), [&](const QRect &part) { return part.intersects(whole); });
 }
 
 bool XClient::exists(xcb_window_t window) const

@@ -48,6 +48,11 @@ public:
     /// The same without the shadow that a program draws around its own window.
     QRect geometryInShadow(xcb_window_t window) const;
     bool isViewable(xcb_window_t window) const;
+    /// Rectangles of a window's bounding shape, in its own coordinates.
+    QVector<QRect> shape(xcb_window_t window) const;
+    /// Whether a window is on the screen and its shape lets anything of it be seen and clicked, where no
+    /// other window covers it.
+    bool isSeen(xcb_window_t window) const;
     bool exists(xcb_window_t window) const;
     int desktopOf(xcb_window_t window) const;
 

@@ -87,7 +87,7 @@ protected:
     bool isSeen(const QRect &clip)
     {
         const QRect whole = device(QRect(QPoint(0, 0), kPlace.size()));
-        const QVector<QRect> shape = foreign.shape(note.id());
+        const QVector<QRect> shape = x.shape(note.id());
         const QRect seen = shape.size() == 1 ? shape.first().intersected(whole) : QRect();
         return seen == device(clip) || (seen.isEmpty() && clip.isEmpty());
     }
@@ -201,6 +201,22 @@ TEST_F(WindowEmbeddingTest, IsMovedByTheWindowManagerInADrag)
         << x.geometry(target).left();
 }
 
+TEST_F(WindowEmbeddingTest, IsMovedRightBeforeItsTarget)
+{
+    embed();
+    QSignalSpy moved(&embedding, &WindowEmbedding::moved);
+    EXPECT_FALSE(waitFor([&] { return moved.count() > 0; }, 600));
+    const QRect place = kPlace.translated(60, 50);
+    // Both are told at once, by two connections: the first has to be through.
+    x.moveResize(note.id(), device(place).translated(x.geometry(target).topLeft()));
+    ASSERT_TRUE(x.exists(note.id()));
+    foreign.configure(target, QRect(300, 200, 500, 400));
+    ASSERT_TRUE(waitFor([&] { return x.geometry(target).left() == 301; }));
+    EXPECT_TRUE(waitFor([&] { return stands(place); }));
+    EXPECT_EQ(embedding.windowRect(note.handle()), place);
+    EXPECT_EQ(moved.count(), 1);
+}
+
 TEST_F(WindowEmbeddingTest, IsClippedToItsTarget)
 {
     embed();
@@ -309,6 +325,23 @@ TEST_F(WindowEmbeddingTest, KeepsItsPlaceInTheStack)
     windows.bringWindowToTop(note.handle());
     windows.bringWindowToTop(second.handle());
     EXPECT_FALSE(waitFor([&] { return x.stacking() != before; }, 300));
+}
+
+TEST_F(WindowEmbeddingTest, ComesUpBehindTheWindowsBeforeItsTarget)
+{
+    const xcb_window_t middle = open(u"middle"_qs, QRect(220, 180, 300, 300));
+    const xcb_window_t front = open(u"front"_qs, QRect(250, 200, 300, 300));
+    const auto isInOrder = [&] {
+        return standsDirectlyAbove() && x.stacking().last(2) == QVector<quint32>{middle, front};
+    };
+    embed();
+    EXPECT_TRUE(waitFor([&] { return isInOrder() && isSeen(QRect(QPoint(0, 0), kPlace.size())); }));
+    EXPECT_EQ(x.activeWindow(), front);
+
+    note.hide();
+    EXPECT_TRUE(waitFor([&] { return !windows.isVisible(note.handle()); }));
+    embed();
+    EXPECT_TRUE(waitFor([&] { return isInOrder() && x.activeWindow() == front; }));
 }
 
 TEST_F(WindowEmbeddingTest, SurvivesItsTarget)

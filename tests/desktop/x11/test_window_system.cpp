@@ -20,6 +20,46 @@ namespace {
 
 constexpr int kLongMs = 15000;
 
+/// What the window manager is asked for.
+class Messages
+{
+public:
+    explicit Messages(const QString &display)
+        : m_connection(xcb_connect(display.toLatin1().constData(), nullptr))
+    {
+        const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+        xcb_change_window_attributes(m_connection, root, XCB_CW_EVENT_MASK, &mask);
+        sync();
+    }
+    ~Messages() { xcb_disconnect(m_connection); }
+    Q_DISABLE_COPY_MOVE(Messages)
+
+    /// Source and time of the first message about a window.
+    std::pair<quint32, xcb_timestamp_t> activationOf(xcb_window_t window) const
+    {
+        sync();
+        std::pair<quint32, xcb_timestamp_t> told;
+        while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection)) {
+            const auto &message = *reinterpret_cast<xcb_client_message_event_t *>(event);
+            if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE && message.window == window &&
+                told.first == 0)
+                told = {message.data.data32[0], message.data.data32[1]};
+            std::free(event);
+        }
+        return told;
+    }
+
+private:
+    /// What happened before is in the queue.
+    void sync() const
+    {
+        std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    }
+
+    xcb_connection_t *m_connection;
+};
+
 class WindowSystemTest : public testing::Test
 {
 protected:
@@ -241,8 +281,12 @@ TEST_F(WindowSystemTest, TheFrontWindowComesFirst)
     const xcb_window_t two = open({.title = u"two"_qs});
     EXPECT_TRUE(waitFor([&] { return windows.foregroundWindow() == two; }));
     EXPECT_EQ(windows.topLevelWindows(), (QVector<WindowHandle>{two, one}));
+    const Messages messages(desktop->display());
     windows.setForegroundWindow(one);
     EXPECT_EQ(windows.foregroundWindow(), one) << "known without another turn of the event loop";
+    const auto [source, time] = messages.activationOf(one);
+    EXPECT_EQ(source, 2u) << "as the user's own wish";
+    EXPECT_NE(time, xcb_timestamp_t(XCB_CURRENT_TIME));
     EXPECT_EQ(windows.topLevelWindows(), (QVector<WindowHandle>{one, two}));
     // No note has the keyboard: nothing to hand over.
     windows.setFocus(two);
@@ -334,6 +378,18 @@ TEST_F(WindowSystemTest, TitleStormIsToldAFewTimesAndEndsRight)
     EXPECT_LE(changed.count(), static_cast<int>(seconds * 10) + 4);
     EXPECT_GE(changed.count(), 1);
     EXPECT_LE(windows.roundTrips() - trips, static_cast<quint64>(seconds * 10) + 8);
+}
+
+TEST_F(WindowSystemTest, AChangeThatCameAlongWithAReplyIsTold)
+{
+    const xcb_window_t window = open({.title = u"before"_qs});
+    settle();
+    QSignalSpy changed(&windows, &WindowSystem::changed);
+    foreign.setTitle(window, u"after"_qs);
+    // The reply comes behind the event and is read with it, so that nothing is left to wake the program.
+    EXPECT_TRUE(windows.children(window).isEmpty());
+    EXPECT_TRUE(changed.wait(kLongMs));
+    EXPECT_EQ(windows.caption(window), u"after"_qs);
 }
 
 TEST_F(WindowSystemTest, ManyWindowsAreReadTogether)
