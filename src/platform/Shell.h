@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFuture>
 #include <QString>
 #include <QStringList>
 
@@ -47,6 +48,11 @@ public:
     virtual int run(const QString &program, const QStringList &arguments) = 0;
     /// The names by which run() finds programs, sorted. Reads folders.
     virtual QStringList programNames() const = 0;
+    /// The names in a folder, sorted, folders with a separator behind them; none where it cannot be read.
+    /// Waits for nothing: a folder of another machine may take minutes to tell.
+    /// @param folder     native path
+    /// @param withHidden also those that the desktop does not show
+    virtual QFuture<QStringList> namesIn(const QString &folder, bool withHidden) const = 0;
 
     /// The type of a path or address by its text alone ("Plain text document", "XYZ File", "File",
     /// "Application"; a folder told as such by its text: "File Folder"). Touches no disk. Empty

@@ -45,7 +45,7 @@ public:
     /// Turns the desktop's accessibility switch on. Ask the user before.
     virtual void enableAccessibility() = 0;
     /// Whether another program, a screen reader for one, listens on the accessibility bus to the keys that
-    /// windows get. True, too, while that is not known.
+    /// windows get. False while that is not known.
     virtual bool keysAreListenedTo() const = 0;
 
 signals:

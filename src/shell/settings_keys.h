@@ -74,7 +74,7 @@ inline constexpr Key kTaskListWidth{u"TaskList", u"Width", u"9000"};
 inline constexpr Key kTaskListHeight{u"TaskList", u"Height", u"6000"};
 inline constexpr Key kTaskListView{u"TaskList", u"LastListView", u"3"};
 
-/// The command lines that were started lately, in the keys "Command01", "Command02", …
+/// The command lines that were started lately, in the keys "Command1", "Command2", …
 inline constexpr QStringView kRunSection = u"Run";
 
 /// The stored text, or the key's default.

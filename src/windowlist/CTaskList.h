@@ -62,6 +62,8 @@ public:
     /// Brings the table up to date. When nothing has changed since the last call, it only finds
     /// that out.
     void Refresh();
+    /// Whether the next Refresh() has work even if no window changes until then.
+    bool isUnfinished() const { return m_unfinished; }
 
     /// Drops the rows of windows whose class is not tracked any more; the next Refresh() adds those that are
     /// tracked now.
@@ -116,7 +118,7 @@ private:
     int m_count = 0;
     QHash<WindowHandle, Unanswered> m_unanswered;
     quint64 m_seenChanges = 0;
-    bool m_unfinished = true; ///< the next Refresh() has work whether or not windows change
+    bool m_unfinished = true;
     quint64 m_changeCount = 0;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/Shell.h"
 
 #include <QHash>
+#include <QPromise>
 #include <QStringList>
 
 namespace norvane::fakes {
@@ -21,8 +22,11 @@ public:
     QStringList installed;          ///< programs that run() finds by name
     QStringList ran;                ///< what run() has started, "program|argument|argument"
     QHash<QString, int> runResults; ///< of programs; where one is not in it, kOpened for an installed one
-    bool startsItself = false;      ///< with the session
-    int sessionError = 0;           ///< what changing that raises
+    /// By the path of their folder, with " all" behind it where hidden ones are among them.
+    QHash<QString, QStringList> names;
+    QHash<QString, QFuture<QStringList>> slowNames; ///< of folders that tell when the test does
+    bool startsItself = false;                      ///< with the session
+    int sessionError = 0;                           ///< what changing that raises
     QHash<SpecialFolder, QString> specialFolders;
     QString folder = QStringLiteral("/home/user/.local/share/norvane");
 
@@ -46,6 +50,16 @@ public:
         return result;
     }
     QStringList programNames() const override { return installed; }
+    QFuture<QStringList> namesIn(const QString &of, bool withHidden) const override
+    {
+        if (slowNames.contains(of))
+            return slowNames.value(of);
+        QPromise<QStringList> told;
+        told.start();
+        told.addResult(names.value(withHidden ? of + QStringLiteral(" all") : of));
+        told.finish();
+        return told.future();
+    }
 
     QString typeName(const QString &path) const override
     {

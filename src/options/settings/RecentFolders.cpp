@@ -1,5 +1,6 @@
 #include "options/settings/RecentFolders.h"
 
+#include "shell/numbered_settings.h"
 #include "shell/settings_keys.h"
 
 namespace norvane {
@@ -7,37 +8,24 @@ namespace norvane {
 namespace {
 
 constexpr int kFolders = 5;
-
-QString keyOf(int number)
-{
-    return QStringLiteral("MRU%1").arg(number);
-}
+const QString kName = QStringLiteral("MRU");
 
 } // namespace
 
 QStringList RecentFolders::list() const
 {
-    QStringList folders;
-    for (int number = 1; number <= kFolders; ++number) {
-        const QString folder = m_settings.get(settings::kDatabase.section.toString(), keyOf(number), {});
-        if (!folder.isEmpty())
-            folders.append(folder);
-    }
+    QStringList folders = settings::readNumbered(m_settings, settings::kDatabase.section, kName, kFolders);
+    folders.removeAll({});
     return folders;
 }
 
 void RecentFolders::AddMRU(const QString &Path)
 {
-    const QString section = settings::kDatabase.section.toString();
-    QStringList stored;
-    for (int number = 1; number <= kFolders; ++number) {
-        stored.append(m_settings.get(section, keyOf(number), {}));
-        if (stored.constLast().toUpper() == Path.toUpper())
-            return;
-    }
+    QStringList stored = settings::readNumbered(m_settings, settings::kDatabase.section, kName, kFolders);
+    if (stored.contains(Path, Qt::CaseInsensitive))
+        return;
     stored.prepend(Path);
-    for (int number = 1; number <= kFolders; ++number)
-        m_settings.save(section, keyOf(number), stored.at(number - 1));
+    settings::saveNumbered(m_settings, settings::kDatabase.section, kName, stored.mid(0, kFolders));
 }
 
 } // namespace norvane

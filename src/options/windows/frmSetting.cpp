@@ -2,6 +2,7 @@
 
 #include "browser/editor/note_editors.h"
 #include "controls/named_button.h"
+#include "controls/page_keys.h"
 #include "options/HotKeyModel.h"
 #include "options/settings/OptionsHost.h"
 #include "options/settings/SettingsChange.h"
@@ -97,6 +98,7 @@ void frmSetting::arrange()
     m_tabs->addTab(new AboutPage(m_services.shell, m_services.edit.prompts, m_options.version),
                    tr("About Norvane"));
     m_tabs->addTab(new ProgramsPage(m_options), tr("Programs"));
+    turnPagesByKeys(m_tabs, this);
     showPage(kAbout);
     m_ok->setDefault(true);
     auto *buttons = new QHBoxLayout;

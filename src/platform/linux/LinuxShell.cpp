@@ -11,11 +11,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMimeDatabase>
+#include <QPromise>
 #include <QStandardPaths>
 #include <QUrl>
 #include <algorithm>
 #include <cerrno>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace norvane {
@@ -63,6 +65,17 @@ bool isProgram(const QString &path)
     if (type == applicationTypeName())
         return true;
     return type == fileTypeName() && ::access(QFile::encodeName(path).constData(), X_OK) == 0;
+}
+
+QStringList readNames(const QString &folder, bool withHidden)
+{
+    const QDir::Filters kinds = withHidden ? QDir::Hidden : QDir::Filters();
+    const QDir found(folder);
+    QStringList names = found.entryList(QDir::Files | kinds, QDir::NoSort);
+    for (const QString &name : found.entryList(QDir::Dirs | QDir::NoDotAndDotDot | kinds, QDir::NoSort))
+        names.append(name + u'/');
+    names.sort();
+    return names;
 }
 
 /// A desktop entry that runs a program without arguments.
@@ -156,6 +169,19 @@ QStringList LinuxShell::programNames() const
         names += QDir(folder).entryList(QDir::Files | QDir::Executable, QDir::NoSort);
     names.sort();
     names.removeDuplicates();
+    return names;
+}
+
+QFuture<QStringList> LinuxShell::namesIn(const QString &folder, bool withHidden) const
+{
+    QPromise<QStringList> promise;
+    promise.start();
+    QFuture<QStringList> names = promise.future();
+    // By itself: the program ends without a folder that hangs.
+    std::thread([promise = std::move(promise), folder, withHidden]() mutable {
+        promise.addResult(readNames(folder, withHidden));
+        promise.finish();
+    }).detach();
     return names;
 }
 

@@ -24,6 +24,7 @@ public:
     /// A name is looked for in the folders of PATH; without arguments among the desktop's entries, too.
     int run(const QString &program, const QStringList &arguments) override;
     QStringList programNames() const override;
+    QFuture<QStringList> namesIn(const QString &folder, bool withHidden) const override;
     QString typeName(const QString &path) const override;
     QString typeKey(const QString &path) const override;
     QStringList iconNames(const QString &path) const override;

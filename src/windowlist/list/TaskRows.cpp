@@ -169,8 +169,8 @@ QVariant TaskRows::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return index.column() == kWindow ? row.text : row.location;
-    case Qt::ToolTipRole:
-        return row.location;
+    case Qt::ToolTipRole: // whole, where a view has no room for them
+        return row.text + u'\n' + row.location;
     case kKeyRole:
         return row.key;
     case kSmallIconRole:

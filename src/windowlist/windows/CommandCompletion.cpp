@@ -3,37 +3,18 @@
 #include "platform/Shell.h"
 #include "windowlist/list/command_words.h"
 
-#include <QAbstractItemView>
 #include <QCompleter>
-#include <QDir>
 #include <QLineEdit>
+#include <QListView>
 #include <QStringListModel>
 
 namespace norvane {
-
-namespace {
-
-/// Files and folders of a folder, as they are typed: with what was typed before them, folders with a
-/// separator behind them.
-QStringList pathsIn(const QString &folder, const QString &typed, bool withHidden)
-{
-    const QDir::Filters kinds = withHidden ? QDir::Hidden : QDir::Filters();
-    const QDir found(folder);
-    QStringList paths;
-    for (const QString &name : found.entryList(QDir::Files | kinds, QDir::NoSort))
-        paths.append(typed + name);
-    for (const QString &name : found.entryList(QDir::Dirs | QDir::NoDotAndDotDot | kinds, QDir::NoSort))
-        paths.append(typed + name + u'/');
-    paths.sort();
-    return paths;
-}
-
-} // namespace
 
 CommandCompletion::CommandCompletion(QLineEdit &line, const Shell &shell, QString home)
     : QObject(&line), m_line(line), m_shell(shell), m_home(std::move(home))
 {
     connect(&m_line, &QLineEdit::textEdited, this, &CommandCompletion::follow);
+    connect(&m_names, &QFutureWatcherBase::finished, this, &CommandCompletion::proposePaths);
 }
 
 void CommandCompletion::follow(const QString &text)
@@ -60,18 +41,32 @@ QCompleter *CommandCompletion::newCompleter(const QStringList &proposals)
     completer->setModel(new QStringListModel(proposals, completer));
     completer->setModelSorting(QCompleter::CaseSensitivelySortedModel);
     completer->setCaseSensitivity(Qt::CaseSensitive);
+    // Else every name of a large folder would be measured at each key.
+    qobject_cast<QListView *>(completer->popup())->setUniformItemSizes(true);
     return completer;
 }
 
 /// A folder is read when its name has been typed, and again when one has been somewhere else.
 void CommandCompletion::listFolder(const QString &typedFolder, bool withHidden)
 {
-    const QString wanted = typedFolder + (withHidden ? QStringLiteral(".") : QString());
-    if (wanted == m_listed)
+    if (typedFolder == m_folder && withHidden == m_withHidden)
         return;
-    m_listed = wanted;
-    auto *proposals = qobject_cast<QStringListModel *>(m_paths->model());
-    proposals->setStringList(pathsIn(pathFromHome(typedFolder, m_home), typedFolder, withHidden));
+    m_folder = typedFolder;
+    m_withHidden = withHidden;
+    qobject_cast<QStringListModel *>(m_paths->model())->setStringList({});
+    m_names.setFuture(m_shell.namesIn(pathFromHome(typedFolder, m_home), withHidden));
+}
+
+void CommandCompletion::proposePaths()
+{
+    QStringList paths = m_names.result();
+    for (QString &path : paths)
+        path.prepend(m_folder);
+    qobject_cast<QStringListModel *>(m_paths->model())->setStringList(paths);
+    if (m_line.completer() != m_paths || !m_line.hasFocus())
+        return;
+    m_paths->setCompletionPrefix(m_line.text());
+    m_paths->complete();
 }
 
 } // namespace norvane

@@ -121,16 +121,18 @@ void FTaskMgr::Form_Activate()
     m_toolBar->setRowCommandsEnabled(!isEmpty);
 }
 
-/// The keyboard has gone to a window of the program. Who looks at another program and comes back has not
-/// left the list: the selection stays.
+/// The keyboard has gone to a window of the program. Who looks at another program or into a menu and comes
+/// back has not left the list: the selection stays.
 void FTaskMgr::focusMoved(const QWindow *window)
 {
+    if (window && window->type() == Qt::Popup)
+        return;
     const bool isHere = window && window == windowHandle();
-    if (isHere && (!m_wasActive || !m_comesFromOutside)) {
+    if (isHere && (!m_wasActive || m_wasInAnother)) {
         m_wasActive = true;
         Form_Activate();
     }
-    m_comesFromOutside = !window;
+    m_wasInAnother = window && !isHere;
 }
 
 WindowHandle FTaskMgr::selectedWindow()
@@ -199,20 +201,14 @@ void FTaskMgr::showView(int view)
 void FTaskMgr::setOnTop(bool on)
 {
     m_toolBar->setOnTopCaption(on ? tr("Do not stay on top") : tr("Stay on top"));
-    if (isVisible())
-        m_services.windows.setTopMost(hWnd(), on);
+    m_services.windows.setTopMost(hWnd(), on);
 }
 
 // ---- The window ----
 
 void FTaskMgr::bringUp()
 {
-    if (isMinimized())
-        showNormal();
-    show();
-    raise();
-    activateWindow();
-    m_services.windows.setForegroundWindow(hWnd());
+    bringToFront(m_services.windows);
 }
 
 void FTaskMgr::showEvent(QShowEvent *event)

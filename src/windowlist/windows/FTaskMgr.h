@@ -56,8 +56,8 @@ private:
     QPushButton *m_close; ///< `cmdExit`
     QTimer m_timer{this}; ///< `Timer1`
     int m_lastListView = 0;
-    bool m_comesFromOutside = true;
     bool m_wasActive = false;
+    bool m_wasInAnother = false; ///< the keyboard, in another window of the program
 };
 
 /// Shows the Window List: the one that is loaded, or a new one.

@@ -113,12 +113,7 @@ void MRunDialog::bringUp(const QWidget *owner)
         const QRect room = hasPlace ? owner->frameGeometry() : screen()->availableGeometry();
         move(room.center() - rect().center());
     }
-    if (isMinimized())
-        showNormal();
-    show();
-    raise();
-    activateWindow();
-    m_services.windows.setForegroundWindow(hWnd());
+    bringToFront(m_services.windows);
     m_line->setFocus();
     m_line->lineEdit()->selectAll();
 }

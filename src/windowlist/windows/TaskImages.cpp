@@ -1,5 +1,6 @@
 #include "windowlist/windows/TaskImages.h"
 
+#include "controls/plain_tool_tip.h"
 #include "controls/svg_icon.h"
 #include "platform/WindowSystem.h"
 #include "windowlist/CTaskList.h"
@@ -33,6 +34,8 @@ void TaskImages::setScale(double scale)
 
 QVariant TaskImages::data(const QModelIndex &index, int role) const
 {
+    if (role == Qt::ToolTipRole) // a title is anybody's
+        return plainToolTip(TaskRows::data(index, role).toString());
     if (role != Qt::DecorationRole)
         return TaskRows::data(index, role);
     return index.isValid() && index.column() == kWindow ? QVariant(iconOf(index)) : QVariant();

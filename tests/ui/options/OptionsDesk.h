@@ -1,10 +1,10 @@
 #pragma once
 
 #include "fakes/FakeHotKeys.h"
+#include "fakes/FakeOptionsHost.h"
 #include "fakes/FakeProcesses.h"
 #include "fakes/FakeShellWindows.h"
 #include "options/HotKeyModel.h"
-#include "options/settings/OptionsHost.h"
 #include "options/windows/OptionsServices.h"
 #include "shell/tracked_classes.h"
 #include "store/NoteDatabaseSwitch.h"
@@ -16,20 +16,19 @@
 namespace norvane::tests {
 
 /// What the Options window works with; of the program around it only what it is told.
-class OptionsDesk : public BrowserDesk, private OptionsHost
+class OptionsDesk : public BrowserDesk
 {
 public:
-    static constexpr WindowHandle kHotKeyOwner = 7;
-
     OptionsDesk()
     {
         watch.TrackedClasses = trackedClasses(settings);
         timer.setInterval(watch.WatchInterval);
         timer.setEnabled(true);
-        hotKeys.registerAll(kHotKeyOwner);
+        hotKeys.registerAll(host.hotKeyOwner());
     }
 
     QStringList told; ///< a word for each thing that the program was told
+    fakes::FakeOptionsHost host{told};
     fakes::FakeHotKeys keyboard;
     HotKeyModel hotKeys{keyboard};
     fakes::FakeShellWindows shellWindows;
@@ -45,18 +44,8 @@ public:
                             .databases = databases,
                             .tasks = tasks,
                             .clips = clips,
-                            .host = *this,
+                            .host = host,
                             .version = QVersionNumber(1, 2, 3)};
-
-private:
-    WindowHandle hotKeyOwner() const override { return kHotKeyOwner; }
-    void databaseChanged() override { told.append(u"database"_s); }
-    void Refresh_tbCAT() override { told.append(u"categories"_s); }
-    void setShowCategoryBar(bool shown) override { told.append(shown ? u"bar"_s : u"no bar"_s); }
-    void hotKeysRegistered(const QVector<HotKeyId> &refused) override
-    {
-        told.append(u"keys, %1 refused"_s.arg(refused.size()));
-    }
 };
 
 } // namespace norvane::tests

@@ -72,7 +72,7 @@ TEST_F(OptionsWindow, QuietensTheProgramAsLongAsItIsLoaded)
     keyboard.taken.insert({3, 'L'});
     window->close();
     EXPECT_EQ(keyboard.registered.size(), 5);
-    EXPECT_EQ(keyboard.registered.value({kHotKeyOwner, 6}), (fakes::FakeHotKeys::Combination(3, 'X')));
+    EXPECT_EQ(keyboard.registered.value({host.hotKeyOwner(), 6}), (fakes::FakeHotKeys::Combination(3, 'X')));
     EXPECT_TRUE(timer.isEnabled());
     EXPECT_FALSE(forms.FormIsLoaded(u"frmSetting"_s));
     EXPECT_EQ(told, QStringList(u"keys, 1 refused"_s));
@@ -106,7 +106,7 @@ TEST_F(OptionsWindow, SavesWhatIsChosenOnlyWhenToldTo)
     press(u"Command1"_s);
     EXPECT_EQ(attach->text(), u"Ctrl+Alt+A");
     press(u"Command3"_s);
-    EXPECT_EQ(keyboard.registered.value({kHotKeyOwner, 3}), (fakes::FakeHotKeys::Combination(3, 'N')));
+    EXPECT_EQ(keyboard.registered.value({host.hotKeyOwner(), 3}), (fakes::FakeHotKeys::Combination(3, 'N')));
 }
 
 TEST_F(OptionsWindow, ChangesTheDatabaseAndShowsWhatIsInIt)

@@ -168,6 +168,12 @@ TEST_F(WindowList, SelectsTheFirstRowWhenTheProgramComesBackToIt)
     windows.setCaption(page, u"Weeds"_s);
     refresh();
     EXPECT_EQ(list()->selectedRow(), 2);
+    QMenu *menu = button(u"TB_VIEW"_s)->menu();
+    menu->popup({});
+    ASSERT_TRUE(QTest::qWaitForWindowActive(menu));
+    menu->hide();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    EXPECT_EQ(list()->selectedRow(), 2) << "a menu is no other window";
 
     QWidget other;
     other.show();

@@ -2,12 +2,12 @@
 
 #include "fakes/FakeEventLoop.h"
 #include "fakes/FakeHotKeys.h"
+#include "fakes/FakeOptionsHost.h"
 #include "fakes/FakePrompts.h"
 #include "fakes/FakeShell.h"
 #include "fakes/ManualTimer.h"
 #include "fakes/MemorySettings.h"
 #include "options/HotKeyModel.h"
-#include "options/settings/OptionsHost.h"
 #include "options/settings/SettingsChange.h"
 #include "shell/Forms.h"
 #include "store/NoteDatabaseSwitch.h"
@@ -18,25 +18,6 @@
 #include <QDir>
 
 namespace norvane::test {
-
-/// A program around the Options window that keeps what it was told, a word each.
-class LoggingHost : public OptionsHost
-{
-public:
-    explicit LoggingHost(QStringList &log) : m_log(log) {}
-
-    WindowHandle hotKeyOwner() const override { return 7; }
-    void databaseChanged() override { m_log.append(u"database"_s); }
-    void Refresh_tbCAT() override { m_log.append(u"categories"_s); }
-    void setShowCategoryBar(bool shown) override { m_log.append(shown ? u"bar"_s : u"no bar"_s); }
-    void hotKeysRegistered(const QVector<HotKeyId> &refused) override
-    {
-        m_log.append(u"keys, %1 refused"_s.arg(refused.size()));
-    }
-
-private:
-    QStringList &m_log;
-};
 
 /// An open database with a note, and the folder of a second one.
 class OptionsLogic : public StoreOnDisk
@@ -83,7 +64,7 @@ public:
     FormList forms;
     WatchSettings watch;
     HotKeyModel hotKeys{keyboard};
-    LoggingHost host{log};
+    fakes::FakeOptionsHost host{log};
     NoteDatabaseSwitch databases{
         store, forms, prompts, {[](const QString &) {}, [this] { log.append(u"program ends"_s); }}};
     SettingsChangeParts parts{.database = {.store = store,

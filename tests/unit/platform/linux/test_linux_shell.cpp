@@ -75,6 +75,13 @@ TEST_F(LinuxShellTest, DocumentIsTestedBeforeItIsOpened)
     makeFile(u"system/applications/mimeinfo.cache"_qs, "[MIME Cache]\ntext/plain=edit.desktop;\n");
     EXPECT_EQ(openFile(u"docs/a.html"_qs), Shell::kOpened) << "HTML is text, too";
     EXPECT_TRUE(waitForLog({u"xdg-open docs/a.html"_qs}));
+    const QByteArray noText = QFile::encodeName(path(u"docs/caf"_qs)) + "\xe9.html";
+    ASSERT_EQ(::symlink("a.html", noText.constData()), 0);
+    const QString address = u"file://"_qs + path(u"docs/caf%E9.html"_qs);
+    EXPECT_EQ(open(address), Shell::kOpened) << "a name that is no text";
+    ::unlink(noText.constData());
+    EXPECT_TRUE(waitForLog({u"xdg-open docs/a.html"_qs, u"xdg-open file://docs/caf%E9.html"_qs}));
+    EXPECT_EQ(open(address), Shell::kFileNotFound);
 
     // The user has taken the program away from the type.
     makeFile(u"config/testdesk-mimeapps.list"_qs, "[Removed Associations]\ntext/plain=edit.desktop;\n");
@@ -107,6 +114,18 @@ TEST_F(LinuxShellTest, ProgramsRunByPathByNameAndByTheirEntry)
     EXPECT_EQ(openFile(u"Broken.AppImage"_qs), Shell::kBadExecutable);
     setMode(u"Broken.AppImage"_qs, 0644);
     EXPECT_EQ(openFile(u"Broken.AppImage"_qs), Shell::kAccessDenied);
+}
+
+TEST_F(LinuxShellTest, TellsTheNamesInAFolder)
+{
+    for (const QString &name :
+         {u"docs/plan.ods"_qs, u"docs/b\u00e9.txt"_qs, u"docs/In/x"_qs, u"docs/.old"_qs})
+        makeFile(name, "text");
+    const LinuxShell shell(folders);
+    EXPECT_EQ(shell.namesIn(path(u"docs"_qs), false).result(),
+              QStringList({u"In/"_qs, u"b\u00e9.txt"_qs, u"plan.ods"_qs}));
+    EXPECT_EQ(shell.namesIn(path(u"docs/"_qs), true).result().value(0), u".old"_qs);
+    EXPECT_TRUE(shell.namesIn(path(u"nowhere"_qs), true).result().isEmpty());
 }
 
 TEST_F(LinuxShellTest, ProgramsRunWithArgumentsThatNoShellReads)
