@@ -138,6 +138,11 @@ void Program::tellOf(const RuntimeError &error)
 
 int Program::run(const QStringList &arguments)
 {
+    // The start takes events while the keys are ours already.
+    connect(&m_backends.hotKeys, &HotKeys::pressed, this, [this](WindowHandle window, int id) {
+        if (m_windows.browser() && window == m_windows.browser()->hWnd())
+            hotKeyPressed(id);
+    });
     const StartUp::Result result = StartUp({.state = m_state,
                                             .instanceLock = m_backends.instanceLock,
                                             .settings = m_backends.settings,
@@ -181,6 +186,9 @@ int Program::run(const QStringList &arguments)
     m_firstNotices.tellKeys(m_hotKeys.text(HotKeyId::Attach), m_hotKeys.text(HotKeyId::Main));
     if (isWaylandSession())
         m_firstNotices.tellOnlyX();
+    for (const int id : std::as_const(m_earlyKeys))
+        QMetaObject::invokeMethod(
+            this, [this, id] { hotKeyPressed(id); }, Qt::QueuedConnection);
     const int code = QCoreApplication::exec();
     end(); // when the loop was left by another way than the shut-down
     return code;
@@ -225,17 +233,16 @@ void Program::connectWindows()
         },
         Qt::QueuedConnection); // the menu or button that it comes from is done with it first
     connect(&m_windows, &ShellForms::openPageRequested, this, &Program::openPage);
-    connect(&m_backends.hotKeys, &HotKeys::pressed, this,
-            [this, owner = m_windows.browser()->hWnd()](WindowHandle window, int id) {
-                if (window == owner)
-                    hotKeyPressed(id);
-            });
 }
 
 // ---- Hot keys ----
 
 void Program::hotKeyPressed(int id)
 {
+    if (!m_watching) {
+        m_earlyKeys.append(id);
+        return;
+    }
     const auto action = hotKeyAction(id);
     if (!action || m_shutDown.begun() || m_inHotKey)
         return;

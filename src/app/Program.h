@@ -91,6 +91,7 @@ private:
     AccessibilityOffer m_accessibility;
     std::unique_ptr<Watching> m_watching;
     bool m_inHotKey = false;
+    QVector<int> m_earlyKeys; ///< hot keys that were pressed while the program started
 };
 
 } // namespace norvane

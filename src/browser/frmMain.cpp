@@ -375,12 +375,15 @@ int frmMain::selectedCategory() const
 
 void frmMain::tabClick()
 {
-    const BusyPointer busy;
+    const bool isWaitedFor = isVisible();
+    std::optional<BusyPointer> busy;
+    if (isWaitedFor)
+        busy.emplace();
     m_grid->FilterCategory = m_categoryBar->filter();
     m_grid->FilterCategoryText = u' ' + m_categoryBar->filterName();
     m_services.events.yield();
     const bool hadFocus = m_categoryBar->hasFocus();
-    m_categoryBar->setEnabled(false); // no second click while a long list is read
+    m_categoryBar->setEnabled(!isWaitedFor); // no second click while a long list is read
     Refresh_Grid();
     m_categoryBar->setEnabled(true);
     if (hadFocus) // or the arrow keys would not go beyond the next tab
@@ -465,8 +468,10 @@ void frmMain::sideButton(const QString &name)
 
 void frmMain::restorePlace()
 {
-    m_window->setGeometry(
-        m_services.twips.toPixels(settings::readPlace(m_services.settings, settings::kBrowserPlace)));
+    const QRect place =
+        m_services.twips.toPixels(settings::readPlace(m_services.settings, settings::kBrowserPlace));
+    // A large font may need more than what is kept.
+    m_window->setGeometry({place.topLeft(), place.size().expandedTo(m_window->minimumSizeHint())});
 }
 
 void frmMain::savePlace()

@@ -22,10 +22,23 @@ QString localFile(QUrl url)
         return {};
     url.setHost(QString());
     const QByteArray bytes = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
-    if (!bytes.isValidUtf8())
-        return QString::fromLatin1(url.toEncoded());
     const QString path = QDir::toNativeSeparators(url.toLocalFile());
+    // A location is kept without quotes and without blanks at its ends.
+    if (!bytes.isValidUtf8() || path.contains(u'"') || path.endsWith(u' '))
+        return QString::fromLatin1(url.toEncoded(QUrl::StripTrailingSlash));
     return path.size() > 1 && path.endsWith(QDir::separator()) ? path.chopped(1) : path;
+}
+
+/// An address is as the other program gives it, escapes and all.
+QString droppedText(const QMimeData &data)
+{
+    if (!data.hasUrls() || data.hasFormat(QStringLiteral("text/plain")))
+        return data.text();
+    QStringList addresses;
+    const QList<QUrl> urls = data.urls();
+    for (const QUrl &url : urls)
+        addresses.append(QString::fromLatin1(url.toEncoded()));
+    return addresses.join(u'\n');
 }
 
 } // namespace
@@ -63,7 +76,7 @@ bool DropTarget::eventFilter(QObject *watched, QEvent *event)
     event->accept();
     if (type == QEvent::Drop) {
         const QStringList files = droppedFiles(data);
-        const QString text = files.isEmpty() ? data.text() : QString();
+        const QString text = files.isEmpty() ? droppedText(data) : QString();
         QMetaObject::invokeMethod(
             this, [this, files, text] { emit dropped(files, text); }, Qt::QueuedConnection);
     }

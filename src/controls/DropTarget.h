@@ -33,7 +33,8 @@ private:
 };
 
 /// The files of this machine that a drag brings: native paths without a separator at the end. A file whose
-/// name is no text, as bytes go, stands as its address ("file:///tmp/caf%E9"). Other addresses are left out.
+/// name is no text, as bytes go, or none that a location can be, stands as its address
+/// ("file:///tmp/caf%E9", "file:///tmp/a%22b"). Other addresses are left out.
 QStringList droppedFiles(const QMimeData &data);
 
 } // namespace norvane

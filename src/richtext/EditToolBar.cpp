@@ -161,6 +161,18 @@ void EditToolBar::addCombos()
     });
 }
 
+void EditToolBar::takeKeyboard()
+{
+    QWidget *taker = m_fontName;
+    const QList<QAction *> all = actions();
+    for (auto each = all.begin(); !taker->isVisible() && each != all.end(); ++each) {
+        QWidget *widget = widgetForAction(*each);
+        if (widget->isVisible() && widget->isEnabled() && widget->focusPolicy() != Qt::NoFocus)
+            taker = widget;
+    }
+    taker->setFocus(Qt::TabFocusReason);
+}
+
 void EditToolBar::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape)

@@ -36,6 +36,8 @@ public:
     void showFont(const QString &family, const QString &size);
     QComboBox *fontName() const { return m_fontName; }
     QComboBox *fontSize() const { return m_fontSize; }
+    /// Gives the keyboard to the font's name, or to the first button where the bar has no room for that.
+    void takeKeyboard();
 
 signals:
     /// A button was pressed.

@@ -176,7 +176,7 @@ bool NV_RTFEdit::formatKey(const QKeyEvent &event)
         return true;
     case Qt::Key_Tab:
         if (ToolBar())
-            m_toolBar->fontName()->setFocus(Qt::TabFocusReason);
+            m_toolBar->takeKeyboard();
         return ToolBar();
     default:
         return false;

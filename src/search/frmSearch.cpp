@@ -2,6 +2,7 @@
 
 #include "browser/grid/NoteGrid.h"
 #include "controls/named_button.h"
+#include "controls/page_keys.h"
 #include "platform/Clock.h"
 #include "platform/EventLoop.h"
 #include "platform/FileSystem.h"
@@ -116,6 +117,7 @@ void frmSearch::arrange()
 
 void frmSearch::connectControls()
 {
+    turnPagesByKeys(m_tabs, this);
     connect(m_tabs, &SearchTabs::resetAsked, this, &frmSearch::ResetMinMax);
     connect(m_find, &QPushButton::clicked, this, &frmSearch::Command1_Click);
     connect(m_new, &QPushButton::clicked, this, &frmSearch::Command3_Click);
@@ -252,12 +254,7 @@ void frmSearch::followInBrowser()
 
 void frmSearch::bringUp()
 {
-    if (isMinimized())
-        showNormal();
-    show();
-    raise();
-    activateWindow();
-    m_services.windows.setForegroundWindow(hWnd());
+    bringToFront(m_services.windows);
     m_tabs->editText();
 }
 

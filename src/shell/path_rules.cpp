@@ -47,4 +47,9 @@ QString fileNameFrom(const QString &title, QStringView taken)
     return name;
 }
 
+QString proposedFileName(const QString &title)
+{
+    return fileNameFrom(title, u"/\\:*?\"<>|.");
+}
+
 } // namespace norvane

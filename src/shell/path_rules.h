@@ -25,4 +25,8 @@ QString folderOf(const QString &path);
 /// so that the name and an extension find room in a folder. May be blank all through.
 QString fileNameFrom(const QString &title, QStringView taken);
 
+/// A title as the proposal for a document's name: blanks in place of what paths and names have a use for.
+/// Without dots: the first one tells the kind of a document.
+QString proposedFileName(const QString &title);
+
 } // namespace norvane

@@ -8,6 +8,7 @@
 #include "richtext/NV_RTFEdit.h"
 #include "richtext/commands/document_kind.h"
 #include "shell/internal_error.h"
+#include "shell/path_rules.h"
 #include "sticky/StickyServices.h"
 #include "sticky/frmSticky.h"
 #include "sticky/note_menu.h"
@@ -137,7 +138,7 @@ void NoteCommand::exportDocument()
         frmSticky::tr("Save as"),
         frmSticky::tr("Rich Text Format (*.RTF)|*.rtf|Plain Text (*.TXT)|*.txt|All Files (*.*)|*.*",
                       "kinds of files"),
-        QStringLiteral("RTF"));
+        QStringLiteral("RTF"), proposedFileName(m_note->caption()));
     if (path.isEmpty() || !m_note)
         return;
     const QString extension = documentExtension(path);

@@ -41,10 +41,10 @@ const char kBody[] =
     "\\f0\\fs28\\b Call them back\\b0\\fs20\\par Ask about the \\cf1 second\\cf0  offer, "
     "and \\i when\\i0  they can deliver.\\par{\\pntext\\'b7\\tab}\\pard milk\\par bread\\par}";
 
-class Gallery : private BrowserDesk
+class Gallery : private BrowserDesk, private gallery::Pictures
 {
 public:
-    Gallery(QString pictures, int notes) : m_folder(std::move(pictures))
+    Gallery(QString pictures, int notes) : gallery::Pictures(std::move(pictures))
     {
         watch.IEAvailable = true;
         m_frame = new mdiMain(forms, settings, clock, Twips(96, 96));
@@ -75,7 +75,7 @@ public:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    bool isDone() const { return m_isDone; }
+    using Pictures::isDone;
 
     void browser(const QString &name) { keep(*m_frame, name); }
 
@@ -186,12 +186,7 @@ private:
             " LastUpdate from n join Memos on ID = %3 + i % 5"_s.arg(count)
                 .arg(m_categories.first())
                 .arg(m_firstNote);
-        m_isDone = QProcess::execute(u"sqlite3"_s, {store.DatabaseFile, statement}) == 0 && m_isDone;
-    }
-
-    void keep(QWidget &window, const QString &name)
-    {
-        m_isDone = gallery::keep(window, m_folder + u'/' + name + u".png"_s) && m_isDone;
+        require(QProcess::execute(u"sqlite3"_s, {store.DatabaseFile, statement}) == 0);
     }
 
     /// Takes pictures of the dialog that @p open shows and waits for, and closes it.
@@ -200,7 +195,7 @@ private:
         QTimer::singleShot(0, m_frame, [&] {
             gallery::settle();
             QWidget *dialog = QApplication::activeModalWidget();
-            m_isDone = m_isDone && dialog;
+            require(dialog);
             if (dialog) {
                 shoot(*dialog);
                 dialog->close();
@@ -214,13 +209,12 @@ private:
         QTimer::singleShot(0, m_frame, [&] {
             gallery::settle();
             QWidget *menu = QApplication::activePopupWidget();
-            m_isDone = m_isDone && menu;
+            require(menu);
             if (!menu)
                 return;
             QPixmap picture = m_frame->grab();
             QPainter(&picture).drawPixmap(menu->pos() - m_frame->pos(), menu->grab());
-            const QString file = m_folder + u"/browser-row-menu.png"_s;
-            m_isDone = picture.save(file) && m_isDone;
+            require(picture.save(file(u"browser-row-menu"_s)));
             menu->close();
         });
         vbalGrid *grid = m_browser->grid()->grid();
@@ -271,14 +265,12 @@ private:
         });
     }
 
-    QString m_folder;
     mdiMain *m_frame = nullptr;
     frmMain *m_browser = nullptr;
     fakes::FakeTrayHost m_host{TrayHost::Kind::Clicks};
     fakes::FakeNotifier m_notifier;
     QVector<int> m_categories;
     int m_firstNote = 0;
-    bool m_isDone = true;
 };
 
 bool shoot(const QString &folder)

@@ -59,11 +59,18 @@ void settle()
     loop.exec();
 }
 
-bool keep(QWidget &window, const QString &file)
+Pictures::Pictures(QString folder) : m_folder(std::move(folder)) {}
+
+QString Pictures::file(const QString &name) const
+{
+    return m_folder + u'/' + name + QStringLiteral(".png");
+}
+
+void Pictures::keep(QWidget &window, const QString &name)
 {
     settle();
-    std::printf("%s\n", qPrintable(file));
-    return window.grab().save(file);
+    std::printf("%s\n", qPrintable(file(name)));
+    require(window.grab().save(file(name)));
 }
 
 } // namespace norvane::gallery

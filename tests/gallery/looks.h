@@ -18,7 +18,23 @@ int takePictures(int argc, char **argv, const QString &name,
 /// Lets what was started with a window come to its end.
 void settle();
 
-/// Takes a picture of a window that has settled. @return false when it could not be written
-bool keep(QWidget &window, const QString &file);
+/// The pictures of one look, in a folder of their own.
+class Pictures
+{
+public:
+    explicit Pictures(QString folder);
+
+    /// Where the picture of a name goes.
+    QString file(const QString &name) const;
+    /// Takes a picture of a window that has settled.
+    void keep(QWidget &window, const QString &name);
+    /// What had to succeed for the pictures to be right.
+    void require(bool succeeded) { m_isDone = m_isDone && succeeded; }
+    bool isDone() const { return m_isDone; }
+
+private:
+    QString m_folder;
+    bool m_isDone = true;
+};
 
 } // namespace norvane::gallery

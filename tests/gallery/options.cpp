@@ -18,10 +18,10 @@ using namespace norvane::tests;
 
 namespace {
 
-class OptionsPictures : private OptionsDesk
+class OptionsPictures : private OptionsDesk, private gallery::Pictures
 {
 public:
-    explicit OptionsPictures(QString pictures) : m_folder(std::move(pictures))
+    explicit OptionsPictures(QString pictures) : gallery::Pictures(std::move(pictures))
     {
         for (const QString &name : {u"Accounts"_s, u"Books & films"_s, u"Garden"_s, u"Projects"_s, u"Work"_s})
             addCategory(name);
@@ -51,7 +51,7 @@ public:
         window->unload();
         shootImport();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return m_isDone;
+        return isDone();
     }
 
 private:
@@ -107,13 +107,6 @@ private:
         }
         other.store.database()->commitTrans();
     }
-    void keep(QWidget &window, const QString &name)
-    {
-        m_isDone = gallery::keep(window, m_folder + u'/' + name + u".png"_s) && m_isDone;
-    }
-
-    QString m_folder;
-    bool m_isDone = true;
 };
 
 } // namespace

@@ -17,10 +17,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class WindowListPictures : private WindowListDesk
+class WindowListPictures : private WindowListDesk, private gallery::Pictures
 {
 public:
-    explicit WindowListPictures(QString pictures) : m_folder(std::move(pictures))
+    explicit WindowListPictures(QString pictures) : gallery::Pictures(std::move(pictures))
     {
         windows.programSuffixes = {u" - Thunar"_s, u" — Mozilla Firefox"_s};
         openDocument(u"Letter to the landlord about the roof.odt - LibreOffice Writer"_s,
@@ -63,17 +63,8 @@ public:
         run->unload();
         list->unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return m_isDone;
+        return isDone();
     }
-
-private:
-    void keep(QWidget &window, const QString &name)
-    {
-        m_isDone = gallery::keep(window, m_folder + u'/' + name + u".png"_s) && m_isDone;
-    }
-
-    QString m_folder;
-    bool m_isDone = true;
 };
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "browser/dialogs/dialog_parts.h"
 #include "browser/dialogs/frmProperty.h"
 #include "controls/named_button.h"
+#include "controls/page_keys.h"
 #include "controls/svg_icon.h"
 #include "richtext/EditServices.h"
 
@@ -112,6 +113,7 @@ void frmProperty::arrange()
     tabs->addTab(generalPage(), tr("&General"));
     tabs->addTab(optionsPage(), tr("Opt&ions"));
     tabs->addTab(appearancePage(), tr("Appea&rance"));
+    turnPagesByKeys(tabs, this);
 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();

@@ -1,21 +1,17 @@
 #include "browser/editor/TitleStrip.h"
 
+#include "controls/plain_tool_tip.h"
+
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QPainter>
 #include <QStyle>
-#include <QTextDocument>
 #include <QToolButton>
 #include <algorithm>
 #include <cmath>
 
 namespace norvane {
-
-QString plainToolTip(const QString &text)
-{
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
-}
 
 /// `lblTitle`.
 class TitleLabel : public QLabel

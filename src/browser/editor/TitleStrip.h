@@ -9,9 +9,6 @@ namespace norvane {
 
 class TitleLabel;
 
-/// A tool tip that shows a text as it is written, even if it looks like markup.
-QString plainToolTip(const QString &text);
-
 /// The strip `Label1` at the top of a note's window: the title `lblTitle`, and small buttons behind it.
 ///
 /// A title is shown as it is written, in one line, and shortened at its end when there is no room.

@@ -2,6 +2,7 @@
 
 #include "browser/editor/TitleStrip.h"
 #include "browser/editor/editor_icons.h"
+#include "controls/plain_tool_tip.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Prompts.h"
@@ -50,6 +51,7 @@ frmEditor::frmEditor(const BrowserServices &services, NoteRescue &rescue, Kind k
     status->setObjectName(QStringLiteral("ST1"));
     status->setSizeGripEnabled(false);
     status->addWidget(m_location, 1);
+    m_location->setContentsMargins(4, 0, 4, 0);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -136,8 +138,8 @@ void frmEditor::load(int ID, const QString &title, const QString &location)
     const auto row = openNoteRow(store, ID);
     m_title->setTitle(u' ' + title);
     m_title->setTitleToolTip(title.trimmed());
+    setAccessibleDescription(title.trimmed()); // all editors have the same caption
     m_location->setPanelText(tr("Location: ") + location);
-    m_location->setToolTip(plainToolTip(m_location->panelText()));
     m_id = ID;
     m_bodyFile = store.bodyFile(ID);
     if (store.files().exists(m_bodyFile))

@@ -9,7 +9,6 @@
 #include "shell/windows/form_icon.h"
 #include "store/NoteStore.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -26,10 +25,10 @@ constexpr QSize kRoomy(640, 420);
 } // namespace
 
 frmOpen::frmOpen(const BrowserServices &services)
-    : m_services(services), m_notes(new NoteGrid(services, this)),
-      m_picked(new RichTextBox(services.edit.files, this)), m_fault(new QLabel(this))
+    : FormWindow(services.forms, QStringLiteral("frmOpen")), m_services(services),
+      m_notes(new NoteGrid(services, this)), m_picked(new RichTextBox(services.edit.files, this)),
+      m_fault(new QLabel(this))
 {
-    setObjectName(QStringLiteral("frmOpen"));
     setWindowTitle(tr("Open Note"));
     SetFormIcon(this);
 
@@ -50,11 +49,6 @@ frmOpen::frmOpen(const BrowserServices &services)
     listNotes();
     enableButtons();
     m_services.forms.add(this);
-}
-
-frmOpen::~frmOpen()
-{
-    m_services.forms.remove(this);
 }
 
 void frmOpen::makeButtons()
@@ -86,17 +80,8 @@ void frmOpen::listNotes()
 
 void frmOpen::bringUp()
 {
-    if (isMinimized())
-        showNormal();
-    show();
-    raise();
-    activateWindow();
+    bringToFront(m_services.windows);
     m_notes->SetFocus();
-}
-
-WindowHandle frmOpen::hWnd() const
-{
-    return static_cast<WindowHandle>(winId());
 }
 
 void frmOpen::setRTFObj(NV_RTFEdit *editor)
@@ -146,21 +131,9 @@ void frmOpen::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
 }
 
-void frmOpen::closeEvent(QCloseEvent *event)
+void frmOpen::unloading()
 {
-    event->accept();
-    unload();
-}
-
-void frmOpen::unload()
-{
-    if (m_unloaded)
-        return;
-    m_unloaded = true;
     m_editor = nullptr;
-    m_services.forms.remove(this);
-    hide();
-    deleteLater();
 }
 
 void ShowOpenNote(const BrowserServices &services, NV_RTFEdit &RTFObj, const QString &caption)

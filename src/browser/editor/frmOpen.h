@@ -1,7 +1,7 @@
 #pragma once
 
 #include "browser/BrowserServices.h"
-#include "shell/Forms.h"
+#include "shell/windows/FormWindow.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -17,14 +17,13 @@ class RichTextBox;
 
 /// The picker of notes: its buttons put the text of the picked note into the editor that asked. Not
 /// modal; it stays until a button or its own close button ends it. Writes nothing to the database.
-class frmOpen : public QWidget, public Form
+class frmOpen : public FormWindow<QWidget>
 {
     Q_OBJECT
 
 public:
     /// Adds itself to the forms and lists all notes. Raises what the engine raises.
     explicit frmOpen(const BrowserServices &services);
-    ~frmOpen() override;
 
     /// The editor that asked; not owned, and it may go at any time.
     void setRTFObj(NV_RTFEdit *editor);
@@ -33,13 +32,8 @@ public:
     /// Brings the window to the front and gives the list the keyboard.
     void bringUp();
 
-    // Form
-    QString formName() const override { return QStringLiteral("frmOpen"); }
-    WindowHandle hWnd() const override;
-    void unload() override;
-
 protected:
-    void closeEvent(QCloseEvent *event) override;
+    void unloading() override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -56,7 +50,6 @@ private:
     QPushButton *m_inset = nullptr;   ///< `Command3`
     QPointer<NV_RTFEdit> m_editor;    ///< `RTFObj`
     bool m_isReadable = true;
-    bool m_unloaded = false;
 };
 
 /// Shows the picker for an editor: the one that is open, or a new one. A fault is shown in a box, and no

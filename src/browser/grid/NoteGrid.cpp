@@ -390,8 +390,12 @@ void NoteGrid::setShowCategoryBar(bool shown)
 void NoteGrid::ResetColumns()
 {
     for (const Column &column : kColumns) {
-        if (column.width)
-            m_grid->setColumnWidth(column.number, numericPrefixInt(column.width->defaultValue.toString()));
+        if (!column.width)
+            continue;
+        const QString width = column.width->defaultValue.toString();
+        m_grid->setColumnWidth(column.number, numericPrefixInt(width));
+        if (SaveColumnWidth && column.number != kColumnCategory) // as in keepWidth()
+            settings::save(m_services.settings, *column.width, width);
     }
 }
 

@@ -17,6 +17,7 @@
 #include "richtext/EditServices.h"
 #include "shell/Forms.h"
 #include "shell/internal_error.h"
+#include "shell/path_rules.h"
 #include "store/NoteStore.h"
 #include "store/note_row.h"
 #include "watcher/NoteViews.h"

@@ -3,7 +3,6 @@
 #include "browser/grid/note_columns.h"
 #include "platform/Shell.h"
 #include "shell/numeric_prefix.h"
-#include "shell/path_rules.h"
 #include "watcher/classify_location.h"
 
 namespace norvane {
@@ -48,11 +47,6 @@ NoteType NoteTypes::operator()(const QString &location)
     if (shown == location && name == QStringLiteral("File Folder"))
         return {name, kIconFolder, {}};
     return {name, -1, shown};
-}
-
-QString proposedFileName(const QString &title)
-{
-    return fileNameFrom(title, u"/\\:*?\"<>|.");
 }
 
 } // namespace norvane

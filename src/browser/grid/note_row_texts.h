@@ -47,7 +47,4 @@ private:
     QHash<QString, QString> m_names; ///< by what the shell goes by
 };
 
-/// A title as the proposal for a file's name: blanks in place of what paths and names have a use for.
-QString proposedFileName(const QString &title);
-
 } // namespace norvane

@@ -1,12 +1,15 @@
 // What the mouse and the keyboard do to a grid.
 
 #include "controls/gridview/vbalGrid.h"
+#include "controls/plain_tool_tip.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyle>
+#include <QToolTip>
 
 namespace norvane {
 
@@ -14,6 +17,7 @@ namespace {
 
 constexpr int kRowsPerNotch = 3;
 constexpr int kNotch = 120; // a wheel's unit
+constexpr int kLongestTip = 500;
 
 GridSelect selectBy(Qt::KeyboardModifiers modifiers, GridSelect withControl)
 {
@@ -93,6 +97,25 @@ void vbalGrid::contextMenuEvent(QContextMenuEvent *event)
         }
     }
     emit MenuKey(place);
+}
+
+bool vbalGrid::viewportEvent(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QAbstractScrollArea::viewportEvent(event);
+    showTip(static_cast<QHelpEvent *>(event)->pos());
+    return true;
+}
+
+/// Of a cell that is cut off: all that it says.
+void vbalGrid::showTip(QPoint point) const
+{
+    const auto [row, column] = CellFromPoint(point);
+    const QRect cell = row != 0 && column != 0 ? CellBoundary(row, column) : QRect();
+    const QRect shown = cell & viewport()->rect();
+    const bool isCut = !shown.isEmpty() && EvaluateTextWidth(row, column) > shown.width();
+    const QString text = isCut ? CellFormattedText(row, column).left(kLongestTip) : QString();
+    QToolTip::showText(viewport()->mapToGlobal(point), plainToolTip(text), viewport(), shown);
 }
 
 void vbalGrid::wheelEvent(QWheelEvent *event)

@@ -173,6 +173,7 @@ signals:
 
 protected:
     void changed(Change change, int row, int column) override;
+    bool viewportEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -210,6 +211,7 @@ private:
     int pageRow(int from, int step) const;
     void stepTo(int row, Qt::KeyboardModifiers modifiers);
     void searchKey(const QString &text);
+    void showTip(QPoint point) const;
     bool isSearching() const;
 
     // GridAccessible.cpp

@@ -70,7 +70,10 @@ QVariant ImportList::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return text(row(index.row()), index.column());
     case Qt::ToolTipRole:
-        return index.column() <= kURL ? text(row(index.row()), index.column()) : QVariant();
+        // A title of somebody else's may look like markup; this shows it as it is written.
+        return index.column() <= kURL ? QStringLiteral("<span>%1</span>")
+                                            .arg(text(row(index.row()), index.column()).toHtmlEscaped())
+                                      : QVariant();
     case Qt::CheckStateRole:
         if (index.column() != kName)
             return {};

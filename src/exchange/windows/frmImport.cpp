@@ -20,6 +20,7 @@
 #include "watcher/NoteGridView.h"
 #include "watcher/WatchSettings.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -30,6 +31,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -44,6 +46,17 @@ constexpr int kQuickMs = 300;
 
 constexpr int kWidthInCharacters = 160;
 constexpr int kHeightInLines = 30;
+
+/// Rows with some room between their boxes.
+class RoomyRows : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 3);
+    }
+};
 
 /// Keeps its room while it is hidden.
 void hideInPlace(QWidget *widget)
@@ -141,6 +154,7 @@ QGroupBox *frmImport::notesFrame()
     m_view->setObjectName(QStringLiteral("ListView1"));
     m_view->setAccessibleName(tr("Notes of the other database"));
     m_view->setModel(m_notes);
+    m_view->setItemDelegate(new RoomyRows(m_view));
     m_view->setRootIsDecorated(false);
     m_view->setUniformRowHeights(true);
     m_view->setAllColumnsShowFocus(true);
@@ -148,6 +162,7 @@ QGroupBox *frmImport::notesFrame()
     m_view->header()->setSortIndicator(ImportList::kName, Qt::AscendingOrder);
     m_view->header()->setSortIndicatorShown(true);
     m_view->installEventFilter(this);
+    makeSortMenu();
     auto *checks = new QHBoxLayout;
     for (QPushButton *each : {m_selectAll, m_selectNone, m_invert}) {
         each->setAutoDefault(false);
@@ -160,6 +175,29 @@ QGroupBox *frmImport::notesFrame()
     return m_frame;
 }
 
+/// For who has no mouse to click at a heading.
+void frmImport::makeSortMenu()
+{
+    const std::pair<ImportList::Column, QString> columns[] = {
+        {ImportList::kName, tr("Sort by &Name")},
+        {ImportList::kCategory, tr("Sort by &Category")},
+        {ImportList::kURL, tr("Sort by &Address/URL")},
+        {ImportList::kCreated, tr("Sort by &Date Created")},
+        {ImportList::kUpdated, tr("Sort by &Last Update")},
+    };
+    QHeaderView *header = m_view->header();
+    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    for (const auto &[column, text] : columns) {
+        auto *sort = new QAction(text, m_view);
+        connect(sort, &QAction::triggered, header, [header, column = column] {
+            const bool flips = header->sortIndicatorSection() == column &&
+                               header->sortIndicatorOrder() == Qt::AscendingOrder;
+            header->setSortIndicator(column, flips ? Qt::DescendingOrder : Qt::AscendingOrder);
+        });
+        m_view->addAction(sort);
+    }
+}
+
 void frmImport::setColumnWidths()
 {
     QHeaderView *header = m_view->header();
@@ -169,9 +207,9 @@ void frmImport::setColumnWidths()
                          locale.toString(QTime(20, 58), QLocale::ShortFormat);
     const int dateWidth = fontMetrics().horizontalAdvance(date) + 4 * character;
     header->setStretchLastSection(true);
-    // What the dates leave is for the texts.
+    // What the dates leave is for the texts; where that is little, there is a scroll bar.
     const int aroundList = 12 * character;
-    const int left = std::max(width() - aroundList - 2 * dateWidth, 44 * character);
+    const int left = std::max(width() - aroundList - 2 * dateWidth, 70 * character);
     header->resizeSection(ImportList::kName, left * 9 / 20);
     header->resizeSection(ImportList::kCategory, left * 4 / 20);
     header->resizeSection(ImportList::kURL, left * 7 / 20);

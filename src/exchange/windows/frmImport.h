@@ -54,6 +54,7 @@ protected:
 private:
     void arrange();
     QGroupBox *notesFrame();
+    void makeSortMenu();
     void connectControls();
     void setColumnWidths();
     /// "&Import"

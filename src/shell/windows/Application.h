@@ -8,8 +8,11 @@ namespace norvane {
 class RuntimeError;
 
 /// The toolkit's application: every event is delivered inside it. Errors that no routine has handled end up
-/// here, so that none of them goes up through the toolkit; and keys go straight to their window where
-/// nobody else wants them.
+/// here, so that none of them ends the program; and keys go straight to their window where nobody else wants
+/// them.
+///
+/// This is the last resort. The toolkit's windows are built without exceptions: what an error passes on its
+/// way up through them is not cleaned up. A slot in which errors are to be expected tells them itself.
 class Application : public QApplication
 {
     Q_OBJECT

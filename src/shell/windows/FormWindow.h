@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/WindowSystem.h"
 #include "shell/Forms.h"
 
 #include <QCloseEvent>
@@ -37,6 +38,17 @@ protected:
     /// Whether something runs in the window that needs it; that deletes it when it comes to its end.
     virtual bool isHeld() const { return false; }
     bool isUnloaded() const { return m_isUnloaded; }
+
+    /// Shows the window before all others, with the keyboard.
+    void bringToFront(WindowSystem &windows)
+    {
+        if (this->isMinimized())
+            this->showNormal();
+        this->show();
+        this->raise();
+        this->activateWindow();
+        windows.setForegroundWindow(hWnd());
+    }
 
     void closeEvent(QCloseEvent *event) override
     {

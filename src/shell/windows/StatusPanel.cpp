@@ -1,5 +1,7 @@
 #include "shell/windows/StatusPanel.h"
 
+#include "controls/plain_tool_tip.h"
+
 #include <QPainter>
 #include <QStyle>
 #include <cmath>
@@ -15,7 +17,7 @@ void StatusPanel::setPanelText(const QString &text)
 {
     m_text = text;
     setAccessibleName(text.trimmed());
-    setToolTip(text.trimmed());
+    setToolTip(plainToolTip(text.trimmed()));
     updateGeometry();
     update();
 }
@@ -24,7 +26,8 @@ QSize StatusPanel::sizeHint() const
 {
     // The whole pixels of an advance may be less than what drawing and shortening count.
     const int advance = static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(m_text)));
-    return {advance + 1 + 2 * margin(), fontMetrics().height() + 2};
+    const QMargins around = contentsMargins();
+    return {advance + 1 + around.left() + around.right(), fontMetrics().height() + 2};
 }
 
 QSize StatusPanel::minimumSizeHint() const
@@ -35,8 +38,9 @@ QSize StatusPanel::minimumSizeHint() const
 void StatusPanel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const QString shown = fontMetrics().elidedText(m_text, Qt::ElideMiddle, width());
-    style()->drawItemText(&painter, rect(), Qt::AlignVCenter | Qt::AlignLeft, palette(), isEnabled(), shown,
+    const QRect room = contentsRect();
+    const QString shown = fontMetrics().elidedText(m_text, Qt::ElideMiddle, room.width());
+    style()->drawItemText(&painter, room, Qt::AlignVCenter | Qt::AlignLeft, palette(), isEnabled(), shown,
                           foregroundRole());
 }
 

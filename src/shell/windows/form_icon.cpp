@@ -2,6 +2,7 @@
 
 #include "controls/svg_icon.h"
 
+#include <QApplication>
 #include <QWidget>
 #include <algorithm>
 
@@ -40,6 +41,9 @@ bool themeHasAll()
 
 QIcon applicationIcon()
 {
+    // Looked for and drawn once.
+    if (const QIcon icon = QApplication::windowIcon(); !icon.isNull())
+        return icon;
     const QString name = QStringLiteral("norvane");
     if (QIcon::hasThemeIcon(name))
         return QIcon::fromTheme(name);

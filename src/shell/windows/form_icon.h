@@ -6,7 +6,8 @@ class QWidget;
 
 namespace norvane {
 
-/// The application's icon: the desktop theme's, when it has one named "norvane", else our own.
+/// The application's icon: the one that it has been given, else the desktop theme's, when it has one named
+/// "norvane", else our own.
 QIcon applicationIcon();
 
 /// Gives a window the application's icon.

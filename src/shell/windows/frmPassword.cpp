@@ -2,7 +2,7 @@
 
 #include "shell/windows/form_icon.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -133,8 +133,12 @@ bool frmPassword::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_password && event->type() == QEvent::FocusIn) {
         m_password->setToolTip(m_model.toolTip());
-        // After the box has settled where its cursor goes.
-        QMetaObject::invokeMethod(m_password, &QLineEdit::selectAll, Qt::QueuedConnection);
+        // At once: keys that are under way already belong behind the selection. Only a click has to put
+        // the cursor down first.
+        if (static_cast<QFocusEvent *>(event)->reason() == Qt::MouseFocusReason)
+            QMetaObject::invokeMethod(m_password, &QLineEdit::selectAll, Qt::QueuedConnection);
+        else
+            m_password->selectAll();
     }
     return QDialog::eventFilter(watched, event);
 }

@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "shell/window_places.h"
 #include "shell/windows/StatusPanel.h"
+#include "shell/windows/child_list.h"
 #include "shell/windows/form_icon.h"
 #include "shell/windows/frmAbout.h"
 #include "shell/windows/mdi_arrange.h"
@@ -49,7 +50,7 @@ constexpr Command kCommands[] = {
      QT_TRANSLATE_NOOP("norvane::mdiMain", "End Norvane")},
 };
 
-constexpr int kSettlingMs = 1000;
+constexpr int kSettlingMs = 5000; // a busy window manager takes its time
 const QString kExit = QStringLiteral("EXIT");
 
 } // namespace
@@ -148,6 +149,7 @@ void mdiMain::makeMenus()
     add(u"menu_Window_Tile_H", tr("Tile &Horizontally"), Arrange::TileHorizontally);
     add(u"menu_Window_Tile_V", tr("Tile &Vertically"), Arrange::TileVertically);
     add(u"menu_Window_Arrange_Icons", tr("&Arrange Icons"), Arrange::ArrangeIcons);
+    listChildrenIn(window, m_area);
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->setObjectName(QStringLiteral("menu_Help"));

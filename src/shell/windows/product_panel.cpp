@@ -40,7 +40,6 @@ QVBoxLayout *productPanel(const QString &picture, const QString &version)
     name->setFont(large);
     QLabel *number = centred(QStringLiteral("lblVersion"), version);
     number->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    number->setForegroundRole(QPalette::PlaceholderText);
     QLabel *what =
         centred(QStringLiteral("lblText"),
                 text("Notes that stay with the web pages, folders,\ndocuments and programs they belong to."));

@@ -3,8 +3,11 @@
 #include "controls/DropTarget.h"
 #include "ui/drop_on.h"
 
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QSysInfo>
+#include <QTextDocument>
+#include <QToolTip>
 
 namespace norvane {
 namespace {
@@ -162,6 +165,25 @@ TEST_F(GridInput, TellsMouseAndDoubleClick)
     EXPECT_EQ(menu[0][0].toPoint(), QPoint(0, grid.CellBoundary(2, 2).bottom()));
 }
 
+TEST_F(GridInput, TellsAllOfACellThatIsCutOff)
+{
+    const QString title = u"<b>How</b> the invoices of the last three years work"_qs;
+    addRows({title, u"Short"_qs});
+    show();
+    const auto point = [this](int row) {
+        const QPoint at = grid.CellBoundary(row, 2).center();
+        QHelpEvent event(QEvent::ToolTip, at, grid.viewport()->mapToGlobal(at));
+        QApplication::sendEvent(grid.viewport(), &event);
+    };
+    point(1);
+    EXPECT_TRUE(QToolTip::isVisible());
+    QTextDocument shown;
+    shown.setHtml(QToolTip::text());
+    EXPECT_EQ(shown.toPlainText(), title) << "as it is written";
+    point(2);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+}
+
 TEST_F(GridInput, ScrollsPixelByPixel)
 {
     addRows(100);
@@ -263,10 +285,12 @@ TEST_F(GridInput, HandsADropOn)
     };
     drop({QUrl::fromLocalFile(u"/tmp/a b.txt"_qs)}, {});
     drop({QUrl(u"https://example.org/"_qs)}, u"https://example.org/"_qs);
+    drop({QUrl(u"sftp://example.org/a%20b"_qs)}, {});
     EXPECT_EQ(dropped.size(), 0) << "not while the other program waits";
-    ASSERT_TRUE(QTest::qWaitFor([&] { return dropped.size() == 2; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return dropped.size() == 3; }));
     EXPECT_EQ(dropped[0], (QVariantList{QStringList{u"/tmp/a b.txt"_qs}, QString()}));
     EXPECT_EQ(dropped[1], (QVariantList{QStringList(), u"https://example.org/"_qs}));
+    EXPECT_EQ(dropped[2], (QVariantList{QStringList(), u"sftp://example.org/a%20b"_qs}));
 }
 
 TEST_F(GridInput, TellsDroppedFilesByTheirPaths)
@@ -276,6 +300,8 @@ TEST_F(GridInput, TellsDroppedFilesByTheirPaths)
         {"file:///tmp/a%20b%25%23.txt", {u"/tmp/a b%#.txt"_qs}},
         {"file:///tmp/two%0Alines", {u"/tmp/two\nlines"_qs}},
         {"file:///tmp/caf%E9.txt", {u"file:///tmp/caf%E9.txt"_qs}},
+        {"file:///tmp/a%22b/", {u"file:///tmp/a%22b"_qs}},
+        {"file:///tmp/a%20", {u"file:///tmp/a%20"_qs}},
         {"file:///tmp/folder/", {u"/tmp/folder"_qs}},
         {"file:///", {u"/"_qs}},
         {"file://localhost/tmp/a", {u"/tmp/a"_qs}},

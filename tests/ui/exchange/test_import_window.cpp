@@ -1,6 +1,7 @@
 #include "ImportDesk.h"
 #include "shell/windows/StatusPanel.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
@@ -100,6 +101,10 @@ TEST_F(ImportWindow, ListsChecksAndSorts)
     clickHeader(2);
     EXPECT_EQ(rows(2), QStringList({u"+u:1"_s, u"u:2"_s}));
     clickHeader(2);
+    EXPECT_EQ(rows(2), QStringList({u"u:2"_s, u"+u:1"_s}));
+    list()->actions().at(2)->trigger();
+    EXPECT_EQ(rows(2), QStringList({u"+u:1"_s, u"u:2"_s})) << "without a mouse";
+    list()->actions().at(2)->trigger();
     EXPECT_EQ(rows(2), QStringList({u"u:2"_s, u"+u:1"_s}));
 
     press(u"Command4"_s);

@@ -334,6 +334,13 @@ TEST_F(EditCommands, KeysOfTheKeyboard)
     EXPECT_TRUE(edit.findChild<QComboBox *>(u"Combo1"_qs)->hasFocus());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_TRUE(edit.box()->hasFocus());
+
+    edit.resize(100, 200);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !edit.findChild<QComboBox *>(u"Combo1"_qs)->isVisible(); }));
+    QTest::keyClick(edit.box(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_TRUE(edit.findChild<QToolBar *>()->isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(edit.box()->hasFocus());
 }
 
 namespace {

@@ -106,6 +106,10 @@ TEST_F(Search, findsShowsAndStartsAnew)
     EXPECT_EQ(status(), u"2 Item(s) found"_s);
     EXPECT_TRUE(list()->grid()->hasFocus());
     EXPECT_FALSE(part<QWidget>(u"Animation1"_s)->isVisible());
+    QTest::keyClick(list()->grid(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(part<QTabWidget>(u"Frame1"_s)->currentIndex(), 1) << "pages turn from everywhere";
+    QTest::keyClick(list()->grid(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(part<QTabWidget>(u"Frame1"_s)->currentIndex(), 0);
     find(u"cat"_s);
     find(u"CATALOGUES"_s);
     EXPECT_EQ(status(), u"0 Item(s) found"_s);

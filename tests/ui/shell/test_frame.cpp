@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolBar>
@@ -156,6 +157,33 @@ TEST_F(Frame, ArrangesItsVisibleChildren)
     first->move(50, 50);
     choose(u"menu_Window_Arrange_Icons"_s);
     EXPECT_EQ(first->geometry().bottomLeft(), room.bottomLeft());
+}
+
+TEST_F(Frame, ListsItsVisibleChildrenInTheWindowMenu)
+{
+    frame->restore();
+    QVector<QMdiSubWindow *> windows;
+    for (const QString &title : {u"Browser"_s, u"Editor"_s, u"Editor"_s, u"Hidden"_s}) {
+        windows.append(frame->addChild(new QWidget));
+        windows.last()->widget()->setWindowTitle(title);
+        windows.last()->setVisible(title != u"Hidden"_s);
+    }
+    windows[1]->widget()->setAccessibleDescription(u"Salt & pepper"_s);
+    windows[1]->showMinimized();
+    frame->findChild<QMdiArea *>()->setActiveSubWindow(windows[2]);
+    auto *menu = frame->findChild<QMenu *>(u"menu_Window"_s);
+    const qsizetype own = menu->actions().size();
+    const auto listed = [&] {
+        emit menu->aboutToShow();
+        QStringList entries;
+        for (const QAction *entry : menu->actions().mid(own))
+            entries.append(entry->isChecked() ? entry->text() + u'*' : entry->text());
+        return entries.join(u'|');
+    };
+    EXPECT_EQ(listed(), u"|&1 Browser|&2 Editor - Salt && pepper|&3 Editor*"_s);
+    menu->actions().at(own + 2)->trigger();
+    EXPECT_FALSE(windows[1]->isMinimized());
+    EXPECT_EQ(listed(), u"|&1 Browser|&2 Editor - Salt && pepper*|&3 Editor"_s) << "once each";
 }
 
 } // namespace

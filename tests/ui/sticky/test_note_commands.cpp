@@ -139,6 +139,7 @@ TEST_F(NoteCommands, documentsComeAndGoByTheirExtension)
     }
     EXPECT_EQ(prompts.saveRequests.first().title, u"Save as"_qs);
     EXPECT_EQ(prompts.saveRequests.first().extension, u"RTF"_qs);
+    EXPECT_EQ(prompts.saveRequests.first().name, note->caption());
 
     note->resetSaveState();
     writeFile(u"/in/rich.rtf"_qs, "{\\rtf1 \\b rich}");

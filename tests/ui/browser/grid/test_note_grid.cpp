@@ -377,6 +377,7 @@ TEST_F(NoteGridWindow, keepsWidthsExceptTheLastColumns)
     QTest::mouseClick(grid().viewport(), Qt::LeftButton, Qt::ControlModifier | Qt::AltModifier, {50, 50});
     EXPECT_EQ(grid().ColumnWidth(kColumnTitle), 250);
     EXPECT_EQ(grid().ColumnWidth(kColumnCategory), 120);
+    EXPECT_EQ(stored.get(u"NoteBrowser"_qs, width, {}), u"250"_qs) << "and stays so";
 }
 
 TEST_F(NoteGridWindow, searchesInTheSelectedColumn)

@@ -54,14 +54,3 @@ TEST(NoteRowTexts, typesAreAskedForOnce)
     }
     EXPECT_EQ(shell.asked, 5);
 }
-
-TEST(NoteRowTexts, aTitleBecomesANameThatAFileMayHave)
-{
-    EXPECT_EQ(proposedFileName(u"1/2: \"What?\" v1.5"_qs), u"1 2   What   v1 5"_qs);
-    EXPECT_EQ(proposedFileName(u"a\r\nb\tc"_qs), u"a  b c"_qs);
-    const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");
-    const QString many = proposedFileName(smile.repeated(127));
-    EXPECT_LE(many.toUtf8().size(), 251);
-    EXPECT_EQ(many, smile.repeated(60)) << "no half letters";
-    EXPECT_EQ(proposedFileName(QString(255, u'x')).size(), 240);
-}
