@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QTimer>
+#include <utility>
 
 namespace norvane {
 
@@ -166,6 +167,8 @@ void X11WindowEmbedding::prepareForMap(Note &note)
     // A window manager may put a new window above all others, and would let it flash up there.
     const QVector<xcb_window_t> &order = m_windows.table().zOrder();
     note.heldBack = !order.isEmpty() && order.first() != target;
+    // It may have gone and come within one reading of the list.
+    note.isListed = false;
     clip(note);
 }
 
@@ -292,10 +295,12 @@ void X11WindowEmbedding::takeOwnPlacement(Note &note)
     if (rect.isNull()) {
         return;
     }
-    if (!note.isListed) {
-        note.isListed = true;
+    if (!std::exchange(note.isListed, true)) {
         note.awaiting = true;
         m_acceptance->start();
+    }
+    // Not once only: what was listed first may be what was there before the window was hidden.
+    if (note.awaiting) {
         m_windows.bringWindowToTop(window);
     }
     note.heldBack = note.heldBack && !m_windows.standsAboveTarget(window);

@@ -8,6 +8,8 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <algorithm>
+#include <iterator>
 #include <unistd.h>
 
 namespace norvane {
@@ -25,6 +27,8 @@ constexpr quint32 kRemoveState = 0;
 constexpr quint32 kAddState = 1;
 /// How long the window manager gets to bring a window to the front.
 constexpr int kActivationMs = 100;
+/// How long it gets to put windows into another order.
+constexpr int kRestackMs = 300;
 
 xcb_window_t idOf(WindowHandle window)
 {
@@ -246,9 +250,13 @@ void X11WindowSystem::setFocus(WindowHandle window)
 
 bool X11WindowSystem::standsAboveTarget(WindowHandle window) const
 {
-    const xcb_window_t target = m_table->targetOf(idOf(window));
-    const QVector<xcb_window_t> &stacking = m_table->stacking();
-    qsizetype place = stacking.indexOf(idOf(window)) - 1;
+    return isAboveTarget(m_table->stacking(), idOf(window));
+}
+
+bool X11WindowSystem::isAboveTarget(const QVector<quint32> &stacking, quint32 window) const
+{
+    const xcb_window_t target = m_table->targetOf(window);
+    qsizetype place = stacking.indexOf(window) - 1;
     // Notes of the same target may lie between.
     while (place >= 0 && m_table->targetOf(stacking[place]) == target) {
         --place;
@@ -261,7 +269,11 @@ void X11WindowSystem::bringWindowToTop(WindowHandle window)
     m_table->update();
     const xcb_window_t target = m_table->targetOf(idOf(window));
     // A window that was just shown may not be in the list yet; the embedding puts it right then.
-    if (target == XCB_NONE || !isVisible(window) || standsAboveTarget(window)) {
+    if (target == XCB_NONE || !isVisible(window)) {
+        return;
+    }
+    QVector<quint32> stacking = comingStacking();
+    if (!stacking.contains(target) || isAboveTarget(stacking, idOf(window))) {
         return;
     }
     // A window manager that did not listen once will not do so a moment later.
@@ -269,20 +281,36 @@ void X11WindowSystem::bringWindowToTop(WindowHandle window)
     if (std::exchange(m_lastRestack, attempt) == attempt) {
         return;
     }
-    const QVector<xcb_window_t> stacking = m_table->stacking();
-    const qsizetype targetPlace = stacking.indexOf(target);
-    if (targetPlace < 0) {
-        return;
-    }
+    stacking.removeOne(idOf(window));
+    stacking.insert(stacking.indexOf(target) + 1, idOf(window));
     // Some window managers put a window above all others whatever it is to stand above. Those that
     // were before the target come there again, one by one.
     xcb_window_t below = target;
     restack(idOf(window), std::exchange(below, idOf(window)));
-    for (qsizetype place = targetPlace + 1; place < stacking.size(); ++place) {
+    for (qsizetype place = stacking.indexOf(target) + 2; place < stacking.size(); ++place) {
         if (standsBefore(stacking[place], target)) {
             restack(stacking[place], std::exchange(below, stacking[place]));
         }
     }
+    m_coming = stacking;
+    m_comingDeadline.setRemainingTime(kRestackMs);
+}
+
+/// The order of the windows when the window manager has done what it was asked for. Half way there it
+/// shows orders that nobody wants; a note that is put to its target then must not make them last.
+const QVector<quint32> &X11WindowSystem::comingStacking()
+{
+    const QVector<quint32> &present = m_table->stacking();
+    if (m_comingDeadline.hasExpired() || m_coming == present) {
+        m_coming.clear();
+    }
+    if (m_coming.isEmpty()) {
+        return present;
+    }
+    m_coming.removeIf([&](quint32 window) { return !present.contains(window); });
+    std::copy_if(present.begin(), present.end(), std::back_inserter(m_coming),
+                 [&](quint32 window) { return !m_coming.contains(window); });
+    return m_coming;
 }
 
 /// Whether a window that is stacked above another may cover it.

@@ -2,6 +2,8 @@
 
 #include "platform/WindowSystem.h"
 
+#include <QDeadlineTimer>
+#include <QVector>
 #include <memory>
 
 namespace norvane {
@@ -73,11 +75,15 @@ public:
 
 private:
     bool standsBefore(quint32 window, quint32 other) const;
+    bool isAboveTarget(const QVector<quint32> &stacking, quint32 window) const;
+    const QVector<quint32> &comingStacking();
     void restack(quint32 window, quint32 sibling);
 
     std::unique_ptr<x11::WindowTable> m_table;
     /// The note that was last restacked, and WindowTable::stackingCount() at that time.
     std::pair<quint32, quint64> m_lastRestack;
+    QVector<quint32> m_coming;       ///< the order of windows that was asked for last; empty when it is there
+    QDeadlineTimer m_comingDeadline; ///< when it is given up
 };
 
 } // namespace norvane

@@ -4,8 +4,10 @@
 #include "platform/x11/X11WindowSystem.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QThread>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -335,6 +337,19 @@ TEST_F(WindowEmbeddingTest, ComesUpBehindTheWindowsBeforeItsTarget)
         return standsDirectlyAbove() && x.stacking().last(2) == QVector<quint32>{middle, front};
     };
     embed();
+    EXPECT_TRUE(waitFor([&] { return isInOrder() && isSeen(QRect(QPoint(0, 0), kPlace.size())); }));
+    EXPECT_EQ(x.activeWindow(), front);
+
+    // Shown again before it was told that it had gone: its place in the list of windows looks the same.
+    const auto busyWaitFor = [](const std::function<bool()> &condition) {
+        for (QDeadlineTimer deadline(20000); !condition() && !deadline.hasExpired();)
+            QThread::yieldCurrentThread();
+        return condition();
+    };
+    note.hide();
+    EXPECT_TRUE(busyWaitFor([&] { return !windows.isVisible(note.handle()); }));
+    note.show();
+    EXPECT_TRUE(busyWaitFor([&] { return x.isViewable(note.id()) && x.stacking().contains(note.id()); }));
     EXPECT_TRUE(waitFor([&] { return isInOrder() && isSeen(QRect(QPoint(0, 0), kPlace.size())); }));
     EXPECT_EQ(x.activeWindow(), front);
 
