@@ -1,9 +1,9 @@
 #include "richtext/frmFind.h"
 
+#include "controls/GroupBox.h"
 #include "richtext/commands/EditState.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -28,7 +28,7 @@ frmFind::frmFind(FindState &state, QWidget *parent)
     m_cancel->setObjectName(QStringLiteral("Command2"));
     m_cancel->setAutoDefault(false);
 
-    auto *frame = new QGroupBox(tr(" Find "));
+    auto *frame = new GroupBox(tr(" Find "));
     auto *options = new QHBoxLayout;
     options->addWidget(m_matchCase);
     options->addWidget(m_wholeWord);

@@ -1,5 +1,6 @@
 #include "richtext/frmOle.h"
 
+#include "controls/GroupBox.h"
 #include "platform/FileSystem.h"
 #include "platform/Prompts.h"
 #include "platform/RuntimeError.h"
@@ -10,7 +11,6 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -85,7 +85,7 @@ void frmOle::arrange()
 {
     auto *fileCaption = new QLabel(tr("&File:"));
     fileCaption->setBuddy(m_file);
-    auto *frame = new QGroupBox(tr(" Preview "));
+    auto *frame = new GroupBox(tr(" Preview "));
     auto *inFrame = new QVBoxLayout(frame);
     inFrame->addWidget(m_preview, 1);
     inFrame->addWidget(m_description);

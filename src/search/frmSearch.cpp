@@ -1,6 +1,7 @@
 #include "search/frmSearch.h"
 
 #include "browser/grid/NoteGrid.h"
+#include "controls/GroupBox.h"
 #include "controls/named_button.h"
 #include "controls/page_keys.h"
 #include "platform/Clock.h"
@@ -20,7 +21,6 @@
 #include "store/NoteStore.h"
 #include "watcher/NoteGridView.h"
 
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -101,7 +101,7 @@ void frmSearch::arrange()
     top->addWidget(m_tabs, 1);
     top->addLayout(buttons);
 
-    auto *result = new QGroupBox(tr("Result"));
+    auto *result = new GroupBox(tr("Result"));
     result->setObjectName(QStringLiteral("Frame2"));
     auto *inResult = new QVBoxLayout(result);
     inResult->addWidget(m_notes);

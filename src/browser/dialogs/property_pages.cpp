@@ -7,6 +7,7 @@
 #include "browser/dialogs/WholeCharacters.h"
 #include "browser/dialogs/dialog_parts.h"
 #include "browser/dialogs/frmProperty.h"
+#include "controls/GroupBox.h"
 #include "controls/named_button.h"
 #include "controls/page_keys.h"
 #include "controls/svg_icon.h"
@@ -15,7 +16,6 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -191,7 +191,7 @@ QWidget *frmProperty::optionsPage()
 
 QWidget *frmProperty::soundBox()
 {
-    auto *box = new QGroupBox(tr("Sound"));
+    auto *box = new GroupBox(tr("Sound"));
     auto *file = new QHBoxLayout;
     file->addWidget(m_soundFile, 1);
     file->addWidget(m_browseSound);
@@ -219,7 +219,7 @@ QWidget *frmProperty::positionBox()
 {
     const QString captions[] = {tr("Save last position"), tr("Center"),      tr("Top Left"),
                                 tr("Top Right"),          tr("Bottom Left"), tr("Bottom Right")};
-    auto *box = new QGroupBox(tr("Position"));
+    auto *box = new GroupBox(tr("Position"));
     auto *options = new QVBoxLayout;
     int position = 0;
     for (const QString &text : captions) {

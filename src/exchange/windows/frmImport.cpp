@@ -1,6 +1,7 @@
 #include "exchange/windows/frmImport.h"
 
 #include "browser/dialogs/dialog_parts.h"
+#include "controls/GroupBox.h"
 #include "controls/named_button.h"
 #include "exchange/import/ImportList.h"
 #include "exchange/import/NoteImport.h"
@@ -23,7 +24,6 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -72,7 +72,7 @@ void hideInPlace(QWidget *widget)
 frmImport::frmImport(const BrowserServices &services, QWidget *parent)
     : QDialog(parent), m_services(services), m_notes(new ImportList(this)),
       m_database(new StatusPanel(QStringLiteral("lblCurrentDatabase"))), m_view(new QTreeView),
-      m_frame(new QGroupBox(tr("Select Notes to Import"))),
+      m_frame(new GroupBox(tr("Select Notes to Import"))),
       m_selectAll(namedButton(QStringLiteral("Command4"), tr("&Select All"))),
       m_selectNone(namedButton(QStringLiteral("Command3"), tr("&Deselect All"))),
       m_invert(namedButton(QStringLiteral("Command5"), tr("&Invert"))),

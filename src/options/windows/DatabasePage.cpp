@@ -1,6 +1,7 @@
 #include "options/windows/DatabasePage.h"
 
 #include "browser/dialogs/dialog_parts.h"
+#include "controls/GroupBox.h"
 #include "controls/named_button.h"
 #include "exchange/import/start_import.h"
 #include "exchange/windows/frmImport.h"
@@ -23,7 +24,6 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -111,7 +111,7 @@ DatabasePage::DatabasePage(const OptionsServices &services)
 
 QGroupBox *DatabasePage::databaseFrame()
 {
-    auto *frame = new QGroupBox(tr("Create/Open Database"));
+    auto *frame = new GroupBox(tr("Create/Open Database"));
     frame->setObjectName(QStringLiteral("Frame2"));
     QPushButton *browseFolders = browseButton(QStringLiteral("Command2"), tr("Browse"));
     browseFolders->setToolTip(tr("Browse"));
@@ -133,7 +133,7 @@ QGroupBox *DatabasePage::databaseFrame()
 
 QGroupBox *DatabasePage::importFrame()
 {
-    auto *frame = new QGroupBox(tr("Import Notes"));
+    auto *frame = new GroupBox(tr("Import Notes"));
     frame->setObjectName(QStringLiteral("Frame3"));
     QPushButton *browseFolders = browseButton(QStringLiteral("Command6"), tr("Browse for notes to import"));
     browseFolders->setToolTip(tr("Browse"));
@@ -150,7 +150,7 @@ QGroupBox *DatabasePage::importFrame()
 
 QGroupBox *DatabasePage::securityFrame()
 {
-    auto *frame = new QGroupBox(tr("Security"));
+    auto *frame = new GroupBox(tr("Security"));
     frame->setObjectName(QStringLiteral("Frame1"));
     auto *note = new QLabel(tr("The password locks the database with titles, locations and search texts.\n"
                                "The files beside it, which hold the notes themselves, stay unencrypted."));

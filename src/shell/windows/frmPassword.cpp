@@ -1,9 +1,9 @@
 #include "shell/windows/frmPassword.h"
 
+#include "controls/GroupBox.h"
 #include "shell/windows/form_icon.h"
 
 #include <QFocusEvent>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -52,7 +52,7 @@ frmPassword::frmPassword(FormList &forms, PasswordDialogModel &model, QWidget *p
     m_password->setAccessibleName(tr("Password"));
     m_password->setEchoMode(QLineEdit::Password);
     m_password->installEventFilter(this);
-    auto *frame = new QGroupBox(tr("Password"));
+    auto *frame = new GroupBox(tr("Password"));
     frame->setObjectName(QStringLiteral("Frame1"));
     auto *inFrame = new QVBoxLayout(frame);
     inFrame->addWidget(m_password);

@@ -45,6 +45,8 @@ bool VirtualDesktop::start(const Options &options)
     }
     if (!m_environment.contains(QStringLiteral("LC_ALL")))
         m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    // The keys and buttons of the most common desktop; it needs nothing that is not in the toolkit.
+    m_environment.insert(QStringLiteral("QT_QPA_PLATFORMTHEME"), QStringLiteral("gnome"));
     m_environment.insert(QStringLiteral("HOME"), home());
     for (const auto &[name, folder] : paths) {
         QDir().mkpath(home() + folder);
