@@ -66,22 +66,19 @@ template <typename View> bool listsEnd(View pattern)
     return true;
 }
 
-template <typename View> std::size_t findPart(View text, View part, std::size_t from)
+/// The byte of a part that texts have least of.
+std::size_t rarestOf(std::string_view part)
 {
-    return text.find(part, from);
+    static constexpr std::string_view kOften = "\xd0\xd1\xc3 etaoinsrhldcumfpgwybvk";
+    const auto rarest = std::max_element(part.begin(), part.end(),
+                                         [](char a, char b) { return kOften.find(a) < kOften.find(b); });
+    return static_cast<std::size_t>(rarest - part.begin());
 }
 
-/// By the byte of the part that texts have least of, so that few places are looked at twice.
-template <> std::size_t findPart(std::string_view text, std::string_view part, std::size_t from)
+/// Where a part with that rarest byte begins: few places are looked at twice.
+std::size_t findByRarest(std::string_view text, std::string_view part, std::size_t rarest)
 {
-    constexpr std::string_view kOften = "\xd0\xd1\xc3 etaoinsrhldcumfpgwybvk";
-    if (part.size() < 2)
-        return text.find(part, from);
-    const auto rarest = static_cast<std::size_t>(
-        std::max_element(part.begin(), part.end(),
-                         [&kOften](char a, char b) { return kOften.find(a) < kOften.find(b); }) -
-        part.begin());
-    for (std::size_t at = from + rarest; at < text.size(); ++at) {
+    for (std::size_t at = rarest; at < text.size(); ++at) {
         at = text.find(part[rarest], at);
         if (at == std::string_view::npos)
             break;
@@ -101,22 +98,9 @@ template <typename View> View plainText(View pattern)
                                  std::find_if(pattern.begin(), pattern.end(), isWildcard) - pattern.begin()));
 }
 
-/// The text between the stars of "*text*", where it has no wildcards itself; else nothing.
-template <typename View> View starredText(View pattern)
-{
-    if (pattern.size() < 3 || pattern.front() != '*' || pattern.back() != '*')
-        return {};
-    const View inner = pattern.substr(1, pattern.size() - 2);
-    return plainText(inner) == inner ? inner : View();
-}
-
 /// Only the last "*" ever needs another try, so the work is at most text times pattern.
 template <typename View> LikeResult match(View text, View pattern)
 {
-    if (const View inner = starredText(pattern); !inner.empty())
-        return findPart(text, inner, 0) != View::npos ? LikeResult::Yes : LikeResult::No;
-    if (!listsEnd(pattern))
-        return LikeResult::BadPattern;
     constexpr auto kNone = static_cast<std::size_t>(-1);
     std::size_t t = 0;
     std::size_t p = 0;
@@ -125,7 +109,7 @@ template <typename View> LikeResult match(View text, View pattern)
     std::size_t steps = 0;
     View behindStar; // plain text that stands there
     const auto startBehindStar = [&] {
-        retry = findPart(text, behindStar, retry);
+        retry = text.find(behindStar, retry);
         p = star + 1;
         t = retry;
         return retry != View::npos;
@@ -160,17 +144,38 @@ template <typename View> LikeResult match(View text, View pattern)
     return p == pattern.size() ? LikeResult::Yes : LikeResult::No;
 }
 
+std::u32string charactersOf(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toStdU32String();
+}
+
 } // namespace
 
-LikeResult likeMatch(std::string_view text, std::string_view pattern)
+LikePattern::LikePattern(std::string_view pattern)
+    : m_pattern(pattern), m_isAscii(isAsciiText(pattern)), m_isGood(listsEnd(pattern))
 {
     // Bytes do, unless "?" or a list is to take a whole character of several.
-    if (pattern.find_first_of("?[") == std::string_view::npos || (isAsciiText(text) && isAsciiText(pattern)))
-        return match(text, pattern);
-    const std::u32string wideText = QString::fromUtf8(text.data(), qsizetype(text.size())).toStdU32String();
-    const std::u32string widePattern =
-        QString::fromUtf8(pattern.data(), qsizetype(pattern.size())).toStdU32String();
-    return match(std::u32string_view(wideText), std::u32string_view(widePattern));
+    if (pattern.find_first_of("?[") != pattern.npos)
+        m_characters = charactersOf(pattern);
+    if (pattern.size() < 3 || pattern.front() != '*' || pattern.back() != '*')
+        return;
+    const std::string_view inner = pattern.substr(1, pattern.size() - 2);
+    if (plainText(inner) == inner) {
+        m_part = inner;
+        m_rarest = rarestOf(inner);
+    }
+}
+
+LikeResult LikePattern::match(std::string_view text) const
+{
+    if (!m_part.empty())
+        return findByRarest(text, m_part, m_rarest) != text.npos ? LikeResult::Yes : LikeResult::No;
+    if (!m_isGood)
+        return LikeResult::BadPattern;
+    if (m_characters.empty() || (m_isAscii && isAsciiText(text)))
+        return norvane::dao::match(text, std::string_view(m_pattern));
+    const std::u32string characters = charactersOf(text);
+    return norvane::dao::match(std::u32string_view(characters), std::u32string_view(m_characters));
 }
 
 } // namespace norvane::dao

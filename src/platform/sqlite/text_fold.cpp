@@ -31,6 +31,27 @@ std::size_t asciiRun(std::string_view text)
     return size;
 }
 
+/// Folds the ASCII bytes at the front, eight at a time. @return how many there are
+std::size_t foldAsciiRun(std::string_view text, char *folded)
+{
+    constexpr quint64 kEach = 0x0101010101010101;
+    constexpr quint64 kHighBits = 0x80 * kEach;
+    std::size_t size = 0;
+    for (quint64 word = 0; size + sizeof word <= text.size(); size += sizeof word) {
+        std::memcpy(&word, text.data() + size, sizeof word);
+        if ((word & kHighBits) != 0)
+            break;
+        // The high bit of each byte tells whether that is a capital.
+        const quint64 fromA = word + (0x80 - 'A') * kEach;
+        const quint64 behindZ = word + (0x7f - 'Z') * kEach;
+        word |= ((fromA ^ behindZ) & kHighBits) >> 2;
+        std::memcpy(folded + size, &word, sizeof word);
+    }
+    for (; size < text.size() && static_cast<unsigned char>(text[size]) < 0x80; ++size)
+        folded[size] = lowerAscii(text[size]);
+    return size;
+}
+
 /// The character at the front, which is none of ASCII, and its size; kNone where the bytes are no UTF-8.
 char32_t characterAt(std::string_view text, std::size_t &size)
 {
@@ -78,8 +99,10 @@ FoldedText::FoldedText(std::string_view text)
 {
     if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark)
         text.remove_prefix(kByteOrderMark.size());
-    m_bytes.reserve(text.size());
-    if (append(text))
+    m_bytes.resize(text.size());
+    const std::size_t plain = foldAsciiRun(text, m_bytes.data());
+    m_bytes.resize(plain);
+    if (append(text.substr(plain)))
         return;
     const QString wide = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     m_bytes = folded(wide).toStdString();

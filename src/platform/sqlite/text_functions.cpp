@@ -12,6 +12,7 @@
 #include <memory>
 #include <sqlite3.h>
 #include <string_view>
+#include <type_traits>
 
 namespace norvane::dao {
 
@@ -46,31 +47,33 @@ void giveText(sqlite3_context *context, const QString &text)
     giveText(context, Bytes(bytes.constData(), static_cast<std::size_t>(bytes.size())));
 }
 
-/// The folded form of an argument that is the same for all rows is made once a statement.
-class FoldedArgument
+/// What is made of the folded form of an argument, once a statement where that is the same for all rows.
+template <typename Made> class MadeOnce
 {
 public:
-    FoldedArgument(sqlite3_context *context, int index, sqlite3_value *value)
+    MadeOnce(sqlite3_context *context, int index, sqlite3_value *value)
     {
-        m_folded = static_cast<const FoldedText *>(sqlite3_get_auxdata(context, index));
-        if (m_folded)
+        m_made = static_cast<const Made *>(sqlite3_get_auxdata(context, index));
+        if (m_made)
             return;
-        m_own = std::make_unique<FoldedText>(textOf(value));
-        m_folded = m_own.get();
+        if constexpr (std::is_same_v<Made, FoldedText>)
+            m_own = std::make_unique<FoldedText>(textOf(value));
+        else
+            m_own = std::make_unique<Made>(FoldedText(textOf(value)).bytes());
+        m_made = m_own.get();
     }
-    /// Last of all: SQLite may drop the kept form at once.
+    /// Last of all: SQLite may drop what is kept at once.
     void keep(sqlite3_context *context, int index)
     {
         if (m_own)
             sqlite3_set_auxdata(context, index, m_own.release(),
-                                [](void *kept) { delete static_cast<FoldedText *>(kept); });
+                                [](void *kept) { delete static_cast<Made *>(kept); });
     }
-    const FoldedText *operator->() const { return m_folded; }
-    const FoldedText &operator*() const { return *m_folded; }
+    const Made *operator->() const { return m_made; }
 
 private:
-    const FoldedText *m_folded = nullptr;
-    std::unique_ptr<FoldedText> m_own;
+    const Made *m_made = nullptr;
+    std::unique_ptr<Made> m_own;
 };
 
 Bytes withoutTrailingBlanks(Bytes text)
@@ -168,7 +171,7 @@ void inStrFunction(sqlite3_context *context, int, sqlite3_value **arguments)
         sqlite3_result_int(context, 0);
         return;
     }
-    FoldedArgument text(context, 1, arguments[1]);
+    MadeOnce<FoldedText> text(context, 1, arguments[1]);
     const FoldedText part(partBytes);
     sqlite3_int64 position = 0;
     if (text->isAscii() && part.isAscii()) {
@@ -201,9 +204,9 @@ void likeFunction(sqlite3_context *context, int, sqlite3_value **arguments)
 {
     if (isNull(arguments[0]) || isNull(arguments[1]))
         return;
-    FoldedArgument pattern(context, 1, arguments[1]);
+    MadeOnce<LikePattern> pattern(context, 1, arguments[1]);
     const FoldedText text(textOf(arguments[0]));
-    const LikeResult result = likeMatch(text.bytes(), pattern->bytes());
+    const LikeResult result = pattern->match(text.bytes());
     if (result == LikeResult::BadPattern)
         sqlite3_result_error(context, "invalid pattern", -1);
     else if (result == LikeResult::TooMuchWork)
@@ -218,8 +221,9 @@ void formatFunction(sqlite3_context *context, int, sqlite3_value **arguments)
 {
     if (isNull(arguments[0]) || isNull(arguments[1]))
         return;
-    const QString format = wide(textOf(arguments[1]));
+    const Bytes formatBytes = textOf(arguments[1]);
     if (sqlite3_value_type(arguments[0]) == SQLITE_INTEGER) {
+        const QString format = wide(formatBytes);
         if (format.isEmpty() || format.count(u'0') != format.size())
             sqlite3_result_error(context, "unknown number format", -1);
         else {
@@ -235,11 +239,11 @@ void formatFunction(sqlite3_context *context, int, sqlite3_value **arguments)
         sqlite3_result_error(context, "not a date", -1);
         return;
     }
-    if (format.compare(u"yyyy-mm-dd", Qt::CaseInsensitive) == 0) {
+    if (FoldedText(formatBytes).bytes() == "yyyy-mm-dd") {
         giveText(context, stored.substr(0, 10));
         return;
     }
-    QString pattern = format.toLower();
+    QString pattern = wide(formatBytes).toLower();
     pattern.replace(QStringLiteral("mm"), QStringLiteral("MM"));
     pattern.replace(QStringLiteral("nn"), QStringLiteral("mm"));
     pattern.replace(QStringLiteral("hh"), QStringLiteral("HH"));
