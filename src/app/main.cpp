@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QTextStream>
 #include <cstdio>
+#include <string_view>
 #include <vector>
 
 using namespace norvane;
@@ -29,6 +30,25 @@ std::vector<char *> argumentsForX11(int argc, char **argv)
     return arguments;
 }
 
+constexpr char kHelp[] =
+    "Usage: norvane [OPTION]...\n"
+    "Notes that stay with the web pages, folders, documents and programs they belong to.\n"
+    "\n"
+    "  /NOTIMER     no note opens or closes by itself\n"
+    "  /NOIE        do not ask browsers and file managers for their locations\n"
+    "  /INTERVAL=n  look at the desktop every n milliseconds (400)\n"
+    "  --windows    print the windows with class, caption and location, and end\n"
+    "  --help       print this, and end\n"
+    "  --version    print the version, and end\n";
+
+/// What an option asks to be printed that needs no desktop; nothing for any other.
+const char *answerTo(std::string_view option)
+{
+    if (option == "--help" || option == "-h")
+        return kHelp;
+    return option == "--version" ? "Norvane " NORVANE_VERSION "\n" : nullptr;
+}
+
 int printWindows()
 {
     try {
@@ -45,6 +65,12 @@ int printWindows()
 
 int main(int argc, char **argv)
 {
+    for (int i = 1; i < argc; ++i) {
+        if (const char *answer = answerTo(argv[i])) {
+            std::fputs(answer, stdout);
+            return 0;
+        }
+    }
     if (!isDisplayThere()) {
         std::fputs("Norvane needs a desktop with X11 and found none; "
                    "\"./dev demo\" shows it on a virtual one.\n",
