@@ -153,6 +153,22 @@ void DesktopConnection::tellWindowManager(xcb_connection_t *over, xcb_window_t w
     xcb_flush(over);
 }
 
+void DesktopConnection::askToRestack(xcb_window_t window, xcb_window_t sibling)
+{
+    // As a request it would fail: in their frames the two are no siblings.
+    xcb_configure_request_event_t event = {};
+    event.response_type = XCB_CONFIGURE_REQUEST;
+    event.stack_mode = XCB_STACK_MODE_ABOVE;
+    event.parent = m_root;
+    event.window = window;
+    event.sibling = sibling;
+    event.value_mask = XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE;
+    xcb_send_event(m_connection, 0, m_root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char *>(&event));
+    xcb_flush(m_connection);
+}
+
 void DesktopConnection::flush()
 {
     xcb_flush(m_connection);

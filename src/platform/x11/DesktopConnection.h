@@ -120,10 +120,12 @@ public:
     void selectEvents(xcb_window_t window, quint32 mask);
     /// Sends a client message of five numbers about @p window to the window manager.
     void tellWindowManager(xcb_window_t window, AtomName message, const std::array<quint32, 5> &data);
-    void flush();
     /// The same over another connection.
     void tellWindowManager(xcb_connection_t *over, xcb_window_t window, AtomName message,
                            const std::array<quint32, 5> &data) const;
+    /// Asks a window manager that knows no _NET_RESTACK_WINDOW to put a window right above another one.
+    void askToRestack(xcb_window_t window, xcb_window_t sibling);
+    void flush();
 
     /// The next event; empty when there is none. The socket is not read again within 50 µs of
     /// having been found empty: a turn of the watch cycle asks dozens of times.

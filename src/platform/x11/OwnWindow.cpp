@@ -139,6 +139,9 @@ void OwnWindow::writeHints(const DesktopConnection &atoms, const EmbeddingHints 
     writeNumbers(window, atoms.atom(AtomName::NetWmState), XCB_ATOM_ATOM,
                  {atoms.atom(AtomName::NetWmStateSkipTaskbar), atoms.atom(AtomName::NetWmStateSkipPager)});
     writeNumbers(window, atoms.atom(AtomName::NetWmDesktop), XCB_ATOM_CARDINAL, {hints.desktop});
+    // Some window managers hide tool windows while the window that they belong to is not the active one.
+    writeNumbers(window, atoms.atom(AtomName::NetWmWindowType), XCB_ATOM_ATOM,
+                 {atoms.atom(AtomName::NetWmWindowTypeDialog), atoms.atom(AtomName::NetWmWindowTypeNormal)});
 }
 
 void OwnWindow::clip(const QRect &rect)

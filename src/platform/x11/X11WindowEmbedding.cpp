@@ -21,6 +21,8 @@ namespace {
 /// and several steps. What the window has after this time is the answer, and only what comes then
 /// is the window manager's own doing.
 constexpr int kAcceptanceMs = 300;
+/// How long it gets to show a window.
+constexpr int kMapMs = 1000;
 
 xcb_window_t idOf(WindowHandle window)
 {
@@ -167,6 +169,9 @@ void X11WindowEmbedding::prepareForMap(Note &note)
     // A window manager may put a new window above all others, and would let it flash up there.
     const QVector<xcb_window_t> &order = m_windows.table().zOrder();
     note.heldBack = !order.isEmpty() && order.first() != target;
+    if (note.heldBack) {
+        m_windows.keepStacking(note.own.handle(), kMapMs);
+    }
     // It may have gone and come within one reading of the list.
     note.isListed = false;
     clip(note);

@@ -272,6 +272,10 @@ void X11WindowSystem::bringWindowToTop(WindowHandle window)
     if (target == XCB_NONE || !isVisible(window)) {
         return;
     }
+    const xcb_window_t active = m_table->activeWindow();
+    if (active == target || m_table->targetOf(active) == target) {
+        m_coming.clear(); // whoever put it before the others meant it
+    }
     QVector<quint32> stacking = comingStacking();
     if (!stacking.contains(target) || isAboveTarget(stacking, idOf(window))) {
         return;
@@ -283,17 +287,24 @@ void X11WindowSystem::bringWindowToTop(WindowHandle window)
     }
     stacking.removeOne(idOf(window));
     stacking.insert(stacking.indexOf(target) + 1, idOf(window));
-    // Some window managers put a window above all others whatever it is to stand above. Those that
-    // were before the target come there again, one by one.
-    xcb_window_t below = target;
-    restack(idOf(window), std::exchange(below, idOf(window)));
+    // Some window managers put a window above all others whatever it is to stand above, and some take the
+    // target along. Those that were before the target come there again, one by one.
+    xcb_window_t below = idOf(window);
+    restack(idOf(window), target);
     for (qsizetype place = stacking.indexOf(target) + 2; place < stacking.size(); ++place) {
         if (standsBefore(stacking[place], target)) {
-            restack(stacking[place], std::exchange(below, stacking[place]));
+            bringBackAbove(stacking[place], std::exchange(below, stacking[place]));
         }
     }
     m_coming = stacking;
     m_comingDeadline.setRemainingTime(kRestackMs);
+}
+
+void X11WindowSystem::keepStacking(WindowHandle note, int milliseconds)
+{
+    m_coming = comingStacking();
+    m_coming.removeOne(idOf(note));
+    m_comingDeadline.setRemainingTime(milliseconds);
 }
 
 /// The order of the windows when the window manager has done what it was asked for. Half way there it
@@ -301,7 +312,7 @@ void X11WindowSystem::bringWindowToTop(WindowHandle window)
 const QVector<quint32> &X11WindowSystem::comingStacking()
 {
     const QVector<quint32> &present = m_table->stacking();
-    if (m_comingDeadline.hasExpired() || m_coming == present) {
+    if (m_comingDeadline.hasExpired()) {
         m_coming.clear();
     }
     if (m_coming.isEmpty()) {
@@ -325,9 +336,20 @@ bool X11WindowSystem::standsBefore(quint32 window, quint32 other) const
 
 void X11WindowSystem::restack(quint32 window, quint32 sibling)
 {
-    m_table->connection().tellWindowManager(
-        window, AtomName::NetRestackWindow,
-        {kUserSource, sibling, static_cast<quint32>(XCB_STACK_MODE_ABOVE), 0, 0});
+    if (m_table->supports(AtomName::NetRestackWindow)) {
+        m_table->connection().tellWindowManager(
+            window, AtomName::NetRestackWindow,
+            {kUserSource, sibling, static_cast<quint32>(XCB_STACK_MODE_ABOVE), 0, 0});
+    } else {
+        m_table->connection().askToRestack(window, sibling);
+    }
+}
+
+/// Not every window manager puts windows of different programs right above each other; when asked for the
+/// top, those that do not know the message give the window the keyboard, too.
+void X11WindowSystem::bringBackAbove(quint32 window, quint32 sibling)
+{
+    restack(window, m_table->supports(AtomName::NetRestackWindow) ? XCB_NONE : sibling);
 }
 
 void X11WindowSystem::setTopMost(WindowHandle window, bool on)

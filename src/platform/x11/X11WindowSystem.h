@@ -72,12 +72,16 @@ public:
     x11::WindowTable &table() const { return *m_table; }
     /// Whether a note is where it belongs: above its target with nothing but notes between.
     bool standsAboveTarget(WindowHandle window) const;
+    /// Takes the present order of the other windows for the one that is wanted while a note is shown: some
+    /// window managers bring its target up with it.
+    void keepStacking(WindowHandle note, int milliseconds);
 
 private:
     bool standsBefore(quint32 window, quint32 other) const;
     bool isAboveTarget(const QVector<quint32> &stacking, quint32 window) const;
     const QVector<quint32> &comingStacking();
     void restack(quint32 window, quint32 sibling);
+    void bringBackAbove(quint32 window, quint32 sibling);
 
     std::unique_ptr<x11::WindowTable> m_table;
     /// The note that was last restacked, and WindowTable::stackingCount() at that time.
