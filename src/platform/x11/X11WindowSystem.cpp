@@ -272,11 +272,10 @@ void X11WindowSystem::bringWindowToTop(WindowHandle window)
     if (target == XCB_NONE || !isVisible(window)) {
         return;
     }
+    // Whoever works in the target wants it where it is now.
     const xcb_window_t active = m_table->activeWindow();
-    if (active == target || m_table->targetOf(active) == target) {
-        m_coming.clear(); // whoever put it before the others meant it
-    }
-    QVector<quint32> stacking = comingStacking();
+    const bool isInUse = active == target || m_table->targetOf(active) == target;
+    QVector<quint32> stacking = isInUse ? m_table->stacking() : comingStacking();
     if (!stacking.contains(target) || isAboveTarget(stacking, idOf(window))) {
         return;
     }
