@@ -184,6 +184,10 @@ int Program::run(const QStringList &arguments)
     connect(&m_backends.shellWindows, &ShellWindows::locationChanged, this, &Program::offerAccessibility);
 
     m_firstNotices.tellKeys(m_hotKeys.text(HotKeyId::Attach), m_hotKeys.text(HotKeyId::Main));
+    QStringList refused;
+    for (const HotKeyId id : m_windows.refusedKeys())
+        refused.append(m_hotKeys.text(id));
+    m_firstNotices.tellRefused(refused);
     if (isWaylandSession())
         m_firstNotices.tellOnlyX();
     for (const int id : std::as_const(m_earlyKeys))

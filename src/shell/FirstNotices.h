@@ -3,13 +3,14 @@
 #include "shell/settings_keys.h"
 
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 namespace norvane {
 
 class Notifier;
 
-/// What the program tells by itself, each once ever: it has no window to learn these things from.
+/// What the program tells by itself, each once: it has no window to learn these things from.
 class FirstNotices
 {
 public:
@@ -25,9 +26,12 @@ public:
     void tellKeys(const QString &attachKey, const QString &browserKey);
     /// That windows which are not those of X programs stay unseen on this desktop.
     void tellOnlyX();
+    /// Which hot keys another program has, by their texts; nothing when there is none. Told again when they
+    /// are others.
+    void tellRefused(const QStringList &keys);
 
 private:
-    void tell(const settings::Key &said, const QString &title, const QString &text);
+    void tell(const settings::Key &said, const QString &what, const QString &title, const QString &text);
 
     SettingsStore &m_settings;
     Notifier &m_notifier;

@@ -33,6 +33,7 @@ inline constexpr Key kMainHeight{u"Main", u"Height", u""};
 inline constexpr Key kAccessibilityOffer{u"Main", u"AccessibilityOffer", u""};
 inline constexpr Key kFirstStartNotice{u"Main", u"FirstStartNotice", u""};
 inline constexpr Key kOnlyXNotice{u"Main", u"OnlyXNotice", u""};
+inline constexpr Key kRefusedKeysNotice{u"Main", u"RefusedKeysNotice", u""}; ///< the keys that were told last
 
 // Place of the browser, twips.
 inline constexpr Key kBrowserTop{u"NoteBrowser", u"Top", u"0"};

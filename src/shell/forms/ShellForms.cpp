@@ -93,7 +93,7 @@ void ShellForms::showBrowser()
     auto *child = new frmMain(m_parts.services, *frame(), m_parts.trayHost);
     HotKeyModel &keys = m_parts.hotKeys;
     keys.records.load(m_services.settings);
-    keys.registerAll(child->hWnd());
+    m_refusedKeys = keys.registerAll(child->hWnd());
     child->setAttachKey(keys.text(HotKeyId::Attach));
     TrayIcon *tray = child->trayIcon();
     connect(tray, &TrayIcon::activated, this, &ShellForms::ToggleBrowser);

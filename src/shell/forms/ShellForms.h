@@ -1,9 +1,11 @@
 #pragma once
 
 #include "browser/BrowserServices.h"
+#include "options/HotKeyRecords.h"
 #include "shell/lifecycle/StartUpWindows.h"
 
 #include <QObject>
+#include <QVector>
 #include <QVersionNumber>
 
 namespace norvane {
@@ -62,6 +64,8 @@ public:
     /// @param modality of the notice
     /// @return whether it is shown
     bool showNotice(const QString &text = {}, int durationMs = 0, Qt::WindowModality modality = Qt::NonModal);
+    /// The hot keys that the browser did not get when it was loaded.
+    const QVector<HotKeyId> &refusedKeys() const { return m_refusedKeys; }
 
 signals:
     /// The user wants the program to end.
@@ -78,6 +82,7 @@ private:
 
     ShellFormsParts m_parts;
     const BrowserServices &m_services;
+    QVector<HotKeyId> m_refusedKeys;
 };
 
 } // namespace norvane

@@ -80,6 +80,19 @@ TEST_F(Notices, AreGivenOnceEver)
     EXPECT_TRUE(otherwise.isEmpty());
 }
 
+TEST_F(Notices, TellsKeysOfOthersUntilTheyAreTold)
+{
+    FirstNotices notices(settings, notifier, [](const QString &) { return false; });
+    notices.tellRefused({});
+    EXPECT_TRUE(notifier.shown.isEmpty());
+    notices.tellRefused({u"Ctrl+Alt+D"_s});
+    notices.tellRefused({u"Ctrl+Alt+D"_s});
+    ASSERT_EQ(notifier.shown.size(), 1);
+    notices.tellRefused({u"Ctrl+Alt+D"_s, u"Ctrl+Alt+L"_s});
+    ASSERT_EQ(notifier.shown.size(), 2);
+    EXPECT_TRUE(notifier.shown[1].contains(u"Ctrl+Alt+D, Ctrl+Alt+L"));
+}
+
 TEST_F(Notices, FindAnotherWayOnADesktopWithoutNotifications)
 {
     notifier.available = false;
