@@ -22,6 +22,7 @@ constexpr std::array<const char *, kAtomCount> kAtomTexts = {
     "_NET_WM_STATE",
     "_NET_WM_STATE_SKIP_TASKBAR",
     "_NET_WM_STATE_SKIP_PAGER",
+    "_KDE_NET_WM_STATE_SKIP_SWITCHER",
     "_NET_WM_STATE_HIDDEN",
     "_NET_WM_STATE_ABOVE",
     "_NET_WM_WINDOW_TYPE",

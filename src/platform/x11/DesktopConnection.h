@@ -23,6 +23,7 @@ enum class AtomName {
     NetWmState,
     NetWmStateSkipTaskbar,
     NetWmStateSkipPager,
+    KdeNetWmStateSkipSwitcher,
     NetWmStateHidden,
     NetWmStateAbove,
     NetWmWindowType,

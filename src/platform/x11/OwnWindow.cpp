@@ -135,13 +135,17 @@ void OwnWindow::writeHints(const DesktopConnection &atoms, const EmbeddingHints 
 {
     const auto window = static_cast<xcb_window_t>(m_handle);
     writeNumbers(window, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, {static_cast<quint32>(hints.target)});
+    QVector<quint32> states = {atoms.atom(AtomName::NetWmStateSkipTaskbar),
+                               atoms.atom(AtomName::NetWmStateSkipPager)};
+    if (hints.isDialog) {
+        states.append(atoms.atom(AtomName::KdeNetWmStateSkipSwitcher));
+        writeNumbers(
+            window, atoms.atom(AtomName::NetWmWindowType), XCB_ATOM_ATOM,
+            {atoms.atom(AtomName::NetWmWindowTypeDialog), atoms.atom(AtomName::NetWmWindowTypeNormal)});
+    }
     // The toolkit adds its own states to these.
-    writeNumbers(window, atoms.atom(AtomName::NetWmState), XCB_ATOM_ATOM,
-                 {atoms.atom(AtomName::NetWmStateSkipTaskbar), atoms.atom(AtomName::NetWmStateSkipPager)});
+    writeNumbers(window, atoms.atom(AtomName::NetWmState), XCB_ATOM_ATOM, states);
     writeNumbers(window, atoms.atom(AtomName::NetWmDesktop), XCB_ATOM_CARDINAL, {hints.desktop});
-    // Some window managers hide tool windows while the window that they belong to is not the active one.
-    writeNumbers(window, atoms.atom(AtomName::NetWmWindowType), XCB_ATOM_ATOM,
-                 {atoms.atom(AtomName::NetWmWindowTypeDialog), atoms.atom(AtomName::NetWmWindowTypeNormal)});
 }
 
 void OwnWindow::clip(const QRect &rect)

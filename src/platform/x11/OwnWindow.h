@@ -16,7 +16,8 @@ class DesktopConnection;
 struct EmbeddingHints
 {
     WindowHandle target = kNoWindow;
-    quint32 desktop = 0; ///< workspace of the target
+    quint32 desktop = 0;   ///< workspace of the target
+    bool isDialog = false; ///< else it is a tool window
 };
 
 /// A top-level window of this process, as its embedding works on it.

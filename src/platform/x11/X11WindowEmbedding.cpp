@@ -164,7 +164,10 @@ void X11WindowEmbedding::prepareForMap(Note &note)
 {
     const auto target = idOf(note.target);
     if (const WindowFacts *facts = m_windows.table().facts(target)) {
-        note.own.writeHints(m_windows.table().connection(), {note.target, facts->desktop});
+        // A tool window is passed over when one goes from window to window by the keyboard. The window
+        // manager that has a state for that hides tool windows while their main window is not the active one.
+        const bool isDialog = m_windows.table().supports(AtomName::KdeNetWmStateSkipSwitcher);
+        note.own.writeHints(m_windows.table().connection(), {note.target, facts->desktop, isDialog});
     }
     // A window manager may put a new window above all others, and would let it flash up there.
     const QVector<xcb_window_t> &order = m_windows.table().zOrder();

@@ -136,8 +136,7 @@ TEST_F(WindowEmbeddingTest, AppearsOnceInItsPlaceWithoutTheKeyboard)
     EXPECT_TRUE(windows.isToolWindow(handle));
     EXPECT_EQ(x.transientFor(note.id()), target);
     EXPECT_EQ(foreign.numbers(note.id(), "_NET_WM_WINDOW_TYPE").value(0),
-              foreign.atom("_NET_WM_WINDOW_TYPE_DIALOG"))
-        << "tool windows may be hidden while their target is not active";
+              foreign.atom("_NET_WM_WINDOW_TYPE_UTILITY"));
 
     // A note that comes is no news of the desktop, and it has not been moved by anybody.
     EXPECT_FALSE(waitFor([&] { return moved.count() > 0; }, 600));
