@@ -15,8 +15,10 @@ public:
 protected:
     bool event(QEvent *event) override
     {
-        const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-        return isKey ? QWidget::event(event) : QGroupBox::event(event);
+        if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
+            return QGroupBox::event(event);
+        event->ignore();
+        return false;
     }
 };
 
