@@ -86,8 +86,8 @@ private:
     std::unique_ptr<x11::WindowTable> m_table;
     /// The note that was last restacked, and WindowTable::stackingCount() at that time.
     std::pair<quint32, quint64> m_lastRestack;
-    QVector<quint32> m_coming;       ///< the order of windows that was asked for last; empty when it is there
-    QDeadlineTimer m_comingDeadline; ///< when it is given up
+    QVector<quint32> m_coming;       ///< the order of windows that is wanted for now; empty: the present one
+    QDeadlineTimer m_comingDeadline; ///< until when
 };
 
 } // namespace norvane
